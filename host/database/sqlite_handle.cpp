@@ -1,0 +1,87 @@
+#include "host/database/sqlite_handle.h"
+
+namespace quillo::sqlite {
+namespace {
+
+[[noreturn]] void fail(sqlite3* handle, int code) {
+    throw Error(code, handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(code));
+}
+
+void check(sqlite3* handle, int code) {
+    if (code != SQLITE_OK) fail(handle, code);
+}
+
+int flagsOf(Open mode) {
+    switch (mode) {
+        case Open::readOnly: return SQLITE_OPEN_READONLY;
+        case Open::readWrite: return SQLITE_OPEN_READWRITE;
+        case Open::create: return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    }
+    return SQLITE_OPEN_READONLY;
+}
+
+}  // namespace
+
+Database::Database(const std::string& path, Open mode) {
+    sqlite3* handle = nullptr;
+    const int code = sqlite3_open_v2(path.c_str(), &handle, flagsOf(mode) | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    handle_.reset(handle);
+    if (code != SQLITE_OK) fail(handle, code);
+    registerCollation(handle);
+}
+
+void Database::execute(const char* sql) { check(get(), sqlite3_exec(get(), sql, nullptr, nullptr, nullptr)); }
+
+std::int64_t Database::integer(const std::string& sql) {
+    Statement statement(*this, sql);
+    return statement.step() ? statement.integer(0) : 0;
+}
+
+Statement::Statement(const Database& database, std::string_view sql) : database_(database.get()) {
+    sqlite3_stmt* handle = nullptr;
+    check(database_, sqlite3_prepare_v2(database_, sql.data(), static_cast<int>(sql.size()), &handle, nullptr));
+    handle_.reset(handle);
+}
+
+Statement& Statement::bind(int index, std::nullptr_t) {
+    check(database_, sqlite3_bind_null(get(), index));
+    return *this;
+}
+
+Statement& Statement::bind(int index, std::int64_t value) {
+    check(database_, sqlite3_bind_int64(get(), index, value));
+    return *this;
+}
+
+Statement& Statement::bind(int index, double value) {
+    check(database_, sqlite3_bind_double(get(), index, value));
+    return *this;
+}
+
+Statement& Statement::bind(int index, std::string_view value) {
+    check(database_, sqlite3_bind_text64(get(), index, value.data(), value.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
+    return *this;
+}
+
+bool Statement::step() {
+    const int code = sqlite3_step(get());
+    if (code == SQLITE_ROW) return true;
+    if (code != SQLITE_DONE) fail(database_, code);
+    return false;
+}
+
+void Statement::reset() { sqlite3_reset(get()); }
+
+void Statement::run() {
+    while (step()) {
+    }
+    reset();
+}
+
+std::string_view Statement::text(int column) const {
+    const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(get(), column));
+    if (data == nullptr) return {};
+    return {data, static_cast<std::size_t>(sqlite3_column_bytes(get(), column))};
+}
+
+}  // namespace quillo::sqlite

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+// Thin owners of SQLite's handles. They are move-only, belong to one thread at a time, and every
+// failure is an Error whose text is SQLite's own.
+namespace quillo::sqlite {
+
+struct Error : std::runtime_error {
+    Error(int resultCode, const std::string& text) : std::runtime_error(text), code(resultCode) {}
+    int code;  // SQLite's extended result code
+};
+
+enum class Open { readOnly, readWrite, create };
+
+// One connection to one file. The collation QUILLO is registered on every connection.
+class Database {
+public:
+    Database(const std::string& path, Open mode);
+
+    sqlite3* get() const { return handle_.get(); }
+    // Runs one or more statements that give no rows.
+    void execute(const char* sql);
+    void execute(const std::string& sql) { execute(sql.c_str()); }
+    // First column of the first row as an integer; 0 when there is no row or it is NULL.
+    std::int64_t integer(const std::string& sql);
+
+private:
+    struct Close {
+        void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+    };
+    std::unique_ptr<sqlite3, Close> handle_;
+};
+
+// A statement is compiled when made and finished when destroyed. Parameters count from 1, columns
+// from 0. A text given to bind is copied.
+class Statement {
+public:
+    Statement(const Database& database, std::string_view sql);
+
+    sqlite3_stmt* get() const { return handle_.get(); }
+    Statement& bind(int index, std::nullptr_t);
+    Statement& bind(int index, std::int64_t value);
+    Statement& bind(int index, int value) { return bind(index, std::int64_t{value}); }
+    Statement& bind(int index, double value);
+    Statement& bind(int index, std::string_view value);
+    Statement& bind(int index, const char* value) { return bind(index, std::string_view(value)); }
+    // True while there is a row.
+    bool step();
+    // Ready for the next execution; the bound values stay.
+    void reset();
+    // Steps a statement that gives no rows to its end and resets it.
+    void run();
+
+    bool isNull(int column) const { return sqlite3_column_type(get(), column) == SQLITE_NULL; }
+    std::int64_t integer(int column) const { return sqlite3_column_int64(get(), column); }
+    double real(int column) const { return sqlite3_column_double(get(), column); }
+    std::string_view text(int column) const;
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* handle) const { sqlite3_finalize(handle); }
+    };
+    sqlite3* database_;
+    std::unique_ptr<sqlite3_stmt, Finalize> handle_;
+};
+
+// Registers the collation QUILLO on a connection that something else opened.
+void registerCollation(sqlite3* handle);
+
+}  // namespace quillo::sqlite
