@@ -91,8 +91,8 @@ CREATE TABLE ProjInfo (
   InProjId INTEGER PRIMARY KEY,
   ProjId   TEXT COLLATE QUILLO,
   Descr    TEXT COLLATE QUILLO,
-  BegDate  DATE TEXT CHECK (BegDate IS date(BegDate)),
-  EndDate  DATE TEXT CHECK (EndDate IS date(EndDate)),
+  BegDate  DATE TEXT CHECK (BegDate IS date(BegDate, '+0 days')),
+  EndDate  DATE TEXT CHECK (EndDate IS date(EndDate, '+0 days')),
   EstSales MONEY REAL,
   EstPurch MONEY REAL,
   EstHours REAL,
@@ -206,7 +206,7 @@ CREATE TABLE Item (
 CREATE TABLE InvenDet (
   InTrxId         INTEGER PRIMARY KEY,
   ExItemId        INTEGER REFERENCES Item (InItemId),
-  DetDate         DATE TEXT CHECK (DetDate IS date(DetDate)),
+  DetDate         DATE TEXT CHECK (DetDate IS date(DetDate, '+0 days')),
   Source          TEXT COLLATE QUILLO,
   ExSrcKeyVal     INTEGER,
   Qty             REAL,
@@ -222,7 +222,7 @@ CREATE TABLE InvenDet (
 CREATE TABLE AssemblyHdr (
   Id            INTEGER PRIMARY KEY,
   AssemblyNo    TEXT COLLATE QUILLO,
-  AssemblyDate  DATE TEXT CHECK (AssemblyDate IS date(AssemblyDate)),
+  AssemblyDate  DATE TEXT CHECK (AssemblyDate IS date(AssemblyDate, '+0 days')),
   ExItemId      INTEGER REFERENCES Item (InItemId),
   Qty           REAL,
   ExWarehouseId INTEGER REFERENCES Warehouse (InWarehouseId)
@@ -247,11 +247,11 @@ CREATE TABLE InvoiHdr (
   InInvoiId         INTEGER PRIMARY KEY,
   InvoiId           TEXT COLLATE QUILLO,
   InvoiType         INTEGER REFERENCES InvoiType (ID),
-  InvoiDate         DATE TEXT CHECK (InvoiDate IS date(InvoiDate)),
+  InvoiDate         DATE TEXT CHECK (InvoiDate IS date(InvoiDate, '+0 days')),
   InvoiTime         TIME TEXT,
-  ShipDate          DATE TEXT CHECK (ShipDate IS date(ShipDate)),
-  RecDate           DATE TEXT CHECK (RecDate IS date(RecDate)),
-  DueDate           DATE TEXT CHECK (DueDate IS date(DueDate)),
+  ShipDate          DATE TEXT CHECK (ShipDate IS date(ShipDate, '+0 days')),
+  RecDate           DATE TEXT CHECK (RecDate IS date(RecDate, '+0 days')),
+  DueDate           DATE TEXT CHECK (DueDate IS date(DueDate, '+0 days')),
   ExCustId          INTEGER REFERENCES Cust (InCustId),
   ExTermId          INTEGER REFERENCES Term (InTermId),
   ExCurrencyId      INTEGER REFERENCES WorldCurrency (InCurrencyId),
@@ -312,7 +312,7 @@ CREATE TABLE InvoiCashDeposit (
   InInvoiCashDepositId INTEGER PRIMARY KEY,
   ICDOperatorKey       TEXT COLLATE QUILLO,
   ICDCashReg           TEXT COLLATE QUILLO,
-  ICDDate              DATE TEXT CHECK (ICDDate IS date(ICDDate)),
+  ICDDate              DATE TEXT CHECK (ICDDate IS date(ICDDate, '+0 days')),
   ICDTime              TIME TEXT,
   ICDAmnt              MONEY REAL,
   ExCurrencyId         INTEGER REFERENCES WorldCurrency (InCurrencyId),
@@ -325,7 +325,7 @@ CREATE TABLE InvoiCashDeposit (
 -- PaymentCreditApplication not zero: no money, a credit note is set against invoices.
 CREATE TABLE PmtHdr (
   InPmtId                  INTEGER PRIMARY KEY,
-  PmtDate                  DATE TEXT CHECK (PmtDate IS date(PmtDate)),
+  PmtDate                  DATE TEXT CHECK (PmtDate IS date(PmtDate, '+0 days')),
   ChqNo                    TEXT COLLATE QUILLO,
   ExCustId                 INTEGER REFERENCES Cust (InCustId),
   ExPmtMethId              INTEGER REFERENCES PmtMeth (InPmtMethId),
@@ -354,7 +354,7 @@ CREATE TABLE PmtDet (
 CREATE TABLE DepHdr (
   InDepID      INTEGER PRIMARY KEY,
   DepNo        TEXT COLLATE QUILLO,
-  DepDate      DATE TEXT CHECK (DepDate IS date(DepDate)),
+  DepDate      DATE TEXT CHECK (DepDate IS date(DepDate, '+0 days')),
   ExCurrencyId INTEGER REFERENCES WorldCurrency (InCurrencyId),
   ExchangeRate REAL
 );
@@ -373,7 +373,7 @@ CREATE TABLE DepDet (
 CREATE TABLE TaxTrxHdr (
   InTaxTrxID  INTEGER PRIMARY KEY,
   TaxTrxNo    TEXT COLLATE QUILLO,
-  TaxTrxDate  DATE TEXT CHECK (TaxTrxDate IS date(TaxTrxDate)),
+  TaxTrxDate  DATE TEXT CHECK (TaxTrxDate IS date(TaxTrxDate, '+0 days')),
   ExPmtMethId INTEGER REFERENCES PmtMeth (InPmtMethId)
 );
 
@@ -389,7 +389,7 @@ CREATE TABLE TaxTrxDet (
 CREATE TABLE CustHomeAdjustment (
   InAdjustId  INTEGER PRIMARY KEY,
   AdjustId    TEXT COLLATE QUILLO,
-  AdjustDate  DATE TEXT CHECK (AdjustDate IS date(AdjustDate)),
+  AdjustDate  DATE TEXT CHECK (AdjustDate IS date(AdjustDate, '+0 days')),
   ExCustId    INTEGER REFERENCES Cust (InCustId),
   AdjustAmnt  MONEY REAL,
   ExSegmentId INTEGER REFERENCES Segment (InSegmentId)
@@ -402,7 +402,7 @@ CREATE TABLE PurcHdr (
   InPurcId INTEGER PRIMARY KEY,
   PurcId   TEXT COLLATE QUILLO,
   PurcType INTEGER,
-  PurcDate DATE TEXT CHECK (PurcDate IS date(PurcDate)),
+  PurcDate DATE TEXT CHECK (PurcDate IS date(PurcDate, '+0 days')),
   ExSuppId INTEGER REFERENCES Supp (InSuppId),
   TotAmnt  MONEY REAL
 );
@@ -411,7 +411,7 @@ CREATE TABLE PurcHdr (
 CREATE TABLE TrxPay (
   InTrxPayId INTEGER PRIMARY KEY,
   TrxPayNo   TEXT COLLATE QUILLO,
-  PayDate    DATE TEXT CHECK (PayDate IS date(PayDate)),
+  PayDate    DATE TEXT CHECK (PayDate IS date(PayDate, '+0 days')),
   ExEmplId   INTEGER REFERENCES Empl (InEmplId),
   Hours      REAL,
   GrossAmnt  MONEY REAL,
@@ -429,7 +429,7 @@ CREATE TABLE TrxPay (
 CREATE TABLE GLDet (
   InGLDetId           INTEGER PRIMARY KEY,
   SeqNo               INTEGER,
-  DetDate             DATE TEXT CHECK (DetDate IS date(DetDate)),
+  DetDate             DATE TEXT CHECK (DetDate IS date(DetDate, '+0 days')),
   Source              TEXT COLLATE QUILLO,
   ExSrcKeyVal         INTEGER,
   DetRef              TEXT COLLATE QUILLO,
@@ -501,7 +501,7 @@ CREATE TABLE AccountGroup (
 -- Rates in home currency for one unit; a day without row takes the last one before it.
 CREATE TABLE ExchangeRateByDay (
   ExCurrencyId INTEGER REFERENCES WorldCurrency (InCurrencyId),
-  RateDate     DATE TEXT CHECK (RateDate IS date(RateDate)),
+  RateDate     DATE TEXT CHECK (RateDate IS date(RateDate, '+0 days')),
   Rate         REAL,
   PRIMARY KEY (ExCurrencyId, RateDate)
 ) WITHOUT ROWID;
@@ -510,16 +510,16 @@ CREATE TABLE ExchangeRateByDay (
 CREATE TABLE FiscalYear (
   InFiscalYearId INTEGER PRIMARY KEY,
   YearName       TEXT COLLATE QUILLO,
-  StartDate      DATE TEXT CHECK (StartDate IS date(StartDate)),
-  EndDate        DATE TEXT CHECK (EndDate IS date(EndDate))
+  StartDate      DATE TEXT CHECK (StartDate IS date(StartDate, '+0 days')),
+  EndDate        DATE TEXT CHECK (EndDate IS date(EndDate, '+0 days'))
 );
 
 -- Periods of a fiscal year, numbered from 1.
 CREATE TABLE FiscalPeriod (
   ExFiscalYearId INTEGER REFERENCES FiscalYear (InFiscalYearId),
   PeriodNo       INTEGER,
-  StartDate      DATE TEXT CHECK (StartDate IS date(StartDate)),
-  EndDate        DATE TEXT CHECK (EndDate IS date(EndDate)),
+  StartDate      DATE TEXT CHECK (StartDate IS date(StartDate, '+0 days')),
+  EndDate        DATE TEXT CHECK (EndDate IS date(EndDate, '+0 days')),
   PRIMARY KEY (ExFiscalYearId, PeriodNo)
 );
 
@@ -528,7 +528,7 @@ CREATE TABLE PaymentSchedule (
   ExTermId INTEGER REFERENCES Term (InTermId),
   Position INTEGER,
   Percent  REAL,
-  DueDate  DATE TEXT CHECK (DueDate IS date(DueDate)),
+  DueDate  DATE TEXT CHECK (DueDate IS date(DueDate, '+0 days')),
   Days     INTEGER,
   PRIMARY KEY (ExTermId, Position)
 );
@@ -559,7 +559,7 @@ CREATE TABLE CashierParameter (
 -- Standard unit costs by first day, for items without a movement up to a date.
 CREATE TABLE ItemCost (
   ExItemId INTEGER REFERENCES Item (InItemId),
-  FromDate DATE TEXT CHECK (FromDate IS date(FromDate)),
+  FromDate DATE TEXT CHECK (FromDate IS date(FromDate, '+0 days')),
   UnitCost MONEY REAL,
   PRIMARY KEY (ExItemId, FromDate)
 );
