@@ -1,0 +1,163 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The pages that a run gives: plain data, measured in twips (1440 to the inch) from the page's left
+// top corner. Every output is a walk over these.
+namespace quillo {
+
+enum class Align : std::uint8_t { left, center, right, justify };
+enum class VerticalAlign : std::uint8_t { top, middle, bottom };
+
+struct Color {
+    std::uint8_t red = 0, green = 0, blue = 0;
+    friend bool operator==(const Color&, const Color&) = default;
+};
+
+struct TextStyle {
+    std::string family = "Liberation Sans";
+    float size = 9;  // points
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool wrap = false;  // breaks into lines; else one line that output narrows to its box when too wide
+    Align align = Align::left;
+    VerticalAlign verticalAlign = VerticalAlign::top;
+    Color color;
+    std::optional<Color> fill;  // background of the box
+    friend bool operator==(const TextStyle&, const TextStyle&) = default;
+};
+
+enum class SectionKind : std::uint8_t { reportHeader, pageHeader, groupHeader, detail, groupFooter, pageFooter, reportFooter };
+enum class ControlKind : std::uint8_t { label, field, line, shape, subReport, dataControl, pageBreak, image, richEdit, chart };
+
+std::string_view nameOf(SectionKind kind);  // "pageHeader", ... as designs write it
+std::string_view nameOf(ControlKind kind);  // "Label", ... as designs write it
+
+// What does not change from row to row, kept once for a run.
+struct SectionInfo {
+    std::string name;
+    SectionKind kind = SectionKind::detail;
+    int level = 0;          // depth of the group, 1 the outermost; 0 for other sections
+    bool bookmark = false;  // a group header that the document's outline lists
+    std::optional<Color> fill;
+};
+
+struct ControlInfo {
+    std::string name;
+    ControlKind kind = ControlKind::label;
+};
+
+struct ChartData {
+    std::string title;
+    struct Point {
+        std::string label;
+        double value = 0;
+    };
+    struct Series {
+        std::string name;
+        std::vector<Point> points;
+    };
+    std::vector<Series> series;
+};
+
+struct PlacedSection;
+
+// One visible control. Left and top count from its section's corner. A Line runs from (left, top) to
+// (left + width, top + height), where width and height may be negative or 0.
+struct PlacedControl {
+    const ControlInfo* info = nullptr;
+    const TextStyle* style = nullptr;
+    float left = 0, top = 0, width = 0, height = 0;
+    std::string_view text;
+    std::string_view link;                 // the drill tag, unchanged; empty: none
+    std::span<const std::uint32_t> lines;  // byte offsets at which the lines of a wrapped text start
+    std::span<const PlacedSection> sections;  // of a SubReport; their tops count from the control's
+    const ChartData* chart = nullptr;
+    std::span<const std::byte> picture;  // of an Image: the file's bytes (PNG or JPEG)
+    float lineWidth = 10;                // twips, of a Line or a Shape
+};
+
+struct PlacedSection {
+    const SectionInfo* info = nullptr;
+    float left = 0, top = 0, width = 0, height = 0;  // from the page's corner, or the sub-report's
+    bool continued = false;                          // the rest of a section that began on the page before
+    std::span<const PlacedControl> controls;
+};
+
+// Memory that is given out in pieces and taken back all at once.
+class Arena {
+public:
+    template <class T>
+    std::span<T> array(std::size_t count) {
+        return {static_cast<T*>(allocate(count * sizeof(T), alignof(T))), count};
+    }
+    std::string_view text(std::string_view source);
+    // Gives back all but the room itself.
+    void clear();
+    std::size_t capacity() const;
+
+private:
+    void* allocate(std::size_t bytes, std::size_t alignment);
+    struct Chunk {
+        std::unique_ptr<std::byte[]> bytes;
+        std::size_t size = 0;
+    };
+    std::vector<Chunk> chunks_;
+    std::size_t current_ = 0;
+    std::size_t used_ = 0;
+};
+
+// Styles, names and charts that pages point into: kept until the last page that uses them is gone.
+class RunNames {
+public:
+    const TextStyle* style(const TextStyle& style);
+    const SectionInfo* section(const SectionInfo& info);
+    const ControlInfo* control(const ControlInfo& info);
+    const ChartData* chart(const ChartData& chart);
+
+private:
+    std::vector<std::unique_ptr<TextStyle>> styles_;
+    std::vector<std::unique_ptr<SectionInfo>> sections_;
+    std::vector<std::unique_ptr<ControlInfo>> controls_;
+    std::vector<std::unique_ptr<ChartData>> charts_;
+};
+
+struct PageSetup {
+    float width = 12240, height = 15840;  // letter; twips, as printed (a landscape page is wider than high)
+    float leftMargin = 720, rightMargin = 720, topMargin = 1080, bottomMargin = 900;
+    float printableWidth() const { return width - leftMargin - rightMargin; }
+};
+
+// One finished page. It owns its texts and shares the names; a sink that keeps a page longer than
+// its call takes a copy by clone().
+struct Page {
+    int number = 0;  // 1 for the first page
+    PageSetup setup;
+    std::vector<PlacedSection> sections;  // in print order
+    Arena arena;
+    std::shared_ptr<RunNames> names;
+
+    std::shared_ptr<const Page> clone() const;
+};
+
+// Copies a section with all that it points to into an arena.
+PlacedSection copySection(const PlacedSection& section, Arena& arena);
+
+// Takes pages as soon as they can no longer change. page() is called in page order; finish() once,
+// after a run that came to its end; a sink that is destroyed without finish() leaves nothing behind.
+class PageSink {
+public:
+    virtual ~PageSink() = default;
+    virtual void page(const Page& page) = 0;
+    virtual void finish() {}
+};
+
+}  // namespace quillo

@@ -1,0 +1,236 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "framework/host/database.h"
+#include "framework/values/locale_format.h"
+
+// What the reports ask of their host, in small groups. A host makes one HostContext for a company and a
+// session and gives it to clsReport; every report works with that one and no other. All calls come
+// on the thread that runs the report. A service that cannot answer throws; the report's step shows it.
+namespace quillo {
+
+struct SubReport;
+class Report;
+
+// --- application -------------------------------------------------------------------------------
+
+// One currency of the company.
+struct CurrencyRecord {
+    int id = 0;
+    std::string CurrencyCode;   // ISO code: "CAD"
+    std::string CurrencyDescr;  // in the user's language
+};
+
+class Currencies {
+public:
+    virtual ~Currencies() = default;
+    virtual int Count() const = 0;
+    // The key is the currency's id as text. Throws NameError when there is none.
+    virtual const CurrencyRecord& Item(std::string_view id) const = 0;
+};
+
+class CurrencyInfo {
+public:
+    virtual ~CurrencyInfo() = default;
+    virtual bool CieIsForeignCurrencyUsed() const = 0;
+    virtual int CieHomeCurrencyId() const = 0;
+    virtual const Currencies& currencies() const = 0;
+};
+
+// Stored queries of the general ledger.
+class GeneralLedgerQueries {
+public:
+    virtual ~GeneralLedgerQueries() = default;
+    // Balances of the accounts of a range of account numbers, as debit minus credit in home currency:
+    // columns InGLAcctId, GLAcctId, Descr, Balance. from and to: posting dates, both included.
+    virtual std::unique_ptr<HostRecordset> OpenGLAcctBalanceRange(std::string_view firstAccount, std::string_view lastAccount,
+                                                                  Date from, Date to) = 0;
+};
+
+class Application {
+public:
+    virtual ~Application() = default;
+    // A text of the host's language tables in the user's language. Throws NameError when there is none.
+    virtual std::string GetText(int id) const = 0;
+    virtual CurrencyInfo& currencyInfo() = 0;
+    virtual std::string CieCountry() const = 0;
+    virtual Date SessionDate() const = 0;
+    // 0 when there is none.
+    virtual int DefaultWarehouseID() const = 0;
+    virtual GeneralLedgerQueries& generalLedger() = 0;
+};
+
+// --- company -----------------------------------------------------------------------------------
+
+class CustomerStatistics {
+public:
+    virtual ~CustomerStatistics() = default;
+    // Reads all customers at the first question and answers from memory.
+    virtual void setCached(bool cached) = 0;
+    // Date of the customer's last sale; noDate when there was none.
+    virtual Date LastSaleDate(int customerId) = 0;
+};
+
+class AddressBook {
+public:
+    virtual ~AddressBook() = default;
+    // The customer's address in printable lines, joined by line feeds.
+    virtual std::string AddressOf(int customerId) = 0;
+};
+
+class Projects {
+public:
+    virtual ~Projects() = default;
+    // Whether a project of that code exists.
+    virtual bool Exists(std::string_view code) = 0;
+};
+
+class AccountGroups {
+public:
+    virtual ~AccountGroups() = default;
+    // Ids of the ledger accounts of a group ("CustGLAR": receivables), all or those of one currency, in order.
+    virtual std::vector<int> Accounts(std::string_view code) = 0;
+    virtual std::vector<int> Accounts(std::string_view code, int currencyId) = 0;
+};
+
+// Words that the database keeps in one language (a document kind, a language's name).
+class DictionaryService {
+public:
+    virtual ~DictionaryService() = default;
+    // The word in the user's language; a word that is not known comes back as it is.
+    virtual std::string Translate(std::string_view word) = 0;
+};
+
+// A custom field of a customer: its caption and what the user entered.
+struct CustomFieldValue {
+    std::string caption;
+    std::string value;
+};
+
+class CustomFields {
+public:
+    virtual ~CustomFields() = default;
+    // The fields of one record of a table ("Cust"), in their order; those without a value too.
+    virtual std::vector<CustomFieldValue> Values(std::string_view table, int recordId) = 0;
+};
+
+class Settings {
+public:
+    virtual ~Settings() = default;
+    // A numbered company setting; convertible to Boolean.
+    virtual Variant Item(int number) const = 0;
+};
+
+// The numbered settings that the reports read.
+namespace Setting {
+inline constexpr int customerCodes = 104, projectCodes = 111, taxGroupCodes = 113, termCodes = 114, statisticsByCode = 134;
+}
+
+class Company {
+public:
+    virtual ~Company() = default;
+    // 1: Jet; every other value: SQL Server.
+    virtual int DatabaseKind() const = 0;
+    virtual HostDatabase& Database() = 0;
+    virtual const Settings& settings() const = 0;
+    // A company parameter as text; the default when the company has none of that name.
+    virtual std::string GetParameter(std::string_view name, std::string_view defaultValue, std::string_view section = "") const = 0;
+    virtual int HomeCurrencyId() const = 0;
+    virtual CustomerStatistics& customerStatistics() = 0;
+    virtual AddressBook& addressBook() = 0;
+    virtual Projects& projects() = 0;
+    virtual AccountGroups& accountGroups() = 0;
+    virtual DictionaryService& dictionary() = 0;
+    virtual CustomFields& customFields() = 0;
+};
+
+// --- print services ----------------------------------------------------------------------------
+
+// What the filter tool tells of the active filter and sort, for the page header.
+struct FilterInfo {
+    std::string where;  // in words: "Code from A to M"; empty: no condition
+    std::string order;  // in words: "Name, Code"; empty: the report's own order
+};
+
+// The host's dialog in which the user chooses a filter.
+class FilterTool {
+public:
+    virtual ~FilterTool() = default;
+    // Tables: comma-separated tables and columns over which the user may filter. Cancel comes back
+    // true if the user refused; otherwise the report's filter string holds the choice. The other flags
+    // are the host's.
+    virtual void GetFilter(const std::string& Tables, bool FlagA, bool FlagB, bool& Cancel, bool FlagC, bool FlagD) = 0;
+    virtual FilterInfo GetFilterInfo() = 0;
+};
+
+class FilterInfoFiller {
+public:
+    virtual ~FilterInfoFiller() = default;
+    // Puts a report with the filter's text into the sub-report control and sizes it; without any text
+    // the control is 0 high. segments: the human-readable segment choice, empty for none.
+    virtual void FillFilterInfo(SubReport& control, const FilterInfo& info, Application& application, std::string_view segments) = 0;
+};
+
+class ReportLocalizer {
+public:
+    virtual ~ReportLocalizer() = default;
+    // Sets the caption of each label whose Tag holds "Lng=<id>;" to the text of that id.
+    virtual void Translate(Report& report) = 0;
+};
+
+class Messages {
+public:
+    virtual ~Messages() = default;
+    // A modal box with the OK button alone; what it is on a system without one is the host's choice.
+    virtual void Show(std::string_view text) = 0;
+};
+
+// Small conversions that reports share.
+class ReportUtils {
+public:
+    virtual ~ReportUtils() = default;
+    // One parameter of the fitting type for each value, in order, after those that the command has.
+    virtual void SetCommandParameters(Command& command, const std::vector<Variant>& values) const = 0;
+    // SQL text that reads NULL as the default, in the current dialect.
+    virtual std::string NullExpression(std::string_view expression, std::string_view defaultValue, bool flag) const = 0;
+    // SQL text that rounds the expression to cents, in the current dialect.
+    virtual std::string RoundExpression(std::string_view expression, bool flag) const = 0;
+    // The host's number text of a value: "1", "1.35"; empty for Null.
+    virtual std::string NumberText(const ValueView& value) const = 0;
+    // The host's date text; empty for Null.
+    virtual std::string DateText(const ValueView& value) const = 0;
+    // The caption of a ledger source code: "INV" is Invoice. A code that is not known comes back as it is.
+    virtual std::string SourceText(std::string_view source) const = 0;
+};
+
+struct DialogForm;
+
+// Shows the option form of a report and gives it back; in a host without windows it sets what the
+// user asked for beforehand.
+class DialogService {
+public:
+    virtual ~DialogService() = default;
+    virtual void ShowModal(DialogForm& form) = 0;
+};
+
+// --- all of it ---------------------------------------------------------------------------------
+
+class HostContext {
+public:
+    virtual ~HostContext() = default;
+    virtual Company& company() = 0;
+    // The text service for callers that do not hold the application.
+    virtual std::string GetText(int id) const = 0;
+    virtual const LocaleFormat& locale() const = 0;
+    virtual const ReportUtils& utils() const = 0;
+    virtual ReportLocalizer& localizer() = 0;
+    virtual FilterInfoFiller& filterInfoFiller() = 0;
+    virtual Messages& messages() = 0;
+};
+
+}  // namespace quillo
