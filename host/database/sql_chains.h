@@ -1,0 +1,11 @@
+#pragma once
+
+#include "host/database/sql_tree.h"
+
+namespace quillo::sql {
+
+// Says chains of + and & that join texts, and the functions IsNull and LEFT, in SQLite's way, in the
+// list and in all groups below it.
+void rewriteChains(Nodes& nodes);
+
+}  // namespace quillo::sql
