@@ -66,7 +66,8 @@ Money Money::fromDouble(double value) {
 std::string Money::toText() const {
     const bool negative = raw_ < 0;
     const auto magnitude = negative ? 0 - static_cast<std::uint64_t>(raw_) : static_cast<std::uint64_t>(raw_);
-    std::string text = (negative ? "-" : "") + std::to_string(magnitude / scale);
+    std::string text(negative ? 1 : 0, '-');
+    text += std::to_string(magnitude / scale);
     if (const auto part = magnitude % scale; part != 0) {
         std::string decimals = std::to_string(part + scale).substr(1);
         decimals.erase(decimals.find_last_not_of('0') + 1);

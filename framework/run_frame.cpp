@@ -1,0 +1,97 @@
+#include "framework/run_frame.h"
+
+#include <algorithm>
+
+#include "framework/values/errors.h"
+
+namespace quillo {
+
+ReportFrame::ReportFrame(std::string name, HostContext& context, const ContractRow& contract)
+    : Report(std::move(name), context), contract_(contract) {}
+
+void ReportFrame::IReport_DateFrom(const Date& value) {
+    // With a closing date alone there is no first day to keep.
+    if (contract_.keepsDates && contract_.dateOptions != DateDisplay::closingDate) m_dtDateFrom = value;
+}
+
+void ReportFrame::IReport_DateTo(const Date& value) {
+    if (contract_.keepsDates) m_dtDateTo = value;
+}
+
+std::string ReportFrame::withoutMarks(std::string text) {
+    std::erase(text, '&');
+    return text;
+}
+
+std::string ReportFrame::IReport_ReportTitle() {
+    std::string title;
+    if (titleId() != 0) STEP(title = withoutMarks(GetText(titleId())));
+    return title;
+}
+
+void ReportFrame::IReport_DisplayForeignCurrency(const bool& value) {
+    if (contract_.foreign == Foreign::ignored) return;
+    if (contract_.foreign == Foreign::keptGatesSections) {
+        STEP(const bool shown = value && currencies().CieIsForeignCurrencyUsed();
+             section("ghCurrency").Visible = section("gfCurrency").Visible = shown);
+    }
+    // Kept whatever the company's setting, so that a grand total over currencies stays hidden.
+    m_bDisplayForeignCurrency = value;
+}
+
+bool ReportFrame::IReport_UseCurrency() {
+    bool used = false;
+    if (contract_.companyCurrency) STEP(used = currencies().CieIsForeignCurrencyUsed());
+    return used;
+}
+
+Application& ReportFrame::application() const {
+    if (m_objApplication == nullptr) throw NameError("The report has no application object");
+    return *m_objApplication;
+}
+
+std::shared_ptr<Recordset> ReportFrame::execute(const std::string& sql, const std::vector<Variant>& values) {
+    return execute(m_command, sql, values);
+}
+
+std::shared_ptr<Recordset> ReportFrame::execute(std::unique_ptr<Command>& command, const std::string& sql, const std::vector<Variant>& values) {
+    HostDatabase& database = context().company().Database();
+    if (!command) command = database.newCommand();
+    command->CommandTimeout = 0;
+    command->ActiveConnection = database.ConnectionString();
+    command->CommandText = sql;
+    command->Parameters.clear();
+    context().utils().SetCommandParameters(*command, values);
+    return command->Execute();
+}
+
+void ReportFrame::setDateCaption(Label& lblDateFromDateTo) {
+    if (m_dtDateFrom != noStartLimit && m_dtDateTo != noEndLimit) {
+        lblDateFromDateTo.Caption = GetText(3013) + " " + locale().shortDate(m_dtDateFrom) + " " + GetText(3012) + " " + locale().shortDate(m_dtDateTo);
+    } else {
+        lblDateFromDateTo.Caption = GetText(1376);
+    }
+}
+
+void ReportFrame::replaceCaptions(const SubReport& filter, Label& first, std::initializer_list<Label*> others) {
+    first.Top = belowFilter(filter);
+    for (Label* other : others) other->Top = first.Top;
+    section("PageHeader").Height = first.Top + first.Height;
+}
+
+void ReportFrame::setEndLine(Label& lblEnd, int textId) { lblEnd.Caption = std::to_string(m_lngRecordCount) + " " + GetText(textId); }
+
+bool FilterableReport::askFilter(const std::string& tables, bool flagA) {
+    bool cancel = false;
+    STEP(if (m_objFilterTool == nullptr) throw NameError("The report has no filter tool");
+         m_objFilterTool->GetFilter(tables, flagA, true, cancel, true, true));
+    return !cancel;
+}
+
+void FilterableReport::fillFilterInfo(SubReport& control, std::string_view segments) {
+    if (m_objFilterTool == nullptr) throw NameError("The report has no filter tool");
+    const FilterInfo info = m_objFilterTool->GetFilterInfo();
+    context().filterInfoFiller().FillFilterInfo(control, info, application(), segments);
+}
+
+}  // namespace quillo
