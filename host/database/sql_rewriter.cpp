@@ -23,6 +23,13 @@ void refuseEmptyLists(const Nodes& nodes) {
     }
 }
 
+// SQLite would compile the first statement and forget the rest.
+void refuseSecondStatement(const Nodes& nodes) {
+    const auto end = std::find_if(nodes.begin(), nodes.end(), [](const Node& node) { return node.isSymbol(";"); });
+    if (end != nodes.end() && std::any_of(end + 1, nodes.end(), [](const Node& node) { return !node.isSpace(); }))
+        throw DatabaseError("Incorrect syntax near ';'.");
+}
+
 bool isSetOperator(const Node& node) {
     return node.isOneOf({"UNION", "EXCEPT", "INTERSECT"});
 }
@@ -151,6 +158,7 @@ std::string rewriteSql(std::string_view text) {
     auto nodes = sql::parse(text);
     if (!nodes) return std::string(text);
     refuseEmptyLists(*nodes);
+    refuseSecondStatement(*nodes);
     rewriteChains(*nodes);
     unwrapMembers(*nodes, true);
     sortText(*nodes);

@@ -14,7 +14,7 @@ namespace quillo {
 //   - the outer ORDER BY sorts text by the collation QUILLO, also where an expression has lost it, and
 //     after a union it names result columns without their table.
 // Everything else stays as it is, faults included: the database is to report those. Only an empty
-// IN ( ), which SQLite alone accepts, throws DatabaseError here.
+// IN ( ) and a second statement, which SQLite would pass over, throw DatabaseError here.
 std::string rewriteSql(std::string_view text);
 
 // The same with a memory of the texts seen. Belongs to one connection.

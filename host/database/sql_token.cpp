@@ -65,7 +65,9 @@ Token symbol(std::string_view text) {
     return {TokenKind::symbol, pair ? two : text.substr(0, 1)};
 }
 
-Token next(std::string_view text) {
+}  // namespace
+
+Token firstToken(std::string_view text) {
     const char first = text.front();
     if (isBlank(first)) return {TokenKind::space, text.substr(0, runLength(text, isBlank))};
     if (text.starts_with("--") || text.starts_with("/*")) return comment(text);
@@ -87,8 +89,6 @@ Token next(std::string_view text) {
     }
 }
 
-}  // namespace
-
 bool Token::is(std::string_view word) const {
     return kind == TokenKind::word && equalNames(text, word);
 }
@@ -100,7 +100,7 @@ bool Token::isComment() const {
 std::vector<Token> tokens(std::string_view text) {
     std::vector<Token> result;
     while (!text.empty()) {
-        result.push_back(next(text));
+        result.push_back(firstToken(text));
         text.remove_prefix(result.back().text.size());
     }
     return result;

@@ -29,5 +29,7 @@ struct Token {
 };
 
 std::vector<Token> tokens(std::string_view text);
+// The first of them; the text must not be empty.
+Token firstToken(std::string_view text);
 
 }  // namespace quillo::sql

@@ -95,6 +95,11 @@ TEST(Rewriter, RefusesAListWithoutValues) {
     EXPECT_EQ(rewriteSql("SELECT 'IN()'"), "SELECT 'IN()'");
 }
 
+TEST(Rewriter, RefusesASecondStatement) {
+    EXPECT_THROW(rewriteSql("SELECT 1; SELECT 2"), DatabaseError);
+    EXPECT_EQ(rewriteSql("SELECT 1 ; -- end"), "SELECT 1 ; -- end");
+}
+
 TEST(Rewriter, RemembersTexts) {
     SqlRewriter rewriter;
     for (int i = 0; i < 1000; ++i) {

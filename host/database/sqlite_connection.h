@@ -1,0 +1,71 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "framework/values/variant.h"
+#include "host/database/sql_rewriter.h"
+#include "host/database/sqlite_handle.h"
+
+namespace quillo {
+
+// A connection to a company file that can do nothing but read: the file is opened read-only, and an
+// authorizer refuses every statement that is not a SELECT. It knows the functions and the collation of
+// the report texts. Belongs to one thread; only the stop flag may be set from elsewhere.
+class SqliteConnection {
+public:
+    // Throws DatabaseError with SQLite's text.
+    explicit SqliteConnection(const std::string& path);
+    SqliteConnection(const SqliteConnection&) = delete;
+    SqliteConnection& operator=(const SqliteConnection&) = delete;
+
+    const sqlite::Database& database() const { return database_; }
+    SqlRewriter& rewriter() { return rewriter_; }
+
+    // While the flag is true, running statements end with a failure. nullptr: none.
+    void setStopFlag(const std::atomic<bool>* stop) { stop_ = stop; }
+    // One JSON object a line for each text executed, as it was written. nullptr: no trace.
+    void setTrace(std::ostream* trace) { trace_ = trace; }
+    void trace(std::string_view text, const std::vector<Variant>& parameters);
+
+    // Runs a step that may take long. Failures become DatabaseError; seconds 0: no limit.
+    template <class Step>
+    auto run(int seconds, Step step) {
+        const Limit limit(*this, seconds);
+        try {
+            return step();
+        } catch (const sqlite::Error& failure) {
+            fail(failure);
+        }
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    class Limit {
+    public:
+        Limit(SqliteConnection& connection, int seconds);
+        ~Limit() { connection_.deadline_ = Clock::time_point::max(); }
+        Limit(const Limit&) = delete;
+        Limit& operator=(const Limit&) = delete;
+
+    private:
+        SqliteConnection& connection_;
+    };
+
+    static int progress(void* connection);
+    bool stopped() const { return stop_ != nullptr && stop_->load(std::memory_order_relaxed); }
+    [[noreturn]] void fail(const sqlite::Error& failure) const;
+
+    sqlite::Database database_;
+    SqlRewriter rewriter_;
+    const std::atomic<bool>* stop_ = nullptr;
+    std::ostream* trace_ = nullptr;
+    Clock::time_point deadline_ = Clock::time_point::max();
+};
+
+}  // namespace quillo

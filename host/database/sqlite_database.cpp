@@ -1,0 +1,75 @@
+#include "host/database/sqlite_database.h"
+
+#include <algorithm>
+
+#include "framework/values/errors.h"
+#include "host/database/memory_recordset.h"
+#include "host/database/sql_token.h"
+
+namespace quillo {
+namespace {
+
+class SqliteCommand final : public Command {
+public:
+    SqliteCommand(std::shared_ptr<SqliteConnection> connection, std::string connectionString)
+        : connection_(std::move(connection)), connectionString_(std::move(connectionString)) {}
+
+    std::shared_ptr<Recordset> Execute() override {
+        if (ActiveConnection != connectionString_)
+            throw DatabaseError("The command has no connection to the company's database");
+        connection_->trace(CommandText, Parameters);
+        // A recordset that still walks the statement keeps it to itself.
+        if (query_ == nullptr || text_ != CommandText || query_.use_count() > 1) {
+            query_.reset();
+            query_ = std::make_shared<SqliteQuery>(connection_, CommandText);
+            text_ = CommandText;
+        }
+        query_->bind(Parameters);
+        return std::make_shared<SqliteRecordset>(query_, CommandTimeout);
+    }
+
+private:
+    std::shared_ptr<SqliteConnection> connection_;
+    std::string connectionString_;
+    std::string text_;
+    std::shared_ptr<SqliteQuery> query_;
+};
+
+bool hasMark(std::string_view text) {
+    const auto all = sql::tokens(text);
+    return std::any_of(all.begin(), all.end(),
+                       [](const sql::Token& token) { return token.kind == sql::TokenKind::mark; });
+}
+
+}  // namespace
+
+SqliteDatabase::SqliteDatabase(const std::string& path)
+    : connection_(std::make_shared<SqliteConnection>(path)), connectionString_("SQLite;" + path) {}
+
+std::unique_ptr<Command> SqliteDatabase::newCommand() {
+    return std::make_unique<SqliteCommand>(connection_, connectionString_);
+}
+
+std::shared_ptr<SqliteQuery> SqliteDatabase::lookUp(const std::string& text) {
+    constexpr std::size_t most = 32;
+    const auto found = lookUps_.find(text);
+    if (found != lookUps_.end()) return found->second;
+    auto query = std::make_shared<SqliteQuery>(connection_, text);
+    if (lookUps_.size() >= most) lookUps_.clear();
+    lookUps_.emplace(text, query);
+    return query;
+}
+
+std::unique_ptr<HostRecordset> SqliteDatabase::OpenRecordset(std::string_view text, int, int, const Variant& parameter,
+                                                             int) {
+    std::vector<Variant> parameters;
+    const std::string written(text);
+    if (!parameter.isNull() || hasMark(text)) parameters.push_back(parameter);
+    connection_->trace(written, parameters);
+    const auto query = lookUp(written);
+    query->bind(parameters);
+    SqliteRecordset rows(query, 0);
+    return std::make_unique<MemoryHostRecordset>(RowSet(rows));
+}
+
+}  // namespace quillo
