@@ -33,6 +33,7 @@ private:
         const auto end = rest_.find(closing, 1);
         if (end == std::string_view::npos) fail();
         std::string text(rest_.substr(1, end - 1));
+        if (closing == ']' && (text.empty() || text.find('[') != std::string::npos)) fail();
         rest_.remove_prefix(end + 1);
         return text;
     }

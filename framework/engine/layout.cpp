@@ -160,7 +160,7 @@ struct Halves {
     float wasteBelow = 0;  // only what starts below here moves down by it
 };
 
-void splitLines(const PlacedControl& control, float above, Halves& halves) {
+void splitLines(const PlacedControl& control, float above, Arena& arena, Halves& halves) {
     const float lineHeight = control.height / static_cast<float>(control.lines.size());
     const auto fitting = std::min(static_cast<std::size_t>(std::floor(above / lineHeight + 0.01F)), control.lines.size());
     PlacedControl head = control, tail = control;
@@ -170,7 +170,9 @@ void splitLines(const PlacedControl& control, float above, Halves& halves) {
     head.height = static_cast<float>(fitting) * lineHeight;
     tail.height = control.height - head.height;
     tail.text = control.text.substr(at);
-    tail.lines = control.lines.subspan(fitting);
+    const auto rest = arena.array<std::uint32_t>(control.lines.size() - fitting);
+    std::transform(control.lines.begin() + static_cast<std::ptrdiff_t>(fitting), control.lines.end(), rest.begin(), [at](std::uint32_t start) { return start - at; });
+    tail.lines = rest;
     tail.top = 0;
     if (fitting > 0) halves.head.push_back(head);
     if (!tail.lines.empty()) halves.tail.push_back(tail);
@@ -259,7 +261,7 @@ bool splitSection(const PlacedSection& section, float available, Arena& arena, P
         } else if (!control.sections.empty()) {
             splitSubReport(control, cut - control.top, arena, halves);
         } else if (control.lines.size() > 1) {
-            splitLines(control, cut - control.top, halves);
+            splitLines(control, cut - control.top, arena, halves);
         } else {
             splitBox(control, cut - control.top, halves);
         }

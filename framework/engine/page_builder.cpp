@@ -114,8 +114,11 @@ void PageBuilder::newPage() {
     closePage();
     openPage();
     printPageHeader();
-    for (Section* header : run_->repeatedHeaders())
+    for (Section* header : run_->repeatedHeaders()) {
+        // A header that comes with its group to this page prints there for the first time.
+        if (std::find(moving_.begin(), moving_.end(), header) != moving_.end()) continue;
         if (const auto placed = run_->format(*header)) put(*placed, false);
+    }
     if (cursor_ >= bottom_) fail("PageHeader", "leaves no room on the page for anything else");
     bodyTop_ = cursor_;
 }
@@ -247,8 +250,12 @@ void PageBuilder::flushWaiting() {
     const bool fits = cursor_ + height <= bottom_ + tolerance;
     Arena spare;
     if (!fits) {  // a new page comes, and with it another arena
-        for (Waiting& entry : waiting) entry.placed = copySection(entry.placed, spare);
+        for (Waiting& entry : waiting) {
+            entry.placed = copySection(entry.placed, spare);
+            moving_.push_back(entry.section);
+        }
         if (!current_->empty && cursor_ > bodyTop_ + tolerance) newPage();
+        moving_.clear();
     }
     for (Waiting& entry : waiting) {
         if (!fits) entry.placed = copySection(entry.placed, arena());

@@ -82,6 +82,7 @@ private:
     bool overlong_ = false;      // the kept group is longer than a page and no longer kept
     std::vector<Waiting> waiting_;
     float waitingHeight_ = 0;
+    std::vector<const Section*> moving_;  // what goes to the next page with its group
 };
 
 }  // namespace quillo

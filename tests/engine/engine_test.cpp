@@ -1,0 +1,377 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/fake_host.h"
+
+namespace quillo::test {
+namespace {
+
+using Rows = std::vector<std::vector<Variant>>;
+
+// A report over a design of the test's own; events are set from outside.
+class Sample final : public Report {
+public:
+    Sample(HostContext& context, std::string_view design) : Report("Sample", context, design) {}
+    using Report::field;
+    using Report::label;
+    using Report::subReport;
+    std::function<void(Sample&)> start, end;
+    void ActiveReport_ReportStart() override {
+        if (start) start(*this);
+    }
+    void ActiveReport_ReportEnd() override {
+        if (end) end(*this);
+    }
+};
+
+// A page of 3000 twips with margins of 500: the body is 2000 high.
+constexpr const char* smallPage = R"("page": {"width": 5000, "height": 3000, "left": 500, "right": 500, "top": 500, "bottom": 500})";
+
+std::string design(const std::string& sections) { return std::string("{\"name\": \"Sample\", ") + smallPage + ", \"sections\": [" + sections + "]}"; }
+
+std::string section(const std::string& name, const std::string& kind, int height, const std::string& controls = "", const std::string& more = "") {
+    return R"({"name": ")" + name + R"(", "kind": ")" + kind + R"(", "height": )" + std::to_string(height) + (more.empty() ? "" : ", " + more) + R"(, "controls": [)" + controls + "]}";
+}
+
+std::string bound(const std::string& name, const std::string& column, const std::string& more = "") {
+    return R"({"kind": "Field", "name": ")" + name + R"(", "top": 0, "width": 1000, "height": 200, "dataField": ")" + column + "\"" + (more.empty() ? "" : ", " + more) + "}";
+}
+
+constexpr const char* dataControl = R"({"kind": "DataControl", "name": "rs"})";
+
+struct Bench {
+    FakeHost host;
+    KeptPages pages;
+    FixedMeasure measure;
+    RunOptions options;
+
+    std::shared_ptr<Sample> report(const std::string& text) { return std::make_shared<Sample>(host, text); }
+    std::string run(Sample& report, bool geometry = false) {
+        runReport(report, pages, measure, options);
+        return describe(pages, geometry);
+    }
+    static std::shared_ptr<Recordset> rows(std::vector<std::string> columns, Rows values) {
+        return std::make_shared<MemoryRecordset>(std::move(columns), std::move(values));
+    }
+};
+
+const std::string grouped = design(
+    section("PageHeader", "pageHeader", 100) + "," + section("ghOuter", "groupHeader", 100, bound("outer", "Outer"), R"("dataField": "Outer")") + "," +
+    section("ghInner", "groupHeader", 0, "", R"("dataField": "Inner")") + "," + section("Detail", "detail", 100, bound("amount", "Amount") + "," + dataControl) + "," +
+    section("gfInner", "groupFooter", 100, bound("innerLast", "=[Outer] & \\\"/\\\" & [Inner]") + "," + bound("innerSum", "Amount", R"("sum": "ghInner", "format": "#,##0.00")")) + "," +
+    section("gfOuter", "groupFooter", 100, bound("outerSum", "Amount", R"("sum": "ghOuter")")) + "," + section("PageFooter", "pageFooter", 0) + "," +
+    section("ReportFooter", "reportFooter", 100, bound("total", "Amount", R"("sum": "report")")));
+
+Rows groupedRows() {
+    return {{"A", 1, Money::fromInteger(10)}, {"A", 1, Money::fromInteger(5)}, {"A", 2, Money::fromInteger(7)}, {"B", 2, Money::fromInteger(100)}, {"B", 2, Variant()}};
+}
+
+TEST(Engine, GroupsBreakFromOutsideInAndFootersShowTheirOwnGroup) {
+    Bench bench;
+    auto report = bench.report(grouped);
+    report->start = [](Sample& r) { r.dataControl()->Recordset = Bench::rows({"Outer", "Inner", "Amount"}, groupedRows()); };
+    // The inner value stays 2 when the outer one changes: the inner group breaks all the same.
+    std::string seen;
+    report->section("gfInner").Format = [&] { seen += report->dataControl()->atEnd() ? "end;" : report->dataControl()->Collect("Amount").toText() + ";"; };
+    EXPECT_EQ(bench.run(*report),
+              "-- 1\nPageHeader\nghOuter A\nDetail 10\nDetail 5\ngfInner A/1 15.00\nDetail 7\ngfInner A/2 7.00\ngfOuter 22\n"
+              "ghOuter B\nDetail 100\nDetail \ngfInner B/2 100.00\ngfOuter 100\nReportFooter 122\n");
+    EXPECT_EQ(seen, "7;100;end;") << "in a footer's event the recordset stands on the next row";
+    EXPECT_TRUE(bench.pages.finished);
+    EXPECT_TRUE(bench.host.boxes.empty());
+}
+
+TEST(Engine, DroppedRowsPrintNothingAndAddToNoSum) {
+    Bench bench;
+    auto report = bench.report(grouped);
+    report->start = [](Sample& r) { r.dataControl()->Recordset = Bench::rows({"Outer", "Inner", "Amount"}, groupedRows()); };
+    report->section("Detail").Format = [&] {
+        if (report->field("amount").Text == "5") report->LayoutAction = LayoutActions::dropRow;
+    };
+    const std::string text = bench.run(*report);
+    EXPECT_EQ(text.find("Detail 5"), std::string::npos);
+    EXPECT_NE(text.find("gfInner A/1 10.00"), std::string::npos) << text;
+    EXPECT_NE(text.find("ReportFooter 117"), std::string::npos) << text;
+}
+
+TEST(Engine, WithoutRowsTheFramePrintsAlone) {
+    for (const bool emptyRecordset : {false, true}) {
+        Bench bench;
+        auto report = bench.report(grouped);
+        if (emptyRecordset) report->dataControl()->Recordset = Bench::rows({"Outer", "Inner", "Amount"}, {});
+        EXPECT_EQ(bench.run(*report), "-- 1\nPageHeader\nReportFooter 0\n");
+    }
+    Bench bench;
+    auto report = bench.report(design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "l", "caption": "once"})")));
+    EXPECT_EQ(bench.run(*report), "-- 1\nDetail once\n") << "no data control and no fetch: one detail";
+}
+
+TEST(Engine, RowsFedByHandFillBoundFieldsUntilTheEnd) {
+    Bench bench;
+    auto report = bench.report(design(section("gh", "groupHeader", 100, bound("g", "Key"), R"("dataField": "Key")") + "," + section("Detail", "detail", 100, bound("v", "Value")) + "," +
+                                      section("gf", "groupFooter", 100, bound("s", "Value", R"("sum": "gh")"))));
+    report->Fields.Add("Key");
+    report->Fields.Add("Value");
+    int position = 0;
+    report->fetchData = [&](bool& eof) {
+        eof = position == 3;
+        report->Fields.Item("key").Value = position < 2 ? "x" : "y";
+        report->Fields.Item("value").Value = ++position;
+    };
+    EXPECT_EQ(bench.run(*report), "-- 1\ngh x\nDetail 1\nDetail 2\ngf 3\ngh y\nDetail 3\ngf 3\n");
+}
+
+TEST(Engine, FormatRunsOnceForASectionThatMovesToTheNextPage) {
+    Bench bench;
+    auto report = bench.report(design(section("PageHeader", "pageHeader", 500) + "," + section("Detail", "detail", 800, bound("v", "V") + "," + dataControl) + "," +
+                                      section("PageFooter", "pageFooter", 100, R"({"kind": "Label", "name": "foot", "caption": "foot"})")));
+    report->dataControl()->Recordset = Bench::rows({"V"}, {{1}, {2}, {3}, {4}});
+    int formatted = 0, printed = 0;
+    report->section("Detail").Format = [&] { ++formatted; };
+    report->section("Detail").AfterPrint = [&] { ++printed; };
+    EXPECT_EQ(bench.run(*report, true),
+              "-- 1\nPageHeader@500+500\nDetail@1000+800 1@0\nPageFooter@2400+100 foot@0\n"
+              "-- 2\nPageHeader@500+500\nDetail@1000+800 2@0\nPageFooter@2400+100 foot@0\n"
+              "-- 3\nPageHeader@500+500\nDetail@1000+800 3@0\nPageFooter@2400+100 foot@0\n"
+              "-- 4\nPageHeader@500+500\nDetail@1000+800 4@0\nPageFooter@2400+100 foot@0\n");
+    EXPECT_EQ(formatted, 4);
+    EXPECT_EQ(printed, 4);
+}
+
+TEST(Engine, HeadersRepeatOnEachPageOfTheirGroupAndKeepWithTheirFirstRow) {
+    Bench bench;
+    auto report = bench.report(design(section("gh", "groupHeader", 400, bound("g", "G"), R"("dataField": "G", "repeat": true, "groupKeepTogether": "firstDetail")") + "," +
+                                      section("Detail", "detail", 600, bound("v", "V") + "," + dataControl) + "," + section("gf", "groupFooter", 0)));
+    report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"a", 2}, {"a", 3}, {"a", 4}, {"b", 5}});
+    // Page 2 holds the repeated header and two rows; header b fits there alone, but not with its row.
+    EXPECT_EQ(bench.run(*report), "-- 1\ngh a\nDetail 1\nDetail 2\n-- 2\ngh a\nDetail 3\nDetail 4\n-- 3\ngh b\nDetail 5\n");
+}
+
+TEST(Engine, AGroupKeptTogetherMovesWholeAndIsSplitWhenNoPageHoldsIt) {
+    Bench bench;
+    const std::string text = design(section("gh", "groupHeader", 100, bound("g", "G"), R"("dataField": "G", "groupKeepTogether": "all")") + "," +
+                                    section("Detail", "detail", 600, bound("v", "V") + "," + dataControl) + "," + section("gf", "groupFooter", 100));
+    auto report = bench.report(text);
+    report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"b", 2}, {"b", 3}, {"c", 4}, {"c", 5}, {"c", 6}, {"c", 7}, {"d", 8}});
+    EXPECT_EQ(bench.run(*report), "-- 1\ngh a\nDetail 1\ngf\n-- 2\ngh b\nDetail 2\nDetail 3\ngf\n-- 3\ngh c\nDetail 4\nDetail 5\nDetail 6\n-- 4\nDetail 7\ngf\ngh d\nDetail 8\ngf\n");
+}
+
+TEST(Engine, ATextThatGrowsPushesDownWhatStandsBelow) {
+    Bench bench;
+    auto report = bench.report(design(section("Detail", "detail", 700,
+                                              R"({"kind": "Field", "name": "long", "top": 0, "width": 1000, "height": 200, "canGrow": true},)"
+                                              R"({"kind": "Label", "name": "beside", "left": 1500, "top": 100, "height": 200, "caption": "beside"},)"
+                                              R"({"kind": "Label", "name": "below", "top": 300, "height": 200, "caption": "below"})")));
+    report->field("long").Text = std::string(35, 'x');  // four lines of ten letters
+    EXPECT_EQ(bench.run(*report, true), "-- 1\nDetail@500+1300 " + std::string(35, 'x') + "@0 beside@100 below@900\n");
+}
+
+TEST(Engine, ASectionHigherThanAPageIsSplitBetweenLinesAndLosesNothing) {
+    Bench bench;
+    auto report = bench.report(design(section("Detail", "detail", 300,
+                                              R"({"kind": "Field", "name": "long", "top": 0, "width": 1000, "height": 200, "canGrow": true},)"
+                                              R"({"kind": "Label", "name": "below", "top": 200, "height": 100, "caption": "below"})")));
+    std::string text;
+    for (int i = 0; i < 25; ++i) text += "line " + std::to_string(100 + i) + "..";
+    report->field("long").Text = text;
+    bench.run(*report);
+    ASSERT_EQ(bench.pages.pages.size(), 3U);
+    std::string printed;
+    for (const auto& page : bench.pages.pages)
+        for (const auto& control : page->sections.front().controls) printed += control.text;
+    EXPECT_EQ(printed, text + "below");
+    EXPECT_TRUE(bench.pages.pages[1]->sections.front().continued);
+}
+
+TEST(Engine, APageThatCanPlaceNothingStopsTheRunByName) {
+    Bench bench;
+    auto report = bench.report(design(section("Detail", "detail", 2500, R"({"kind": "Label", "name": "tower", "top": 0, "height": 2400, "caption": "x"})")));
+    try {
+        bench.run(*report);
+        FAIL() << "the run went on";
+    } catch (const EngineError& error) {
+        EXPECT_STREQ(error.what(), "Report Sample, section Detail: nothing of it fits on a page");
+    }
+    EXPECT_FALSE(bench.pages.finished);
+
+    auto header = bench.report(design(section("PageHeader", "pageHeader", 2000) + "," + section("Detail", "detail", 100)));
+    EXPECT_THROW(bench.run(*header), EngineError);
+}
+
+TEST(Engine, LimitsAndStopsEndARunWithoutFinishingTheSink) {
+    const std::string text = design(section("Detail", "detail", 900, bound("v", "V") + "," + dataControl));
+    Rows rows(400, {1});
+    Bench bench;
+    bench.options.maxPages = 10;
+    auto report = bench.report(text);
+    report->dataControl()->Recordset = Bench::rows({"V"}, rows);
+    EXPECT_THROW(bench.run(*report), EngineError);
+    EXPECT_FALSE(bench.pages.finished);
+
+    Bench stopped;
+    stopped.options.proceed = [](const Progress& progress) { return progress.pages < 5; };
+    auto second = stopped.report(text);
+    second->dataControl()->Recordset = Bench::rows({"V"}, rows);
+    EXPECT_EQ(runReport(*second, stopped.pages, stopped.measure, stopped.options), RunEnd::stopped);
+    EXPECT_FALSE(stopped.pages.finished);
+    EXPECT_LE(stopped.pages.pages.size(), 5U);
+}
+
+// A footer of two page breaks with a sub-report behind them, as the journals have it.
+const std::string breaking = design(section("Detail", "detail", 100, bound("v", "V") + "," + dataControl) + "," +
+                                    section("ReportFooter", "reportFooter", 500,
+                                            R"({"kind": "Label", "name": "total", "top": 0, "height": 200, "caption": "total"},)"
+                                            R"({"kind": "PageBreak", "name": "b1", "top": 250, "visible": false}, {"kind": "PageBreak", "name": "b2", "top": 260},)"
+                                            R"({"kind": "SubReport", "name": "sub", "top": 280, "width": 4000, "height": 200})",
+                                            R"("keepTogether": false)"));
+const std::string lines = design(section("Detail", "detail", 450, bound("line", "L") + "," + dataControl));
+
+std::shared_ptr<Sample> breakingReport(Bench& bench, int subRows) {
+    auto report = bench.report(breaking);
+    report->dataControl()->Recordset = Bench::rows({"V"}, {{1}});
+    auto sub = bench.report(lines);
+    Rows rows;
+    for (int i = 1; i <= subRows; ++i) rows.push_back({i});
+    sub->dataControl()->Recordset = Bench::rows({"L"}, rows);
+    report->subReport("sub").Object = sub;
+    report->end = [](Sample& r) {
+        const int index = r.Pages->PageNumber() - 2;
+        EXPECT_TRUE(r.Pages->isEmpty(index));
+        r.Pages->Remove(index);
+        r.Pages->Commit();
+    };
+    return report;
+}
+
+TEST(Engine, TheEmptyPageBetweenTwoBreaksCanBeRemovedBehindASubReportOfAnyLength) {
+    for (const int rows : {2, 12}) {  // 12 rows are three pages
+        Bench bench;
+        auto report = breakingReport(bench, rows);
+        const std::string text = bench.run(*report);
+        EXPECT_TRUE(bench.host.boxes.empty());
+        ASSERT_EQ(bench.pages.pages.size(), rows == 2 ? 2U : 4U) << text;
+        EXPECT_EQ(text.substr(0, text.find("-- 2")), "-- 1\nDetail 1\nReportFooter total\n");
+        for (int i = 1; i <= rows; ++i) EXPECT_NE(text.find("Detail " + std::to_string(i)), std::string::npos) << text;
+        for (std::size_t i = 0; i < bench.pages.pages.size(); ++i) EXPECT_EQ(bench.pages.pages[i]->number, static_cast<int>(i) + 1);
+    }
+}
+
+TEST(Engine, SubReportsNestAndRunAnewForEachRow) {
+    Bench bench;
+    const std::string holder = design(section("Detail", "detail", 200, R"({"kind": "SubReport", "name": "sub", "width": 3000, "height": 100}, {"kind": "SubReport", "name": "other", "top": 100, "width": 3000, "height": 100})") + "," + section("ReportFooter", "reportFooter", 0));
+    auto report = bench.report(design(section("Detail", "detail", 100, bound("v", "V") + "," + dataControl + R"(, {"kind": "SubReport", "name": "sub", "top": 0, "width": 3000, "height": 100})")));
+    auto middle = bench.report(holder);
+    auto inner = bench.report(lines), other = bench.report(lines);
+    report->subReport("sub").Object = middle;
+    middle->subReport("sub").Object = inner;
+    middle->subReport("other").Object = other;
+    report->dataControl()->Recordset = Bench::rows({"V"}, {{1}, {2}});
+    int starts = 0;
+    inner->start = [&](Sample& r) {
+        ++starts;
+        r.dataControl()->Recordset = Bench::rows({"L"}, {{starts * 10}, {starts * 10 + 1}});
+    };
+    EXPECT_EQ(bench.run(*report, true),
+              "-- 1\nDetail@500+1000 1@0 [Detail@0+1000 [Detail@0+450 10@0 | Detail@450+450 11@0] []]\n"
+              "Detail@1500+1000 2@0 [Detail@0+1000 [Detail@0+450 20@0 | Detail@450+450 21@0] []]\n");
+}
+
+TEST(Engine, AHeaderThatItsRowsUnderlayAndTheFooterBelowBoth) {
+    Bench bench;
+    auto report = bench.report(design(section("gh", "groupHeader", 600, bound("g", "G"), R"("dataField": "G", "underlayNext": true)") + "," + section("Detail", "detail", 200, bound("v", "V") + "," + dataControl) + "," + section("gf", "groupFooter", 100)));
+    report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"a", 2}, {"b", 3}});
+    EXPECT_EQ(bench.run(*report, true), "-- 1\ngh@500+600 a@0\nDetail@500+200 1@0\nDetail@700+200 2@0\ngf@1100+100\ngh@1200+600 b@0\nDetail@1200+200 3@0\ngf@1800+100\n");
+}
+
+TEST(Engine, HiddenSectionsAreFormattedAndMayShowThemselves) {
+    Bench bench;
+    auto report = bench.report(grouped);
+    report->dataControl()->Recordset = Bench::rows({"Outer", "Inner", "Amount"}, groupedRows());
+    Section& footer = report->section("gfInner");
+    footer.Visible = false;
+    footer.Format = [&] { footer.Visible = report->field("innerLast").Text == "A/2"; };
+    const std::string text = bench.run(*report);
+    EXPECT_NE(text.find("gfInner A/2"), std::string::npos) << text;
+    EXPECT_EQ(text.find("gfInner B/2"), std::string::npos) << text;
+}
+
+TEST(Engine, BindingFindsQualifiedNamesAndPrintsMissingColumnsEmpty) {
+    Bench bench;
+    auto report = bench.report(design(section("Detail", "detail", 100, bound("a", "InvoiHdr.ExCurrencyId") + "," + bound("b", "Nowhere") + "," + bound("c", "x", R"("format": "Currency")") + "," + bound("run", "x", R"("sum": "report", "running": "all")") + "," + dataControl)));
+    report->dataControl()->Recordset = Bench::rows({"excurrencyid", "X"}, {{2, Money::fromDouble(1234.5)}, {3, Money::fromDouble(-0.004)}});
+    EXPECT_EQ(bench.run(*report), "-- 1\nDetail 2  $1,234.50 1234.5\nDetail 3  $0.00 1234.496\n");
+    EXPECT_TRUE(bench.host.boxes.empty()) << bench.host.boxes.front();
+}
+
+TEST(Engine, WhatAReportWritesInFormatPrintsAndARebindTakesTheOtherColumn) {
+    Bench bench;
+    auto report = bench.report(design(section("Detail", "detail", 100, bound("a", "One") + "," + bound("b", "One") + "," + dataControl)));
+    report->dataControl()->Recordset = Bench::rows({"One", "Two"}, {{"1", "2"}, {"3", "4"}});
+    report->section("Detail").Format = [&] {
+        report->field("a").Text += "!";
+        report->field("b").DataField = "Two";
+    };
+    EXPECT_EQ(bench.run(*report), "-- 1\nDetail 1! 1\nDetail 3! 4\n");
+}
+
+TEST(Engine, AnEventThatFailsShowsOneBoxAndTheRunGoesOn) {
+    Bench bench;
+    auto report = bench.report(grouped);
+    report->dataControl()->Recordset = Bench::rows({"Outer", "Inner", "Amount"}, groupedRows());
+    report->section("gfOuter").Format = [] { throw ConversionError("Type mismatch"); };
+    bench.run(*report);
+    ASSERT_EQ(bench.host.boxes.size(), 2U);
+    EXPECT_EQ(bench.host.boxes.front(), "Type mismatch\r\nin Quillo.Sample.gfOuter_Format at line 0");
+    EXPECT_TRUE(bench.pages.finished);
+}
+
+TEST(Design, DamageIsRefusedWithItsPlace) {
+    FakeHost host;
+    const struct {
+        std::string design, message;
+    } cases[] = {
+        {"{", "Design Sample: [json.exception"},
+        {design(section("Detail", "detail", 100, R"({"kind": "Lable", "name": "x"})")), "section Detail, control x: there is no control kind \"Lable\""},
+        {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x", "widht": 5})")), "control x: unknown key \"widht\""},
+        {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x"}, {"kind": "Line", "name": "X"})")), "control X: the name stands twice"},
+        {design(section("Detail", "detail", 100, R"({"kind": "Field", "name": "x", "style": "nope"})")), "there is no style \"nope\""},
+        {design(section("Detail", "detail", 100, bound("x", "=[A & [B]"))), "The expression"},
+        {design(section("Detail", "detail", 100, bound("x", "A", R"("format": "#.##.0")"))), "The format"},
+        {design(section("gh", "groupHeader", 100) + "," + section("Detail", "detail", 1)), "each group header needs its footer"},
+        {design(section("gh", "groupHeader", 1, bound("x", "A", R"("sum": "report")")) + "," + section("gf", "groupFooter", 1)), "belongs into a footer"},
+        {design(section("gh", "groupHeader", 1) + "," + section("gf", "groupFooter", 1, bound("x", "A", R"("sum": "ghh")"))), "there is no group \"ghh\""},
+        {design(section("ReportFooter", "reportFooter", 1) + "," + section("Detail", "detail", 1)), "stands out of order"},
+    };
+    for (const auto& [text, message] : cases) {
+        try {
+            Sample report(host, text);
+            ADD_FAILURE() << "taken: " << text;
+        } catch (const InputError& error) {
+            EXPECT_NE(std::string(error.what()).find(message), std::string::npos) << error.what();
+        }
+    }
+}
+
+TEST(Design, ControlsAndEventsOfUnknownNamesFailAtConstruction) {
+    FakeHost host;
+    Sample report(host, design(section("Detail", "detail", 100, bound("x", "A"))));
+    EXPECT_THROW(report.label("x"), NameError);
+    EXPECT_THROW(report.field("y"), NameError);
+    EXPECT_THROW(report.section("gh"), NameError);
+    EXPECT_THROW(report.setProperty("InvoiceType", 1), NameError);
+}
+
+TEST(Style, TextsSetWhatTheyNameAndRefuseTheRest) {
+    StyleProperty style;
+    style = "font-size: 8pt; text-align: right; font-weight: bold;";
+    EXPECT_EQ(style.value().size, 8);
+    EXPECT_EQ(style.value().align, Align::right);
+    EXPECT_TRUE(style.value().bold);
+    style = "font-style: italic";
+    EXPECT_TRUE(style.value().bold && style.value().italic);
+    EXPECT_THROW(style = "font-size: large", InputError);
+    EXPECT_THROW(style = "colour: red", InputError);
+    EXPECT_EQ(style.value().size, 8);
+}
+
+}  // namespace
+}  // namespace quillo::test
