@@ -1,0 +1,195 @@
+#include "demo/masters.h"
+
+#include <set>
+
+namespace quillo::demo {
+namespace {
+
+constexpr const char* trades[] = {"Construction", "Rénovations", "Menuiserie", "Entreprises", "Habitations", "Cuisines",
+                                  "Toitures", "Gestion immobilière"};
+constexpr const char* tradesEnglish[] = {"Contracting", "Homes", "Renovations", "Property Management", "Kitchens", "Builders"};
+constexpr const char* longName = "Société coopérative d'habitation et de rénovation durable des Laurentides et de Lanaudière (2004) inc.";
+
+// Plain capital letters of a name, for its code.
+std::string lettersOf(const std::string& name) {
+    std::string letters;
+    for (const char c : name) {
+        if (c >= 'a' && c <= 'z') letters += static_cast<char>(c - 'a' + 'A');
+        if (c >= 'A' && c <= 'Z') letters += c;
+        if (letters.size() == 5) break;
+    }
+    return letters;
+}
+
+class CustomerMaker {
+public:
+    explicit CustomerMaker(Trade& trade)
+        : trade_(trade), random_(trade.random), rows_(trade.database, "Cust"), addresses_(trade.database, "Addr") {}
+
+    void walkIn(const char* code, const char* name, Warehouse warehouse, bool french) {
+        Customer customer = blank(french, cad, french ? Tax::quebec : Tax::ontario);
+        customer.code = code;
+        customer.name = name;
+        customer.term = &trade_.terms[10];
+        customer.salesperson.clear();
+        customer.segment = retail;
+        customer.warehouse = warehouse;
+        customer.delay = 0;
+        rows_.add(customer.id, customer.code, customer.name, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                  french ? 2 : 1, nullptr, customer.term->id, french ? 1 : 2, Id{receivableCad}, 1, Id{cad}, nullptr, false);
+        trade_.customers.push_back(std::move(customer));
+    }
+
+    void account(std::int64_t index) {
+        const auto kind = random_.below(100);
+        const Currency currency = kind < 11 ? usd : kind < 17 ? eur : cad;
+        const bool quebecker = currency == cad && random_.chance(680);
+        const bool french = quebecker ? random_.chance(850) : random_.chance(currency == eur ? 600 : 120);
+        Customer customer = blank(french, currency, currency != cad ? Tax::exempt : quebecker ? Tax::quebec : Tax::ontario);
+        customer.name = index == 7 ? longName : uniqueName(customer, index);
+        customer.code = lettersOf(customer.name) + std::to_string(100 + customer.id);
+        choose(customer, index);
+        write(customer, index);
+        trade_.customers.push_back(std::move(customer));
+    }
+
+private:
+    Customer blank(bool french, Currency currency, Tax tax) {
+        Customer customer{};
+        customer.id = static_cast<Id>(trade_.customers.size() + 1);
+        customer.french = french;
+        customer.currency = currency;
+        customer.tax = tax;
+        customer.term = &trade_.terms[0];
+        return customer;
+    }
+
+    std::string uniqueName(const Customer& customer, std::int64_t index) {
+        std::string name = anyName(customer);
+        while (!names_.insert(name).second) name = anyName(customer) + " " + std::to_string(index);
+        return name;
+    }
+
+    std::string anyName(const Customer& customer) {
+        const auto family = surnames();
+        const std::string surname = random_.pick(family);
+        if (customer.currency == usd) return surname + " " + random_.pick(tradesEnglish) + " LLC";
+        if (customer.currency == eur) return surname + " " + (customer.french ? "Frères SARL" : "Küchen GmbH");
+        if (!customer.french) return surname + (random_.chance(300) ? " & Sons Ltd." : std::string(" ") + random_.pick(tradesEnglish) + " Inc.");
+        if (random_.chance(200)) {
+            const auto given = firstNames();
+            return std::string(random_.pick(given)) + " " + surname;
+        }
+        return std::string(random_.pick(trades)) + " " + surname + (random_.chance(300) ? " & Fils inc." : " inc.");
+    }
+
+    // How the customer trades: segment, terms, salesperson, habits of paying.
+    void choose(Customer& customer, std::int64_t index) {
+        customer.segment = customer.currency != cad ? exportSales : random_.chance(550) ? contractors : random_.chance(700) ? retail : noSegment;
+        customer.warehouse = customer.tax == Tax::ontario ? ottawa : random_.chance(350) ? quebec : montreal;
+        constexpr int termOdds[] = {0, 0, 0, 0, 1, 1, 1, 2, 3, 3, 4, 6, 8, 9, 11};
+        customer.term = &trade_.terms[static_cast<std::size_t>(random_.pick(termOdds))];
+        customer.delay = static_cast<int>(random_.chance(500) ? random_.between(-4, 8) : random_.chance(850) ? random_.between(5, 70) : random_.between(60, 140));
+        customer.takesDiscounts = random_.chance(600);
+        if (customer.segment == contractors && random_.chance(400)) customer.project = random_.between(1, 7);
+        const auto seller = random_.below(8);
+        if (seller < 6) {
+            const auto& person = employees()[static_cast<std::size_t>(seller)];
+            customer.salesperson = std::string(person.first) + " " + person.last;
+            customer.commission = Percent{person.commission < 0 ? 2000 : person.commission * 1000};
+        } else if (seller == 6 && index % 3 == 0) {
+            customer.salesperson = formerSalesperson;
+            customer.commission = Percent{3000};
+        }
+        if (index % 24 == 11) customer.inactiveFrom = dayInMonth(firstDay, static_cast<int>(random_.between(8, 20)), 1);
+        if (index == 31 || index == 92) customer.currencyOnFile = customer.currency != cad;
+    }
+
+    std::string phone(const PlaceData& place) {
+        return std::string(place.area) + " 555-" + std::to_string(random_.between(1000, 9999));
+    }
+
+    const PlaceData& placeOf(const Customer& customer) {
+        const auto places = customer.currency == usd ? americanPlaces() : customer.currency == eur ? europeanPlaces()
+                          : customer.tax == Tax::quebec ? quebecPlaces() : ontarioPlaces();
+        return random_.pick(places);
+    }
+
+    std::string postalCode(const PlaceData& place) {
+        std::string code = place.postalStart;
+        if (place.postalStart[0] < 'A') return code + std::to_string(random_.between(10, 99));
+        code += static_cast<char>('A' + random_.below(8));
+        return code + " " + std::to_string(random_.below(10)) + static_cast<char>('K' + random_.below(8)) + std::to_string(random_.below(10));
+    }
+
+    void write(const Customer& customer, std::int64_t index) {
+        const PlaceData& place = placeOf(customer);
+        const auto given = firstNames();
+        const auto family = surnames();
+        const auto some = [&](int perThousand, std::string text) {
+            return random_.chance(perThousand) ? std::optional(std::move(text)) : std::nullopt;
+        };
+        const std::string contact = std::string(random_.pick(given)) + " " + random_.pick(family);
+        std::string site = "www." + customer.code + ".example";
+        for (char& c : site) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        const std::string mail = "info@" + site.substr(4);
+        if (index % 40 == 5) site = "HTTP://" + site;
+        if (index % 40 == 6) site = "http://" + site;
+        const auto salesperson = customer.salesperson.empty() && index % 2 == 0 ? std::optional(std::string()) : some(1000, customer.salesperson);
+        const Id language = index % 29 == 3 ? 0 : customer.french ? 2 : 1;
+        const Id taxGroup = index % 50 == 21 ? 0 : customer.tax == Tax::quebec ? 1 : customer.tax == Tax::ontario ? 2 : 3;
+        const auto limit = random_.chance(880) ? std::optional(Cents{random_.between(2, 60) * 250000}) : std::nullopt;
+        const auto inactive = customer.inactiveFrom ? std::optional(true) : random_.chance(900) ? std::optional(false) : std::nullopt;
+        rows_.add(customer.id, customer.code, customer.name, some(930, contact), some(970, phone(place)),
+                  some(350, std::to_string(random_.between(100, 499))), some(300, phone(place)), some(80, std::to_string(random_.between(10, 99))),
+                  some(450, phone(place)), some(600, site), some(780, mail), orNull(language),
+                  customer.salesperson.empty() && index % 2 != 0 ? std::nullopt : salesperson, orNull(index % 45 == 17 ? 0 : customer.term->id),
+                  orNull(taxGroup), Id{receivableAccount(customer.currency)}, customer.segment == contractors ? 2 : 1,
+                  orNull(customer.currencyOnFile ? Id{customer.currency} : 0), limit, inactive);
+        address(customer, 0, customer.name, place);
+        for (auto more = random_.below(10) - 6; more > 0; --more)
+            address(customer, 1, (customer.french ? "Chantier " : "Site ") + std::to_string(more), placeOf(customer));
+    }
+
+    void address(const Customer& customer, int kind, const std::string& name, const PlaceData& place) {
+        const auto roads = streets();
+        const std::string line = std::to_string(random_.between(10, 9800)) + (customer.french ? ", " : " ") + random_.pick(roads);
+        const auto suite = random_.chance(200) ? std::optional((customer.french ? "Bureau " : "Suite ") + std::to_string(random_.between(100, 620))) : std::nullopt;
+        addresses_.add(++lastAddress_, customer.id, kind, name, line, suite, place.city, orNull(std::string_view(place.province)),
+                       postalCode(place), customer.currency == usd ? 2 : customer.currency == eur ? 3 : 1);
+    }
+
+    Trade& trade_;
+    Random& random_;
+    std::set<std::string> names_;
+    Id lastAddress_ = 1;
+    Table rows_;
+    Table addresses_;
+};
+
+void writeAddedFields(Trade& trade) {
+    Table fields(trade.database, "CustomField");
+    fields.add(1, "Cust", "Delivery route", 1);
+    fields.add(2, "Cust", "Licence no.", 2);
+    fields.add(3, "Cust", "Account review", 3);
+    Table values(trade.database, "CustomFieldValue");
+    constexpr const char* routes[] = {"North", "South shore", "East", "Pick-up"};
+    for (const auto& customer : trade.customers) {
+        if (trade.random.chance(700)) values.add(1, customer.id, trade.random.pick(routes));
+        if (customer.segment == contractors) values.add(2, customer.id, "8" + std::to_string(trade.random.between(100, 999)) + "-" + std::to_string(trade.random.between(1000, 9999)));
+        if (trade.random.chance(250)) values.add(3, customer.id, dayInMonth(firstDay, static_cast<int>(trade.random.between(6, 35)), 1));
+    }
+}
+
+}  // namespace
+
+void writeCustomers(Trade& trade) {
+    CustomerMaker maker(trade);
+    maker.walkIn(walkInCode, "Ventes au comptoir - Montréal", montreal, true);
+    maker.walkIn("COMPT-QC", "Ventes au comptoir - Québec", quebec, true);
+    const std::int64_t count = 198 + 20 * (trade.scale < 40 ? trade.scale - 1 : 40);
+    for (std::int64_t index = 0; index < count; ++index) maker.account(index);
+    writeAddedFields(trade);
+}
+
+}  // namespace quillo::demo

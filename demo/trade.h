@@ -1,0 +1,104 @@
+#pragma once
+
+#include "demo/ledger.h"
+#include "demo/random.h"
+#include "demo/stock.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillo::demo {
+
+enum Currency : Id { cad = 1, usd, eur };
+enum Warehouse : Id { montreal = 1, quebec, ottawa, laval };
+enum Segment : Id { noSegment = 0, retail, contractors, exportSales };
+enum class Tax { quebec, ontario, exempt };
+
+struct Instalment {
+    Percent share;
+    std::optional<Day> date;  // or else days after the document
+    int days = 0;
+};
+
+struct Term {
+    Id id;
+    const char* code;
+    const char* description;
+    std::optional<int> mode, due;
+    std::optional<Percent> discount;
+    std::optional<int> discountDays, nextMonthAfter;
+    std::vector<Instalment> instalments{};
+};
+
+struct Customer {
+    Id id;
+    std::string code, name;
+    bool french;
+    Currency currency;
+    bool currencyOnFile = true;
+    Tax tax;
+    const Term* term;
+    std::string salesperson;  // empty for none
+    Percent commission;
+    Segment segment;
+    Warehouse warehouse;
+    Id project = 0;
+    int delay = 0;            // days that this customer pays after the due date
+    bool takesDiscounts = false;
+    std::optional<Day> inactiveFrom{};
+};
+
+struct Component {
+    Id item;
+    Qty quantity;
+};
+
+struct Item {
+    Id id;
+    const ItemData* data;
+    Account salesAccount;
+    std::vector<Component> components;
+    Cents price;  // follows the years
+
+    bool service() const { return data->category == services; }
+    bool kit() const { return data->category == kits; }
+    bool stocked() const { return !service() && !kit(); }
+};
+
+// Money received but not yet brought to the bank.
+struct Undeposited {
+    Id key;
+    Method method;
+    Cents amount;
+};
+
+// What all trades of the company share while its three years go by.
+struct Trade {
+    Trade(const sqlite::Database& database, std::uint64_t seed, int scaleFactor);
+
+    Id newDocument() { return ++lastDocument; }
+    Rate rate(Currency currency) const { return currency == cad ? Rate{} : currency == usd ? usdRate : eurRate; }
+    const Item& item(Id id) const { return items[static_cast<std::size_t>(id - 1)]; }
+    // A count whose mean grows with the scale, the season and the years.
+    std::int64_t count(Day day, std::int64_t hundredths);
+
+    const sqlite::Database& database;
+    Random random;
+    int scale;
+    std::vector<Term> terms;
+    std::vector<Customer> customers;
+    std::vector<Item> items;
+    Rate usdRate{13550}, eurRate{14720};
+    Id lastDocument = 1000;
+    std::vector<Undeposited> undepositedReceipts;
+    Ledger ledger;
+    Stock stock;
+};
+
+Account receivableAccount(Currency currency);
+Account bankAccount(Currency currency);
+// Where money paid by a method lands: the drawer until it is deposited, or the bank at once.
+Account cashAccount(Method method);
+
+}  // namespace quillo::demo
