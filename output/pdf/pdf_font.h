@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "output/pdf/bytes.h"
+#include "output/pdf/pdf_file.h"
+#include "output/text_shaper.h"
+
+namespace quillo {
+
+// One face as the document uses it. A code stands for a glyph together with the text that it shows, so
+// that copied text is right even where one glyph stands for several characters. Codes count from 1 in
+// the order of first use; the font file, cut down to what was used, is written at the end.
+class PdfFont {
+public:
+    PdfFont(const Face& face, std::uint32_t number) : face_(face), number_(number) {}
+
+    const Face& face() const { return face_; }
+    std::uint32_t number() const { return number_; }  // of the font object
+
+    // The code of a glyph as bytes within a PDF string.
+    struct Token {
+        char bytes[4];
+        std::uint8_t size = 0;  // 0: no code yet
+    };
+    const Token& token(const Glyph& glyph, std::string_view text) {
+        if (glyph.slot == noSlot) return shapedToken(glyph, text);
+        Token& known = simple_[glyph.slot];
+        if (known.size == 0) known = newToken(glyph.index, characterText(glyph.slot));
+        return known;
+    }
+
+    void write(PdfFile& file) const;
+
+private:
+    struct Code {
+        std::uint32_t glyph;
+        std::string text;
+    };
+    static std::string characterText(std::uint16_t slot);
+    const Token& shapedToken(const Glyph& glyph, std::string_view text);
+    Token newToken(std::uint32_t glyph, std::string text);
+    void writeWidths(Bytes& out) const;
+    void writeDescriptor(PdfFile& file, std::uint32_t number, std::string_view name, std::uint32_t fontFile) const;
+    void writeToUnicode(PdfFile& file, std::uint32_t number) const;
+    void writeFontFile(PdfFile& file, std::uint32_t fontFile, std::uint32_t glyphMap) const;
+    std::string subsetName() const;
+
+    const Face& face_;
+    std::uint32_t number_;
+    std::array<Token, slotCount> simple_{};
+    std::map<std::pair<std::uint32_t, std::string>, Token, std::less<>> shaped_;
+    std::vector<Code> codes_;  // that of code 1 first
+};
+
+}  // namespace quillo

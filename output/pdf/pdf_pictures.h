@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <span>
+#include <string>
+
+#include "output/pdf/pdf_file.h"
+
+namespace quillo {
+
+// The pictures of a document, each written once however many pages show it.
+class PdfPictures {
+public:
+    struct Entry {
+        std::uint32_t number = 0;  // of the image object; also its name among the resources: "I" and the number
+        float width = 0, height = 0;
+    };
+    // The picture of a PNG or JPEG file, written now when it is new. Throws OutputError when it is damaged.
+    const Entry& find(std::span<const std::byte> picture, PdfFile& file);
+    // The resources' dictionary of pictures.
+    void appendResources(Bytes& out) const;
+
+private:
+    // Pictures are told apart by length and two checksums: their bytes are not kept.
+    struct Key {
+        std::size_t size;
+        std::uint32_t crc, adler;
+        auto operator<=>(const Key&) const = default;
+    };
+    std::map<Key, Entry> entries_;
+};
+
+}  // namespace quillo

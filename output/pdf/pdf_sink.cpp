@@ -1,0 +1,146 @@
+#include "output/pdf/pdf_sink.h"
+
+#include <cmath>
+#include <vector>
+
+#include "output/page_painter.h"
+#include "output/pdf/pdf_canvas.h"
+#include "output/pdf/pdf_file.h"
+
+namespace quillo {
+namespace {
+
+void appendDate(Bytes& out, Date date) {
+    const std::string iso = date.isoText();  // YYYY-MM-DD, perhaps with a time of day
+    out << "(D:" << iso.substr(0, 4) << iso.substr(5, 2) << iso.substr(8, 2) << ')';
+}
+
+}  // namespace
+
+class PdfSink::Document {
+public:
+    Document(std::unique_ptr<Output> output, PdfOptions options, std::shared_ptr<TextShaper> shaper);
+    void page(const Page& page);
+    void finish();
+
+private:
+    static constexpr std::size_t pagesPerNode = 100;  // of the page tree
+
+    void writeLinks(std::uint32_t first);
+    void closeNode();
+    void writeCatalog(std::uint32_t catalog, std::uint32_t outline);
+    void writeInformation(std::uint32_t number);
+
+    PdfOptions options_;
+    PdfFile file_;
+    PdfCanvas canvas_;
+    PagePainter painter_;
+    std::uint32_t resources_, pageTree_;
+    struct Node {
+        std::uint32_t number = 0;
+        std::size_t pages = 0;
+    };
+    std::vector<Node> nodes_;          // those that are written
+    Node node_;                        // the one that fills
+    std::vector<std::uint32_t> kids_;  // its pages
+};
+
+PdfSink::Document::Document(std::unique_ptr<Output> output, PdfOptions options, std::shared_ptr<TextShaper> shaper)
+    : options_(std::move(options)),
+      file_(std::move(output)),
+      canvas_(file_),
+      painter_(std::move(shaper)),
+      resources_(file_.reserve()),
+      pageTree_(file_.reserve()) {}
+
+void PdfSink::Document::page(const Page& page) {
+    if (kids_.empty()) node_ = {file_.reserve(), 0};
+    const std::uint32_t number = file_.reserve(2), content = number + 1;
+    canvas_.begin(page.setup.height, number);
+    painter_.paint(page, canvas_);
+    file_.stream(content, "", canvas_.content());
+
+    const auto linkCount = static_cast<std::uint32_t>(canvas_.links().size());
+    const std::uint32_t firstLink = file_.reserve(linkCount);
+    Bytes& out = file_.object(number);
+    out << "<</Type/Page/Parent " << node_.number << " 0 R/MediaBox[0 0 ";
+    out.hundredths(std::lround(page.setup.width * 5)) << ' ';
+    out.hundredths(std::lround(page.setup.height * 5))
+        << "]/Resources " << resources_ << " 0 R/Contents " << content << " 0 R";
+    if (linkCount > 0) {
+        out << "/Annots[";
+        for (std::uint32_t i = 0; i < linkCount; ++i) out << firstLink + i << " 0 R ";
+        out << ']';
+    }
+    out << ">>";
+    writeLinks(firstLink);
+    kids_.push_back(number);
+    if (kids_.size() == pagesPerNode) closeNode();
+}
+
+void PdfSink::Document::writeLinks(std::uint32_t first) {
+    for (const PdfCanvas::Link& link : canvas_.links()) {
+        Bytes& out = file_.object(first++);
+        out << "<</Type/Annot/Subtype/Link/F 4/Border[0 0 0]/Rect[";
+        for (const std::int64_t side : {link.left, link.bottom, link.right, link.top}) out.hundredths(side) << ' ';
+        const std::string_view tag = canvas_.tag(link);
+        (out << "]/A<</S/URI/URI").literal(tag) << ">>/Contents";
+        out.shown(tag) << ">>";
+    }
+}
+
+void PdfSink::Document::closeNode() {
+    if (kids_.empty()) return;
+    Bytes& out = file_.object(node_.number);
+    out << "<</Type/Pages/Parent " << pageTree_ << " 0 R/Count " << kids_.size() << "/Kids[";
+    for (const std::uint32_t kid : kids_) out << kid << " 0 R ";
+    out << "]>>";
+    nodes_.push_back({node_.number, kids_.size()});
+    kids_.clear();
+}
+
+void PdfSink::Document::finish() {
+    closeNode();
+    std::size_t pages = 0;
+    Bytes& tree = file_.object(pageTree_);
+    tree << "<</Type/Pages/Kids[";
+    for (const Node& node : nodes_) {
+        tree << node.number << " 0 R ";
+        pages += node.pages;
+    }
+    tree << "]/Count " << pages << ">>";
+    const std::uint32_t outline = canvas_.finish(resources_);
+    const std::uint32_t catalog = file_.reserve(2), information = catalog + 1;
+    writeCatalog(catalog, outline);
+    writeInformation(information);
+    file_.finish(catalog, information);
+}
+
+void PdfSink::Document::writeCatalog(std::uint32_t catalog, std::uint32_t outline) {
+    Bytes& out = file_.object(catalog);
+    out << "<</Type/Catalog/Pages " << pageTree_ << " 0 R/ViewerPreferences<</DisplayDocTitle true>>";
+    if (!options_.language.empty()) (out << "/Lang").shown(options_.language);
+    if (outline != 0) out << "/Outlines " << outline << " 0 R/PageMode/UseOutlines";
+    out << ">>";
+}
+
+void PdfSink::Document::writeInformation(std::uint32_t number) {
+    Bytes& out = file_.object(number);
+    out << "<</Creator(Quillo)/Producer(Quillo)";
+    if (!options_.title.empty()) (out << "/Title").shown(options_.title);
+    if (!options_.author.empty()) (out << "/Author").shown(options_.author);
+    if (options_.created) appendDate(out << "/CreationDate", *options_.created);
+    out << ">>";
+}
+
+PdfSink::PdfSink(std::unique_ptr<Output> output, PdfOptions options, std::shared_ptr<TextShaper> shaper)
+    : document_(std::make_unique<Document>(std::move(output), std::move(options), std::move(shaper))) {}
+PdfSink::~PdfSink() = default;
+void PdfSink::page(const Page& page) {
+    document_->page(page);
+}
+void PdfSink::finish() {
+    document_->finish();
+}
+
+}  // namespace quillo
