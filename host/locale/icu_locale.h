@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+#include "framework/values/locale_format.h"
+
+namespace quillo {
+
+// The formats of a locale ("fr_CA", "en-US") as ICU writes them, with the sign of the currency (ISO
+// code) as that locale writes it. Digits are always 0 to 9, years have four. Throws InputError for a
+// locale that ICU does not know and for a code that is no currency.
+LocaleFormat makeLocaleFormat(std::string_view locale, std::string_view currencyCode);
+
+}  // namespace quillo
