@@ -69,6 +69,7 @@ void writeLedgerAccounts(const sqlite::Database& database) {
     for (const auto& account : accounts()) rows.add(++key, account.code, account.description, account.cash);
     Table groups(database, "AccountGroup");
     for (const auto currency : {cad, usd, eur}) groups.add("CustGLAR", Id{currency}, Id{receivableAccount(currency)});
+    groups.add("StockGL", Id{cad}, Id{inventory});
 }
 
 // The fiscal year starts in April, so that fiscal periods and calendar months do not agree by chance.

@@ -174,7 +174,8 @@ void Sales::record(SaleDocument& document) {
     const Term& term = termFor(document);
     document.key = trade_.newDocument();
     document.number = numberFor(document.kind, document.atCounter);
-    document.received = document.receivedInFull ? document.total : std::min(document.partReceived, document.total);
+    document.received = document.receivedInFull ? document.total
+                      : document.partReceived > Cents{} ? std::min(document.partReceived, document.total) : Cents{};
     for (const auto& receipt : document.receipts) document.received += receipt.amount * trade_.rate(receipt.currency);
     writeHeader(document, term, rate);
     writeLines(document);

@@ -490,7 +490,7 @@ CREATE TABLE Segment (
   Descr       TEXT COLLATE QUILLO
 );
 
--- Groups of ledger accounts by currency; CustGLAR are the receivables accounts.
+-- Groups of ledger accounts by currency: CustGLAR the receivables, StockGL the stock's value.
 CREATE TABLE AccountGroup (
   Code         TEXT,
   ExCurrencyId INTEGER REFERENCES WorldCurrency (InCurrencyId),
