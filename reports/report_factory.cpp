@@ -73,9 +73,26 @@ clsReport::Object clsReport::DocumentsToApprove() { return missing("DocumentsToA
 clsReport::Object clsReport::ConsumedStatisticsByItem() { return missing("ConsumedStatisticsByItem", "dsrItemConsumedList"); }
 clsReport::Object clsReport::ConsumedStatisticsByPeriod() { return missing("ConsumedStatisticsByPeriod", "dsrConsumedStatsByPeriod"); }
 
-bool clsReport::ShowItemLine(int, bool) {
-    showFailure("ShowItemLine is not written yet", "ShowItemLine", __LINE__);
-    return false;
+bool clsReport::ShowItemLine(int ExKitInvoiDetId, bool IsKit) {
+    constexpr int componentsOnly = 2;  // a kit option: the kit's own line is left out, its components are printed
+    bool shown = false;
+    try {
+        if (ExKitInvoiDetId == 0) return true;
+        const auto kit = context_.company().Database().OpenRecordset(
+            " SELECT Item.* "
+            " FROM InvoiDet "
+            "   INNER JOIN Item ON InvoiDet.ExItemId = Item.InItemId "
+            " WHERE ExKitInvoiDetId = " +
+                std::to_string(ExKitInvoiDetId),
+            4, 0);
+        if (kit->atEnd()) return true;
+        const int option = kit->Value("ComputeKitOption", ValueType::integer).int32OrZero();
+        shown = IsKit ? option == 0 || option == 1 : option == componentsOnly || kit->Value("AllowKitModification", ValueType::boolean).boolOrFalse();
+        kit->Close();
+    } catch (const std::exception& failure) {
+        showFailure(failure.what(), "ShowItemLine", __LINE__);
+    }
+    return shown;
 }
 
 namespace {
