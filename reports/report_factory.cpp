@@ -5,7 +5,13 @@
 #include "framework/run_frame.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "reports/lists/dsrCustCustomFieldList.h"
 #include "reports/lists/dsrCustList.h"
+#include "reports/lists/dsrCustListShipAddr.h"
+#include "reports/lists/dsrCustPhoneList.h"
+#include "reports/lists/dsrDocumentsToApprove.h"
+#include "reports/lists/dsrOpenOrders.h"
+#include "reports/lists/dsrProjectPriceList.h"
 #include "reports/lists/dsrTermList.h"
 
 namespace quillo {
@@ -35,7 +41,11 @@ clsReport::Object clsReport::SalesBySalesPersonGraph() { return missing("SalesBy
 clsReport::Object clsReport::SalesBySalesPersonSummary() { return missing("SalesBySalesPersonSummary", "dsrSalesBySalesPersonSummary"); }
 clsReport::Object clsReport::CashReceiptsSummary() { return missing("CashReceiptsSummary", "dsrCashReceiptsSummary"); }
 clsReport::Object clsReport::CashReceiptsDetail() { return missing("CashReceiptsDetail", "dsrCashReceiptsDetail"); }
-clsReport::Object clsReport::OpenOrders(const int&) { return missing("OpenOrders", "dsrOpenOrders"); }
+clsReport::Object clsReport::OpenOrders(const int& lngInvType) {
+    auto report = create<dsrOpenOrders>("OpenOrders");
+    if (report) report->setProperty("InvoiceType", lngInvType);
+    return report;
+}
 clsReport::Object clsReport::TermList() { return create<dsrTermList>("TermList"); }
 clsReport::Object clsReport::SalesBySalesPersonDetail() { return missing("SalesBySalesPersonDetail", "dsrSalesBySalesPersonDetail"); }
 clsReport::Object clsReport::SalesBySalesPersProfDetail() { return missing("SalesBySalesPersProfDetail", "dsrSalesBySalesPersProfDetail"); }
@@ -44,15 +54,15 @@ clsReport::Object clsReport::SalesJournalSummary() { return missing("SalesJourna
 clsReport::Object clsReport::SalesJournalDetail() { return missing("SalesJournalDetail", "dsrSalesJournalDetail"); }
 clsReport::Object clsReport::SalesJournalCompGraph() { return missing("SalesJournalCompGraph", "dsrSalesJournalCompGraph"); }
 clsReport::Object clsReport::SalesJournalCompGraphMonths() { return missing("SalesJournalCompGraphMonths", "dsrSalesJournalCompGraphMonth"); }
-clsReport::Object clsReport::CustPhoneList() { return missing("CustPhoneList", "dsrCustPhoneList"); }
-clsReport::Object clsReport::ProjectPriceList() { return missing("ProjectPriceList", "dsrProjectPriceList"); }
+clsReport::Object clsReport::CustPhoneList() { return create<dsrCustPhoneList>("CustPhoneList"); }
+clsReport::Object clsReport::ProjectPriceList() { return create<dsrProjectPriceList>("ProjectPriceList"); }
 clsReport::Object clsReport::JobCustByProject() { return missing("JobCustByProject", "dsrJobCostByProject"); }
 clsReport::Object clsReport::JobCustByCust() { return missing("JobCustByCust", "dsrJobCostByCust"); }
 clsReport::Object clsReport::JobCustBySupp() { return missing("JobCustBySupp", "dsrJobCostBySupp"); }
 clsReport::Object clsReport::JobCustByEmpl() { return missing("JobCustByEmpl", "dsrJobCostByEmpl"); }
 clsReport::Object clsReport::CustList() { return create<dsrCustList>("CustList"); }
-clsReport::Object clsReport::CustListShipAddr() { return missing("CustListShipAddr", "dsrCustListShipAddr"); }
-clsReport::Object clsReport::CustCustomFieldList() { return missing("CustCustomFieldList", "dsrCustCustomFieldList"); }
+clsReport::Object clsReport::CustListShipAddr() { return create<dsrCustListShipAddr>("CustListShipAddr"); }
+clsReport::Object clsReport::CustCustomFieldList() { return create<dsrCustCustomFieldList>("CustCustomFieldList"); }
 clsReport::Object clsReport::InvStatByCust() { return missing("InvStatByCust", "dsrInvStatByCust"); }
 clsReport::Object clsReport::InvStatByItem() { return missing("InvStatByItem", "dsrInvStatByItem"); }
 clsReport::Object clsReport::SalesStatistic() { return missing("SalesStatistic", "dsrSalesStatistic"); }
@@ -69,7 +79,7 @@ clsReport::Object clsReport::DayEndBalanceByUsr() { return missing("DayEndBalanc
 clsReport::Object clsReport::DayEndBalanceByUsrInvDetail() { return missing("DayEndBalanceByUsrInvDetail", "dsrDayEndBalanceByUsrInvDetail"); }
 clsReport::Object clsReport::DayEndBalanceByUsrPmtDetail() { return missing("DayEndBalanceByUsrPmtDetail", "dsrDayEndBalanceByUsrPmtDetail"); }
 clsReport::Object clsReport::DayEndBalanceByUsrDepDetail() { return missing("DayEndBalanceByUsrDepDetail", "dsrDayEndBalanceByUsrDepDetail"); }
-clsReport::Object clsReport::DocumentsToApprove() { return missing("DocumentsToApprove", "dsrDocumentsToApprove"); }
+clsReport::Object clsReport::DocumentsToApprove() { return create<dsrDocumentsToApprove>("DocumentsToApprove"); }
 clsReport::Object clsReport::ConsumedStatisticsByItem() { return missing("ConsumedStatisticsByItem", "dsrItemConsumedList"); }
 clsReport::Object clsReport::ConsumedStatisticsByPeriod() { return missing("ConsumedStatisticsByPeriod", "dsrConsumedStatsByPeriod"); }
 
@@ -108,7 +118,7 @@ constexpr clsReport::Member catalogue[] = {
     MEMBER(SalesBySalesPersonSummary, dsrSalesBySalesPersonSummary, toCome),
     MEMBER(CashReceiptsSummary, dsrCashReceiptsSummary, toCome),
     MEMBER(CashReceiptsDetail, dsrCashReceiptsDetail, toCome),
-    clsReport::Member{"OpenOrders", "dsrOpenOrders", "lngInvType", [](clsReport& factory) { return factory.OpenOrders(51); }, toCome},
+    clsReport::Member{"OpenOrders", "dsrOpenOrders", "lngInvType", [](clsReport& factory) { return factory.OpenOrders(51); }, written},
     MEMBER(TermList, dsrTermList, written),
     MEMBER(SalesBySalesPersonDetail, dsrSalesBySalesPersonDetail, toCome),
     MEMBER(SalesBySalesPersProfDetail, dsrSalesBySalesPersProfDetail, toCome),
@@ -117,15 +127,15 @@ constexpr clsReport::Member catalogue[] = {
     MEMBER(SalesJournalDetail, dsrSalesJournalDetail, toCome),
     MEMBER(SalesJournalCompGraph, dsrSalesJournalCompGraph, toCome),
     MEMBER(SalesJournalCompGraphMonths, dsrSalesJournalCompGraphMonth, toCome),
-    MEMBER(CustPhoneList, dsrCustPhoneList, toCome),
-    MEMBER(ProjectPriceList, dsrProjectPriceList, toCome),
+    MEMBER(CustPhoneList, dsrCustPhoneList, written),
+    MEMBER(ProjectPriceList, dsrProjectPriceList, written),
     MEMBER(JobCustByProject, dsrJobCostByProject, toCome),
     MEMBER(JobCustByCust, dsrJobCostByCust, toCome),
     MEMBER(JobCustBySupp, dsrJobCostBySupp, toCome),
     MEMBER(JobCustByEmpl, dsrJobCostByEmpl, toCome),
     MEMBER(CustList, dsrCustList, written),
-    MEMBER(CustListShipAddr, dsrCustListShipAddr, toCome),
-    MEMBER(CustCustomFieldList, dsrCustCustomFieldList, toCome),
+    MEMBER(CustListShipAddr, dsrCustListShipAddr, written),
+    MEMBER(CustCustomFieldList, dsrCustCustomFieldList, written),
     MEMBER(InvStatByCust, dsrInvStatByCust, toCome),
     MEMBER(InvStatByItem, dsrInvStatByItem, toCome),
     MEMBER(SalesStatistic, dsrSalesStatistic, toCome),
@@ -142,7 +152,7 @@ constexpr clsReport::Member catalogue[] = {
     MEMBER(DayEndBalanceByUsrInvDetail, dsrDayEndBalanceByUsrInvDetail, toCome),
     MEMBER(DayEndBalanceByUsrPmtDetail, dsrDayEndBalanceByUsrPmtDetail, toCome),
     MEMBER(DayEndBalanceByUsrDepDetail, dsrDayEndBalanceByUsrDepDetail, toCome),
-    MEMBER(DocumentsToApprove, dsrDocumentsToApprove, toCome),
+    MEMBER(DocumentsToApprove, dsrDocumentsToApprove, written),
     MEMBER(ConsumedStatisticsByItem, dsrItemConsumedList, toCome),
     MEMBER(ConsumedStatisticsByPeriod, dsrConsumedStatsByPeriod, toCome),
 };
