@@ -1,9 +1,8 @@
 #include "output/fonts.h"
 
-#include <hb-ot.h>
+#include <harfbuzz/hb-ot.h>
 
 #include <algorithm>
-#include <functional>
 
 #include "framework/engine/page.h"
 #include "output/errors.h"
@@ -41,18 +40,6 @@ bool has(FcPattern* font, char32_t character) {
     FcCharSet* characters = nullptr;
     return FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch &&
            FcCharSetHasChar(characters, character);
-}
-
-// The usable fonts, the closest first; calls use until it says that the font will do.
-void eachCloseFont(FcPattern* wanted, const std::function<bool(FcPattern*)>& use) {
-    FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
-    FcDefaultSubstitute(wanted);
-    FcResult result = FcResultMatch;
-    const FontSet sorted(FcFontSort(nullptr, wanted, FcFalse, nullptr, &result));
-    if (!sorted) return;
-    for (int i = 0; i < sorted->nfont; ++i) {
-        if (isUsable(sorted->fonts[i]) && use(sorted->fonts[i])) return;
-    }
 }
 
 std::int16_t bigEndian(const char* at) {
@@ -105,6 +92,21 @@ std::uint32_t Face::glyph(char32_t character) const {
 
 float Face::advance(std::uint32_t glyph) const {
     return ems(hb_font_get_glyph_h_advance(font_.get(), glyph));
+}
+
+Fonts::Fonts() : installed_(FcInitLoadConfigAndFonts()) {
+    if (!installed_) throw FontError("The list of installed fonts cannot be read");
+}
+
+void Fonts::eachCloseFont(FcPattern* wanted, const std::function<bool(FcPattern*)>& use) const {
+    FcConfigSubstitute(installed_.get(), wanted, FcMatchPattern);
+    FcDefaultSubstitute(wanted);
+    FcResult result = FcResultMatch;
+    const FontSet sorted(FcFontSort(installed_.get(), wanted, FcFalse, nullptr, &result));
+    if (!sorted) return;
+    for (int i = 0; i < sorted->nfont; ++i) {
+        if (isUsable(sorted->fonts[i]) && use(sorted->fonts[i])) return;
+    }
 }
 
 const Face& Fonts::open(FcPattern* font) {

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <fontconfig/fontconfig.h>
-#include <hb.h>
+#include <harfbuzz/hb.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -58,6 +59,8 @@ private:
 // Only fonts with TrueType outlines are used, since these are what every output can embed.
 class Fonts {
 public:
+    Fonts();
+
     // The closest to family, bold and italic; throws FontError when no font at all is installed.
     const Face& face(const TextStyle& style);
     // A font with the character, closest to the wanted one; null when none is installed.
@@ -72,6 +75,10 @@ private:
     const Face& open(FcPattern* font);
     const Known& find(const TextStyle& style);
 
+    // The usable fonts, the closest to the wanted one first; calls use until it says that the font will do.
+    void eachCloseFont(FcPattern* wanted, const std::function<bool(FcPattern*)>& use) const;
+
+    Handle<FcConfig, FcConfigDestroy> installed_;  // its own, so that two runs share nothing
     std::vector<Known> known_;
     std::vector<std::unique_ptr<Face>> faces_;
     std::size_t last_ = 0;  // texts of one style come in rows

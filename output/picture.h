@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cairo.h>
+#include <cairo/cairo.h>
 
 #include <cstddef>
 #include <cstdint>

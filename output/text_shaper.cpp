@@ -63,14 +63,6 @@ const hb_feature_t plainFeatures[] = {
 
 }  // namespace
 
-void ShapedText::add(const Glyph& glyph, const Face& face, bool placed) {
-    if (runs.empty() || runs.back().face != &face)
-        runs.push_back({&face, static_cast<std::uint32_t>(glyphs.size()), 0, false});
-    runs.back().placed |= placed;
-    ++runs.back().count;
-    glyphs.push_back(glyph);
-}
-
 void ShapedText::cut(std::size_t glyphCount) {
     glyphs.resize(glyphCount);
     while (!runs.empty() && runs.back().first >= glyphCount) runs.pop_back();
@@ -114,9 +106,12 @@ void TextShaper::shape(std::string_view text, const Face& face, ShapedText& out)
         if (slot != noSlot) {
             Entry& entry = table[slot];
             if (!entry.face) lookUp(character, face, entry);
-            out.add({entry.glyph, static_cast<std::uint32_t>(from), static_cast<std::uint32_t>(pos), entry.advance, 0,
-                     0, slot},
-                    *entry.face, false);
+            Glyph& glyph = out.add(*entry.face, false);
+            glyph.index = entry.glyph;
+            glyph.from = static_cast<std::uint32_t>(from);
+            glyph.to = static_cast<std::uint32_t>(pos);
+            glyph.advance = entry.advance;
+            glyph.slot = slot;
             continue;
         }
         // One character that is not simple makes its whole word one for HarfBuzz.
@@ -125,10 +120,10 @@ void TextShaper::shape(std::string_view text, const Face& face, ShapedText& out)
         const ShapedText& shaped = word(text.substr(wordStart, pos - wordStart), face);
         for (const GlyphRun& run : shaped.runs) {
             for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
-                Glyph glyph = shaped.glyphs[i];
+                Glyph& glyph = out.add(*run.face, run.placed);
+                glyph = shaped.glyphs[i];
                 glyph.from += static_cast<std::uint32_t>(wordStart);
                 glyph.to += static_cast<std::uint32_t>(wordStart);
-                out.add(glyph, *run.face, run.placed);
             }
         }
     }
@@ -238,7 +233,7 @@ void TextShaper::shapeRun(std::string_view word, std::size_t from, std::size_t t
             reportMissing(lacking, face);
         }
         const bool placed = glyph.dx != 0 || glyph.dy != 0 || glyph.advance != face.advance(glyph.index);
-        out.add(glyph, face, placed);
+        out.add(face, placed) = glyph;
     }
 }
 

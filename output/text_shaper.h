@@ -42,7 +42,14 @@ struct ShapedText {
     std::vector<GlyphRun> runs;
 
     void clear() { glyphs.clear(), runs.clear(); }
-    void add(const Glyph& glyph, const Face& face, bool placed);
+    // A new glyph, to be filled in place: this is the hottest spot of all outputs.
+    Glyph& add(const Face& face, bool placed) {
+        if (runs.empty() || runs.back().face != &face)
+            runs.push_back({&face, static_cast<std::uint32_t>(glyphs.size())});
+        runs.back().placed |= placed;
+        ++runs.back().count;
+        return glyphs.emplace_back();
+    }
     void cut(std::size_t glyphCount);  // back to this many glyphs
     float width() const;
 };

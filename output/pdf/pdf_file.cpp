@@ -9,7 +9,7 @@ namespace {
 constexpr int compressionLevel = 1;  // pages are repetitive: higher levels take longer and save little
 constexpr std::size_t packSize = 32 * 1024;
 constexpr std::size_t flushSize = 256 * 1024;
-constexpr int rowSize = 1 + 5 + 2;  // of the cross-reference: kind, place, index
+constexpr std::size_t extentsAtOnce = 4096;  // in one part of the cross-reference
 
 void appendBigEndian(Bytes& bytes, std::uint64_t number, int size) {
     for (int shift = 8 * (size - 1); shift >= 0; shift -= 8) bytes << static_cast<char>(number >> shift & 0xFF);
@@ -18,7 +18,7 @@ void appendBigEndian(Bytes& bytes, std::uint64_t number, int size) {
 }  // namespace
 
 PdfFile::PdfFile(std::unique_ptr<Output> output)
-    : output_(std::move(output)), compressor_(libdeflate_alloc_compressor(compressionLevel)) {
+    : output_(std::move(output)), compressor_(libdeflate_alloc_compressor(compressionLevel)), catalog_(reserve(2)) {
     if (!compressor_) throw std::bad_alloc();
     pending_ << "%PDF-1.7\n%\xE2\xE3\xCF\xD3\n";  // the second line tells transfer programs that this is no text
 }
@@ -65,6 +65,7 @@ void PdfFile::stream(std::uint32_t number, std::string_view entries, std::string
 void PdfFile::storedStream(std::uint32_t number, std::string_view entries, std::string_view content) {
     extents_.push_back({number, 1, offset(), 0, false});
     writeStream(number, entries, content);
+    if (extents_.size() > extentsAtOnce) writeCrossReference(false);
 }
 
 void PdfFile::writeStream(std::uint32_t number, std::string_view entries, std::string_view content) {
@@ -90,54 +91,50 @@ void PdfFile::flush() {
     pending_.clear();
 }
 
-void PdfFile::finish(std::uint32_t root, std::uint32_t info) {
+void PdfFile::finish() {
     writePack();
-    const std::uint32_t number = reserve();
-    extents_.push_back({number, 1, offset(), 0, false});
     flush();
-    const std::uint64_t start = offset();
-    writeCrossReference(number, root, info);
-    pending_ << "startxref\n" << start << "\n%%EOF\n";
+    writeCrossReference(true);
+    pending_ << "startxref\n" << crossReferenceStart_ << "\n%%EOF\n";
     flush();
     output_->finish();
 }
 
-void PdfFile::writeCrossReference(std::uint32_t number, std::uint32_t root, std::uint32_t info) {
-    Bytes entries;
-    entries << "/Type/XRef/Size " << next_ << "/W[1 5 2]/Root " << root << " 0 R/Info " << info << " 0 R/ID[";
-    for (int i = 0; i < 2; ++i) {
-        entries << '<';
-        entries.hex(crc_, 8)
-            .hex(adler_, 8)
-            .hex(static_cast<std::uint32_t>(flushed_ >> 32), 8)
-            .hex(static_cast<std::uint32_t>(flushed_), 8);
-        entries << '>';
+// Where the objects went since the last part; kinds of rows: 1 at an offset, 2 in a pack.
+void PdfFile::writeCrossReference(bool last) {
+    const std::uint64_t start = offset();
+    const std::uint32_t number = reserve();
+    extents_.push_back({number, 1, start, 0, false});
+    std::sort(extents_.begin(), extents_.end(), [](const Extent& a, const Extent& b) { return a.number < b.number; });
+    Bytes entries, rows;
+    entries << "/Type/XRef/W[1 5 2]/Index[";
+    if (crossReferenceStart_ == 0) {  // number 0 is never used, but has its row
+        entries << "0 1 ";
+        rows << std::string_view("\0\0\0\0\0\0\xFF\xFF", 8);
     }
-    entries << "]/Filter/FlateDecode";
-    packContent_.clear();
-    appendCrossReference(packContent_);
-    writeStream(number, entries.view(), deflate(packContent_.view()));
+    for (const Extent& extent : extents_) {
+        entries << extent.number << ' ' << extent.count << ' ';
+        for (std::uint32_t i = 0; i < extent.count; ++i) {
+            rows << (extent.packed ? '\2' : '\1');
+            appendBigEndian(rows, extent.place, 5);
+            appendBigEndian(rows, extent.packed ? extent.index + i : 0, 2);
+        }
+    }
+    extents_.clear();
+    entries << "]/Size " << next_ << "/Root " << catalog() << " 0 R/Info " << information() << " 0 R";
+    if (crossReferenceStart_ != 0) entries << "/Prev " << crossReferenceStart_;
+    if (last) appendIdentity(entries);
+    entries << "/Filter/FlateDecode";
+    writeStream(number, entries.view(), deflate(rows.view()));
+    crossReferenceStart_ = start;
 }
 
-// One row for each number from 0; numbers that were never written are free.
-void PdfFile::appendCrossReference(Bytes& rows) {
-    std::sort(extents_.begin(), extents_.end(), [](const Extent& a, const Extent& b) { return a.number < b.number; });
-    rows.room(static_cast<std::size_t>(next_) * rowSize);
-    const auto row = [&](int kind, std::uint64_t place, std::uint32_t index) {
-        rows << static_cast<char>(kind);
-        appendBigEndian(rows, place, 5);
-        appendBigEndian(rows, index, 2);
-    };
-    std::uint32_t number = 0;
-    const auto freeUpTo = [&](std::uint32_t end) {
-        for (; number < end; ++number) row(0, 0, 0xFFFF);
-    };
-    for (const Extent& extent : extents_) {
-        freeUpTo(extent.number);
-        for (std::uint32_t i = 0; i < extent.count; ++i, ++number)
-            row(extent.packed ? 2 : 1, extent.place, extent.packed ? extent.index + i : 0);
-    }
-    freeUpTo(next_);
+// From what was written, so that the same pages have the same identity.
+void PdfFile::appendIdentity(Bytes& out) const {
+    out << "/ID[";
+    for (int i = 0; i < 2; ++i)
+        (out << '<').hex(crc_, 8).hex(adler_, 8).hex(static_cast<std::uint32_t>(flushed_), 8) << '>';
+    out << ']';
 }
 
 }  // namespace quillo

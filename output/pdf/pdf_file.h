@@ -15,7 +15,8 @@
 namespace quillo {
 
 // The objects of a PDF 1.7 file, written as they come. Small objects are packed into compressed object
-// streams; what stays in memory is one pack, and where each run of objects went.
+// streams. The cross-reference is written in parts too, each pointing back to the one before, so that
+// what stays in memory is one pack and one part, whatever the number of objects.
 class PdfFile {
 public:
     explicit PdfFile(std::unique_ptr<Output> output);
@@ -29,8 +30,10 @@ public:
     void stream(std::uint32_t number, std::string_view entries, std::string_view content);
     // The same for content that is compressed already; entries name the filter.
     void storedStream(std::uint32_t number, std::string_view entries, std::string_view content);
-    // Ends the file. Root and info are the numbers of the catalog and of the information dictionary.
-    void finish(std::uint32_t root, std::uint32_t info);
+    // The numbers of the two objects from which all others are found; the caller writes them.
+    std::uint32_t catalog() const { return catalog_; }
+    std::uint32_t information() const { return catalog_ + 1; }
+    void finish();
 
 private:
     // Objects of following numbers that lie in one pack, or a single object of its own.
@@ -43,10 +46,10 @@ private:
     std::uint64_t offset() const { return flushed_ + pending_.size(); }
     void writePack();
     void writeStream(std::uint32_t number, std::string_view entries, std::string_view content);
+    void appendIdentity(Bytes& out) const;
     std::string_view deflate(std::string_view content);
     void flush();
-    void writeCrossReference(std::uint32_t number, std::uint32_t root, std::uint32_t info);
-    void appendCrossReference(Bytes& rows);
+    void writeCrossReference(bool last);
 
     std::unique_ptr<Output> output_;
     Handle<libdeflate_compressor, libdeflate_free_compressor> compressor_;
@@ -54,8 +57,10 @@ private:
     Bytes deflated_;
     Bytes packHead_, packBody_, packContent_;
     std::uint32_t packNumber_ = 0, packCount_ = 0;
-    std::vector<Extent> extents_;
+    std::vector<Extent> extents_;            // not yet in a part of the cross-reference
+    std::uint64_t crossReferenceStart_ = 0;  // of the last part; 0: none yet
     std::uint32_t next_ = 1;
+    std::uint32_t catalog_;
     std::uint64_t flushed_ = 0;
     std::uint32_t crc_ = 0, adler_ = 1;  // of all bytes: the file's identity
 };

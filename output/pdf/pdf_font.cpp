@@ -1,6 +1,6 @@
 #include "output/pdf/pdf_font.h"
 
-#include <hb-subset.h>
+#include <harfbuzz/hb-subset.h>
 
 #include <algorithm>
 #include <cmath>

@@ -28,8 +28,8 @@ private:
 
     void writeLinks(std::uint32_t first);
     void closeNode();
-    void writeCatalog(std::uint32_t catalog, std::uint32_t outline);
-    void writeInformation(std::uint32_t number);
+    void writeCatalog(std::uint32_t outline);
+    void writeInformation();
 
     PdfOptions options_;
     PdfFile file_;
@@ -110,22 +110,21 @@ void PdfSink::Document::finish() {
     }
     tree << "]/Count " << pages << ">>";
     const std::uint32_t outline = canvas_.finish(resources_);
-    const std::uint32_t catalog = file_.reserve(2), information = catalog + 1;
-    writeCatalog(catalog, outline);
-    writeInformation(information);
-    file_.finish(catalog, information);
+    writeCatalog(outline);
+    writeInformation();
+    file_.finish();
 }
 
-void PdfSink::Document::writeCatalog(std::uint32_t catalog, std::uint32_t outline) {
-    Bytes& out = file_.object(catalog);
+void PdfSink::Document::writeCatalog(std::uint32_t outline) {
+    Bytes& out = file_.object(file_.catalog());
     out << "<</Type/Catalog/Pages " << pageTree_ << " 0 R/ViewerPreferences<</DisplayDocTitle true>>";
     if (!options_.language.empty()) (out << "/Lang").shown(options_.language);
     if (outline != 0) out << "/Outlines " << outline << " 0 R/PageMode/UseOutlines";
     out << ">>";
 }
 
-void PdfSink::Document::writeInformation(std::uint32_t number) {
-    Bytes& out = file_.object(number);
+void PdfSink::Document::writeInformation() {
+    Bytes& out = file_.object(file_.information());
     out << "<</Creator(Quillo)/Producer(Quillo)";
     if (!options_.title.empty()) (out << "/Title").shown(options_.title);
     if (!options_.author.empty()) (out << "/Author").shown(options_.author);

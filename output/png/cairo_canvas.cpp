@@ -1,6 +1,6 @@
 #include "output/png/cairo_canvas.h"
 
-#include <cairo-ft.h>
+#include <cairo/cairo-ft.h>
 
 namespace quillo {
 namespace {

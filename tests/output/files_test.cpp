@@ -1,0 +1,171 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "output/errors.h"
+#include "output/json/json_sink.h"
+#include "output/picture.h"
+#include "output/png/png_sink.h"
+#include "tests/output/output_files.h"
+#include "tests/output/sample_pictures.h"
+
+namespace quillo::test {
+namespace {
+
+using std::string;
+
+TEST(OutputFile, AppearsWholeOrNotAtAll) {
+    const TestFolder folder;
+    const string path = folder.file("a.txt");
+    {
+        OutputFile file(path);
+        file.write("half");
+        EXPECT_FALSE(std::filesystem::exists(path));
+    }
+    EXPECT_EQ(folder.count(), 0U) << "nothing is left of an abandoned file";
+    {
+        OutputFile file(path);
+        file.write("who");
+        file.write("le");
+        file.finish();
+    }
+    EXPECT_EQ(read(path), "whole");
+    { OutputFile(path).write("half"); }
+    EXPECT_EQ(read(path), "whole") << "what was there stays until the new one is finished";
+
+    std::filesystem::create_symlink(path, folder.file("link"));
+    OutputFile through(folder.file("link"));
+    through.write("new");
+    through.finish();
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.file("link")));
+    EXPECT_EQ(read(path), "new");
+    OutputFile device("/dev/null");
+    device.write("x");
+    device.finish();
+    EXPECT_FALSE(std::filesystem::is_regular_file("/dev/null"));
+}
+
+TEST(OutputFile, SaysWhyItCannotBeWritten) {
+    const TestFolder folder;
+    const auto failure = [](const string& path) -> string {
+        try {
+            OutputFile file(path);
+            file.write("x");
+            file.finish();
+        } catch (const OutputError& error) {
+            return error.what();
+        }
+        return "";
+    };
+    EXPECT_EQ(failure(folder.file("no/a.txt")),
+              "Cannot write " + folder.file("no/a.txt") + ": No such file or directory");
+    EXPECT_EQ(failure(folder.file("")), "Cannot write " + folder.file("") + ": Is a directory");
+    EXPECT_EQ(failure("/dev/full"), "Cannot write /dev/full: No space left on device");
+    EXPECT_EQ(folder.count(), 0U);
+}
+
+TEST(Json, HoldsThePageAndReadsBack) {
+    std::ostringstream stream;
+    std::vector<string> failures;
+    JsonSink sink(std::make_unique<OutputStream>(stream), "dsrTermList", "TermList", "Terms \"x\"",
+                  [&] { return failures; });
+    PageBuilder builder(3);
+    builder.section(300.5F, SectionKind::pageHeader, "PageHeader").text("é\t\"q\"\\\n\x01", 0.25F, 3000).link = "5;A";
+    builder.section(240);
+    builder.control(ControlKind::line, "linRule", 0, 10800, 0);
+    ChartData chart{"Ageing", {{"Due", {{"30", 12.5}, {"60", -0.1}}}}};
+    builder.control(ControlKind::chart, "chtAge", 0, 3000).chart = &chart;
+    PageBuilder inner;
+    inner.section(100, SectionKind::detail, "Inner").text("within \xFF");
+    const std::vector<PlacedSection> innerSections = inner.page().sections;
+    builder.control(ControlKind::subReport, "subInfo", 0, 3000).sections = innerSections;
+    sink.page(builder.page());
+    sink.page(PageBuilder(4).page());
+    failures.push_back("a box, shown late");
+    sink.finish();
+
+    const auto json = nlohmann::json::parse(stream.str());
+    EXPECT_EQ(json["report"], "dsrTermList");
+    EXPECT_EQ(json["member"], "TermList");
+    EXPECT_EQ(json["title"], "Terms \"x\"");
+    EXPECT_EQ(json["failures"], nlohmann::json({"a box, shown late"}));
+    ASSERT_EQ(json["pages"].size(), 2U);
+    const auto& page = json["pages"][0];
+    EXPECT_EQ(page["number"], 3);
+    EXPECT_EQ(page["width"], 12240);
+    EXPECT_EQ(page["sections"][0]["name"], "PageHeader");
+    EXPECT_EQ(page["sections"][0]["top"], 1440);
+    EXPECT_EQ(page["sections"][0]["height"], 300.5);
+    EXPECT_EQ(page["sections"][0]["controls"][0],
+              nlohmann::json::parse(R"({"name": "txtText", "kind": "Field", "text": "é\t\"q\"\\\n\u0001",
+        "left": 0.25, "top": 0, "width": 3000, "height": 240, "link": "5;A"})"));
+    const auto& controls = page["sections"][1]["controls"];
+    EXPECT_FALSE(controls[0].contains("text") || controls[0].contains("link"));
+    EXPECT_EQ(controls[1]["series"],
+              nlohmann::json::parse(
+                  R"([{"name": "Due", "points": [{"label": "30", "value": 12.5}, {"label": "60", "value": -0.1}]}])"));
+    EXPECT_EQ(controls[2]["sections"][0]["controls"][0]["text"], "within \xEF\xBF\xBD")
+        << "damaged bytes are shown as such";
+}
+
+// The darkest of the pixels of a box, in shares of the picture's width and height.
+unsigned darkest(const string& path, double left, double top, double right, double bottom) {
+    const string file = read(path);
+    const Surface picture = readPng(std::as_bytes(std::span(file)));
+    const int width = cairo_image_surface_get_width(picture.get()),
+              height = cairo_image_surface_get_height(picture.get());
+    const auto at = [](double share, int whole) { return static_cast<int>(share * whole); };
+    unsigned darkest = 255;
+    for (int y = at(top, height); y < at(bottom, height); ++y) {
+        const unsigned char* row = cairo_image_surface_get_data(picture.get()) +
+                                   static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(picture.get());
+        for (int x = at(left, width); x < at(right, width); ++x) darkest = std::min<unsigned>(darkest, row[4 * x + 1]);
+    }
+    return darkest;
+}
+
+TEST(Png, NamesItsFilesByTheNumberOfPages) {
+    const TestFolder folder;
+    PageBuilder builder;
+    builder.section(240).text("Amount", 8800, 2000);
+    {
+        PngSink sink(folder.file("one.png"), 50);
+        sink.page(builder.page());
+        EXPECT_EQ(folder.count(), 0U);
+        sink.finish();
+    }
+    EXPECT_EQ(folder.count(), 1U);
+    {
+        PngSink abandoned(folder.file("half.png"), 50);
+        for (int i = 0; i < 3; ++i) abandoned.page(builder.page());
+    }
+    EXPECT_EQ(folder.count(), 1U) << "nothing is left of abandoned pages";
+    PngSink sink(folder.file("more.png"), 50);
+    for (int i = 0; i < 2; ++i) sink.page(builder.page());
+    sink.finish();
+    for (const char* name : {"one.png", "more-1.png", "more-2.png"}) {
+        const string path = folder.file(name);
+        EXPECT_LT(darkest(path, 0.77, 0.08, 0.95, 0.12), 128U) << "the text is where the page has it: " << name;
+        EXPECT_EQ(darkest(path, 0, 0.2, 1, 1), 255U) << "and nothing elsewhere";
+    }
+    EXPECT_EQ(folder.count(), 3U);
+}
+
+TEST(Pictures, ReadTheSizeOfAJpegAndRefuseDamage) {
+    const auto jpeg = smallJpeg();
+    const JpegHeader header = readJpegHeader(jpeg);
+    EXPECT_EQ(header.width, 3U);
+    EXPECT_EQ(header.height, 2U);
+    EXPECT_EQ(header.components, 3);
+    for (std::size_t size = 4; size < 30; ++size)
+        EXPECT_THROW(readJpegHeader(std::span(jpeg).first(size)), OutputError) << size;
+    const Box box = fitInto({10, 10, 100, 100}, 3, 2);
+    EXPECT_FLOAT_EQ(box.width, 100);
+    EXPECT_FLOAT_EQ(box.height, 200.0F / 3);
+    EXPECT_FLOAT_EQ(box.top, 10 + 50.0F / 3);
+}
+
+}  // namespace
+}  // namespace quillo::test
