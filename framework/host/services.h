@@ -32,6 +32,8 @@ public:
     virtual int Count() const = 0;
     // The key is the currency's id as text. Throws NameError when there is none.
     virtual const CurrencyRecord& Item(std::string_view id) const = 0;
+    // The currency of an ISO code, null when the company has none.
+    virtual const CurrencyRecord* findCode(std::string_view code) const = 0;
 };
 
 class CurrencyInfo {

@@ -1,0 +1,105 @@
+#include "apps/quillo/company_commands.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <iomanip>
+#include <ostream>
+
+#include "demo/demo_company.h"
+#include "host/check/books_check.h"
+#include "host/check/company_check.h"
+#include "host/company/company_file.h"
+#include "host/database/company_schema.h"
+#include "host/database/sqlite_handle.h"
+
+namespace quillo::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+void refuseExisting(const std::string& path) {
+    if (fs::exists(path)) throw UsageError(path + " is there already; nothing was changed");
+}
+
+sqlite::Database openToCheck(const std::string& path) {
+    if (!fs::exists(path)) throw CompanyError(path + ": there is no such file");
+    try {
+        return sqlite::Database(path, sqlite::Open::readOnly);
+    } catch (const std::exception& failure) {
+        throw CompanyError(path + ": " + failure.what());
+    }
+}
+
+int printBooks(const sqlite::Database& company, const Console& console) {
+    const auto lines = checkBooks(company);
+    std::size_t width = 0;
+    for (const BooksLine& line : lines) width = std::max(width, line.name.size());
+    for (const BooksLine& line : lines)
+        console.out << std::left << std::setw(static_cast<int>(width) + 2) << line.name << std::right << std::setw(20) << line.left.toText() << std::setw(20) << line.right.toText() << (line.ok() ? "  ok" : "  DIFFERS") << '\n';
+    const bool allEqual = std::all_of(lines.begin(), lines.end(), [](const BooksLine& line) { return line.ok(); });
+    if (!allEqual) console.complain("the books do not agree");
+    return allEqual ? ExitStatus::done : ExitStatus::failures;
+}
+
+}  // namespace
+
+// Written beside its place and moved there whole, so that a failure leaves nothing behind.
+void newCompany(const std::string& path, const Console& console) {
+    refuseExisting(path);
+    const std::string part = path + ".part" + std::to_string(getpid());
+    try {
+        sqlite::Database company(part, sqlite::Open::create);
+        company.execute("BEGIN");
+        company.execute(std::string(companySchema()));
+        company.execute("COMMIT");
+        fs::rename(part, path);
+    } catch (const std::exception& failure) {
+        std::error_code ignored;
+        fs::remove(part, ignored);
+        throw UsageError(path + " cannot be written: " + failure.what());
+    }
+    console.out << path << '\n';
+}
+
+void demoCompany(const std::string& path, int scale, std::uint64_t seed, const Console& console) {
+    refuseExisting(path);
+    if (scale < 1) throw UsageError("--scale is 1 or more");
+    try {
+        writeDemoCompany(path, {scale, seed});
+    } catch (const std::exception& failure) {
+        throw UsageError(path + " cannot be written: " + failure.what());
+    }
+    console.out << path << '\n';
+}
+
+int checkCompanyFile(const std::string& path, bool books, const Console& console) {
+    const sqlite::Database company = openToCheck(path);
+    const auto lacks = checkCompany(company);
+    for (const std::string& line : lacks) console.out << line << '\n';
+    if (!lacks.empty()) {
+        console.complain(path + " is no complete company");
+        return ExitStatus::noCompany;
+    }
+    if (books) return printBooks(company, console);
+    console.out << path << " is a company of version " << companyVersion << '\n';
+    return ExitStatus::done;
+}
+
+ScratchCompany::ScratchCompany() {
+    std::string pattern = (fs::temp_directory_path() / "quillo-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw UsageError("no temporary folder can be made");
+    folder_ = pattern;
+    path_ = folder_ + "/scratch.db";
+    sqlite::Database company(path_, sqlite::Open::create);
+    company.execute(std::string(companySchema()));
+}
+
+ScratchCompany::~ScratchCompany() {
+    std::error_code ignored;
+    fs::remove_all(folder_, ignored);
+}
+
+}  // namespace quillo::app

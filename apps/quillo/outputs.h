@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "apps/quillo/console.h"
+#include "framework/engine/page.h"
+#include "framework/values/date.h"
+#include "output/page_frame.h"
+#include "output/text_shaper.h"
+
+namespace quillo::app {
+
+// What an output needs to know of the run beside its pages.
+struct OutputRequest {
+    std::string format;  // pdf, png, json, or empty: by the file's ending, JSON without a file
+    std::string path;    // empty: standard output
+    double resolution = 110;
+    std::string report, member, title;
+    std::string language;
+    PageFrameTexts frame;
+    Date sessionDate;
+    std::function<std::vector<std::string>()> failures;
+    std::shared_ptr<TextShaper> shaper;
+};
+
+// The format that the request comes to. Throws UsageError for one that is unknown, not there yet, or needs a file.
+std::string formatOf(const OutputRequest& request);
+
+// The sink that takes the pages, the host's frame included where the format has one. Throws UsageError
+// when the file cannot be written.
+std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console);
+
+}  // namespace quillo::app

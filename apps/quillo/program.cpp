@@ -1,0 +1,139 @@
+#include "apps/quillo/program.h"
+
+#include <CLI/CLI.hpp>
+#include <ostream>
+
+#include "apps/quillo/company_commands.h"
+#include "apps/quillo/run_command.h"
+
+namespace quillo::app {
+namespace {
+
+// NAME=VALUE pairs of an option that may be given several times.
+void addPairs(CLI::App& command, const std::string& name, NamedValues& target, const std::string& description) {
+    command
+        .add_option_function<std::vector<std::string>>(
+            name,
+            [&target, name](const std::vector<std::string>& given) {
+                for (const std::string& text : given) {
+                    const auto equals = text.find('=');
+                    if (equals == std::string::npos || equals == 0) throw CLI::ValidationError(name, "takes NAME=VALUE, not \"" + text + "\"");
+                    target.emplace_back(text.substr(0, equals), text.substr(equals + 1));
+                }
+            },
+            description)
+        ->type_name("NAME=VALUE")
+        ->take_all()
+        ->expected(1);
+}
+
+void addRunOptions(CLI::App& run, RunRequest& request) {
+    run.add_option("member", request.member, "The report: a name that \"quillo list\" gives")->required();
+    run.add_option("--company", request.company, "The company file")->type_name("DB");
+    run.add_option("--from", request.from, "First day, 2024-01-01; without it there is no limit")->type_name("DATE");
+    run.add_option("--to", request.to, "Last day")->type_name("DATE");
+    run.add_flag("--foreign", request.foreign, "Amounts in foreign currency");
+    run.add_option("--where", request.where, "Condition over the report's tables: \"CustId BETWEEN 'A' AND 'M'\"")->type_name("CONDITION");
+    run.add_option("--order", request.order, "Order: \"Cust.Name, InvoiDate DESC\"")->type_name("COLUMNS");
+    run.add_flag("--cancel-filter", request.cancelFilter, "Behave as a user who cancels the filter");
+    run.add_option("--segments", request.segments, "Segments by id: 1,2")->type_name("IDS");
+    run.add_flag("--no-segment", request.noSegment, "Include rows without segment");
+    addPairs(run, "--set", request.properties, "A property of the report: InvoiceType=51");
+    addPairs(run, "--option", request.options, "An option of the report's dialog: chkIncludeZeroOrders=false");
+    run.add_flag("--reevaluate", request.reevaluate, "Re-evaluate foreign balances");
+    run.add_option("--rates-date", request.ratesDate, "Date of the rates")->type_name("DATE");
+    addPairs(run, "--rate", request.rates, "A rate to home currency: USD=1.35");
+    run.add_option("--language", request.language, "en, fr, a file of texts, or ids to see each text's number")->type_name("L");
+    run.add_option("--locale", request.locale, "Formats of dates, numbers and money: fr_CA")->type_name("L");
+    run.add_option("--dialect", request.dialect, "sqlserver (default) or jet")->type_name("D");
+    run.add_option("--session-date", request.sessionDate, "The date of the session, printed as today's")->type_name("DATE");
+    run.add_option("--format", request.format, "pdf, png or json; else by the file's ending")->type_name("F");
+    run.add_option("-o,--output", request.output, "The file to write; JSON goes to standard output without it")->type_name("FILE");
+    run.add_option("--resolution", request.resolution, "Dots to the inch of a PNG")->check(CLI::Range(20.0, 1200.0));
+    run.add_option("--trace-sql", request.traceSql, "Write every SQL text with its parameters, a JSON object a line")->type_name("FILE");
+    run.add_option("--comparable", request.comparable, "Write the comparable tables (XML) of a report that has them")->type_name("FILE");
+    addPairs(run, "--setting", request.settings, "A numbered company setting for this run: 104=0");
+    addPairs(run, "--parameter", request.parameters, "A company parameter for this run: UseAccountNumbers=False");
+    run.add_option("--max-pages", request.maxPages, "Stop a run that gives more pages")->check(CLI::Range(1, 10000000));
+}
+
+// "quillo run MEMBER --help" tells of the report, not only of the command.
+bool asksForMember(const std::vector<std::string>& arguments) {
+    if (arguments.size() < 3 || arguments[0] != "run" || arguments[1].starts_with("-")) return false;
+    return std::find(arguments.begin(), arguments.end(), "--help") != arguments.end() || std::find(arguments.begin(), arguments.end(), "-h") != arguments.end();
+}
+
+int dispatch(const std::vector<std::string>& arguments, const Console& console) {
+    CLI::App program("Quillo prints the accounts-receivable reports of a company file.", "quillo");
+    program.require_subcommand(1);
+    program.set_version_flag("--version", "quillo 1.0.0");
+
+    std::string path, language = "en";
+    int scale = 1;
+    std::uint64_t seed = 1;
+    bool books = false;
+    RunRequest request;
+
+    auto* create = program.add_subcommand("new", "Make an empty company: schema, views and settings");
+    create->add_option("file", path, "The company file to make")->required();
+    auto* demo = program.add_subcommand("demo", "Make the demo company: three years of a made-up trade");
+    demo->add_option("file", path, "The company file to make")->required();
+    demo->add_option("--scale", scale, "Multiplies the documents")->check(CLI::Range(1, 1000));
+    demo->add_option("--seed", seed, "The same seed gives the same company");
+    auto* list = program.add_subcommand("list", "Name the reports and what each takes");
+    list->add_option("--language", language, "en, fr, ids or a file of texts");
+    auto* check = program.add_subcommand("check", "Tell what a company file lacks");
+    check->add_option("company", path, "The company file")->required();
+    check->add_flag("--books", books, "Prove the books: ledger against documents");
+    auto* run = program.add_subcommand("run", "Print a report");
+    addRunOptions(*run, request);
+    run->footer("Example: quillo run CustList --company demo.db --where \"Name LIKE 'A%'\" --order Name -o customers.pdf\n"
+                "\"quillo run MEMBER --help\" tells a report's own properties and options.");
+
+    try {
+        std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+        program.parse(reversed);
+    } catch (const CLI::ParseError& failure) {
+        if (failure.get_exit_code() == 0) {
+            if (asksForMember(arguments)) {
+                describeMember(arguments[1], request.language.empty() ? "en" : request.language, console);
+                console.out << '\n';
+            }
+            return program.exit(failure, console.out, console.err) == 0 ? ExitStatus::done : ExitStatus::wrongArguments;
+        }
+        throw UsageError(std::string(failure.what()) + " (\"quillo --help\" tells more)");
+    }
+
+    if (*create) {
+        newCompany(path, console);
+    } else if (*demo) {
+        demoCompany(path, scale, seed, console);
+    } else if (*list) {
+        listMembers(language, console);
+    } else if (*check) {
+        return checkCompanyFile(path, books, console);
+    } else {
+        if (request.company.empty()) throw UsageError("--company is required: a company file");
+        return runReportCommand(request, console);
+    }
+    return ExitStatus::done;
+}
+
+}  // namespace
+
+int runProgram(const std::vector<std::string>& arguments, const Console& console) {
+    try {
+        return dispatch(arguments, console);
+    } catch (const UsageError& failure) {
+        console.complain(failure.what());
+        return ExitStatus::wrongArguments;
+    } catch (const CompanyError& failure) {
+        console.complain(failure.what());
+        return ExitStatus::noCompany;
+    } catch (const std::exception& failure) {
+        console.complain(failure.what());
+        return ExitStatus::failures;
+    }
+}
+
+}  // namespace quillo::app
