@@ -3,11 +3,12 @@
 // The numbers of the host's own texts, those that no report names.
 namespace quillo::HostText {
 
-inline constexpr int sortedBy = 20201, sortedByAlone = 20202, segments = 20203;
+inline constexpr int sortedBy = 20101, sortedByAlone = 20102, segments = 20103;
 
 // A filter in words; %1 is the column, %2 and %3 are values.
-inline constexpr int between = 20210, notBetween = 20211, like = 20212, notLike = 20213, isIn = 20214, isNotIn = 20215, isEmpty = 20216,
-                     isNotEmpty = 20217, equals = 20218, differs = 20219, below = 20220, atMost = 20221, above = 20222, atLeast = 20223,
-                     startsWith = 20224, contains = 20225, both = 20226, either = 20227, negation = 20228, descending = 20229;
+inline constexpr int between = 20110, notBetween = 20111, like = 20112, notLike = 20113, isIn = 20114, isNotIn = 20115,
+                     isEmpty = 20116, isNotEmpty = 20117, equals = 20118, differs = 20119, below = 20120,
+                     atMost = 20121, above = 20122, atLeast = 20123, startsWith = 20124, contains = 20125, both = 20126,
+                     either = 20127, negation = 20128, descending = 20129;
 
 }  // namespace quillo::HostText

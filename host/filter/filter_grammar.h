@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "framework/values/variant.h"
+#include "host/filter/filter_scope.h"
+
+// The language of filters: conditions
+//   Name LIKE 'A%' AND (Cust.CreditLim >= 1000 OR NOT SalesPerson IS NULL) AND CustId BETWEEN 'A' AND 'M'
+// and orders
+//   Name, Cust.CustId DESC
+// over the columns of a scope. There are no functions, sub-selects, comments, quoted names or "?".
+namespace quillo {
+
+using FilterOperand = std::variant<Variant, FilterColumn>;
+
+struct FilterCondition {
+    enum class Kind { comparison, between, like, in, isNull, all, any, negation };
+    Kind kind = Kind::comparison;
+    bool negated = false;                     // NOT BETWEEN, NOT LIKE, NOT IN, IS NOT NULL
+    FilterColumn column;                      // of a test
+    std::string sign;                         // of a comparison
+    std::vector<FilterOperand> operands;      // what the column is tested against
+    std::vector<FilterCondition> conditions;  // of all, any and negation
+};
+
+struct FilterOrder {
+    FilterColumn column;
+    bool descending = false;
+};
+
+// Nothing for blanks alone. Throw InputError with the character at which the text is refused, and what
+// stands there.
+std::optional<FilterCondition> parseFilterCondition(std::string_view text, const FilterScope& scope);
+std::vector<FilterOrder> parseFilterOrder(std::string_view text, const FilterScope& scope);
+
+}  // namespace quillo

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/company/catalogue.h"
+
+namespace quillo {
+
+// A column as its table spells it.
+struct FilterColumn {
+    std::string table;
+    std::string column;
+};
+
+// The columns over which a report lets its user filter: those of a list of tables and columns such as
+// "InvoiHdr, Cust, WorldCurrency.Descr".
+class FilterScope {
+public:
+    // Throws InputError for a table or a column that the catalogue does not have.
+    FilterScope(std::string_view list, const Catalogue& catalogue);
+
+    // Finds "Table.Column", or a column that stands alone when only one table has it. Throws InputError
+    // that says what is wrong, without a place.
+    FilterColumn find(std::string_view table, std::string_view column) const;
+
+private:
+    struct Entry {
+        std::string table;
+        std::vector<std::string> columns;
+    };
+    void add(std::string_view entry, const Catalogue& catalogue);
+    std::string tableNames() const;
+    std::vector<Entry> entries_;
+};
+
+}  // namespace quillo

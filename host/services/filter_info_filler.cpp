@@ -1,0 +1,52 @@
+#include "host/services/filter_info_filler.h"
+
+#include "framework/engine/report.h"
+#include "host/language/host_texts.h"
+
+namespace quillo {
+namespace {
+
+constexpr std::string_view design = R"({
+  "name": "dsrFilterAndSortByInfo",
+  "page": {"width": 12240, "height": 15840, "left": 720, "right": 720, "top": 720, "bottom": 720},
+  "sections": [
+    {"name": "Detail", "kind": "detail", "height": 210, "controls": [
+      {"kind": "Label", "name": "lblFilter", "left": 0, "top": 0, "width": 10800, "height": 210, "style": "filter", "canGrow": true}
+    ]}
+  ]
+})";
+constexpr float lineHeight = 210;
+
+// One growing line of text, as wide as the control that it is printed in.
+class FilterText final : public Report {
+public:
+    FilterText(HostContext& context, const std::string& text, float width)
+        : Report("dsrFilterAndSortByInfo", context, design) {
+        Label& line = label("lblFilter");
+        line.Caption = text;
+        line.Width = width;
+    }
+};
+
+std::string filterText(const FilterInfo& info, const Application& application, std::string_view segments) {
+    std::string text = info.where;
+    if (!info.order.empty()) {
+        text += text.empty() ? application.GetText(HostText::sortedByAlone)
+                             : "; " + application.GetText(HostText::sortedBy);
+        text += " " + info.order;
+    }
+    if (!segments.empty())
+        text += (text.empty() ? "" : "\n") + application.GetText(HostText::segments) + " " + std::string(segments);
+    return text;
+}
+
+}  // namespace
+
+void FilterTextFiller::FillFilterInfo(SubReport& control, const FilterInfo& info, Application& application,
+                                      std::string_view segments) {
+    const std::string text = filterText(info, application, segments);
+    control.Object = text.empty() ? nullptr : std::make_shared<FilterText>(context_, text, control.Width);
+    control.Height = text.empty() ? 0 : lineHeight;
+}
+
+}  // namespace quillo

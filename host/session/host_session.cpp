@@ -1,0 +1,47 @@
+#include "host/session/host_session.h"
+
+#include <ctime>
+
+#include "framework/values/errors.h"
+#include "host/locale/icu_locale.h"
+
+namespace quillo {
+namespace {
+
+Language companyLanguage(const CompanyFile& file, const std::string& asked) {
+    Language language = Language::load(asked.empty() ? file.fact("Language", "en") : asked, {file.folder()});
+    for (auto& [id, text] : file.textOverrides(language.code())) language.replace(id, std::move(text));
+    return language;
+}
+
+// Amounts carry the sign of the home currency.
+LocaleFormat companyLocale(const CompanyFile& file, const std::string& asked) {
+    const int home = file.integerFact("HomeCurrencyId", 1);
+    sqlite::Statement row(file.handle(), "SELECT CurrencyCode FROM WorldCurrency WHERE InCurrencyId = ?");
+    if (!row.bind(1, home).step())
+        throw InputError("The company file " + file.path() + " has no home currency: WorldCurrency lacks the key " +
+                         std::to_string(home));
+    return makeLocaleFormat(asked.empty() ? file.fact("Locale", "en_CA") : asked, row.text(0));
+}
+
+Date today() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return Date::fromCivil(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+}
+
+}  // namespace
+
+HostSession::HostSession(const SessionOptions& options, Messages& messages)
+    : file_(options.company),
+      language_(companyLanguage(file_, options.language)),
+      locale_(companyLocale(file_, options.locale)),
+      company_(file_, language_.code(), options.dialect, options.settings, options.parameters),
+      utils_(company_.DatabaseKind(), locale_, language_),
+      localizer_(language_),
+      filterInfoFiller_(*this),
+      messages_(messages),
+      sessionDate_(options.sessionDate ? *options.sessionDate : today()) {}
+
+}  // namespace quillo

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "framework/host/services.h"
+#include "host/company/company_file.h"
+#include "host/language/language.h"
+#include "host/services/filter_info_filler.h"
+#include "host/services/localizer.h"
+#include "host/services/report_utils.h"
+#include "host/session/session_company.h"
+
+namespace quillo {
+
+// What a session is opened with. What is left empty comes from the company.
+struct SessionOptions {
+    std::string company;                            // path of the file
+    std::string language;                           // a code, a file of texts, or "ids"
+    std::string locale;                             // "fr_CA"
+    std::optional<int> dialect;                     // the database kind that the company reports: 0 SQL Server, 1 Jet
+    std::optional<Date> sessionDate;                // empty: today
+    std::map<int, std::string> settings;            // numbered settings for this run alone
+    std::map<std::string, std::string> parameters;  // named parameters for this run alone
+};
+
+// Everything that reports ask of their host, for one company and one run. It must outlive the reports
+// made with it. One thread.
+class HostSession final : public HostContext, public Application {
+public:
+    // Throws InputError that says what cannot be opened and why. messages must outlive the session.
+    HostSession(const SessionOptions& options, Messages& messages);
+    HostSession(const HostSession&) = delete;
+    HostSession& operator=(const HostSession&) = delete;
+
+    // HostContext
+    Company& company() override { return company_; }
+    std::string GetText(int id) const override { return language_.text(id); }
+    const LocaleFormat& locale() const override { return locale_; }
+    const ReportUtils& utils() const override { return utils_; }
+    ReportLocalizer& localizer() override { return localizer_; }
+    FilterInfoFiller& filterInfoFiller() override { return filterInfoFiller_; }
+    Messages& messages() override { return messages_; }
+
+    // Application
+    CurrencyInfo& currencyInfo() override { return company_.currencies(); }
+    std::string CieCountry() const override { return file_.fact("Country", ""); }
+    Date SessionDate() const override { return sessionDate_; }
+    int DefaultWarehouseID() const override { return file_.integerFact("DefaultWarehouseId", 0); }
+    GeneralLedgerQueries& generalLedger() override { return company_.generalLedger(); }
+
+    CompanyFile& file() { return file_; }
+    const Language& language() const { return language_; }
+    std::string companyName() const { return file_.fact("Name", ""); }
+
+private:
+    CompanyFile file_;
+    Language language_;
+    LocaleFormat locale_;
+    SessionCompany company_;
+    HostReportUtils utils_;
+    TagLocalizer localizer_;
+    FilterTextFiller filterInfoFiller_;
+    Messages& messages_;
+    Date sessionDate_;
+};
+
+}  // namespace quillo

@@ -1,0 +1,29 @@
+#include "host/session/session_company.h"
+
+#include "framework/values/names.h"
+
+namespace quillo {
+
+SessionCompany::SessionCompany(CompanyFile& file, std::string_view language, std::optional<int> dialect,
+                               std::map<int, std::string> settings, std::map<std::string, std::string> parameters)
+    : file_(file),
+      databaseKind_(dialect ? *dialect : file.integerFact("DatabaseKind", 0)),
+      settings_(file, std::move(settings)),
+      parameters_(std::move(parameters)),
+      dictionary_(file.handle(), language),
+      currencies_(file, dictionary_),
+      customerStatistics_(file.handle()),
+      addressBook_(file.handle()),
+      projects_(file.handle()),
+      accountGroups_(file.handle()),
+      customFields_(file.handle()),
+      generalLedger_(file.handle()) {}
+
+std::string SessionCompany::GetParameter(std::string_view name, std::string_view defaultValue,
+                                         std::string_view section) const {
+    for (const auto& [asked, value] : parameters_)
+        if (equalNames(asked, name)) return value;
+    return file_.parameter(section, name).value_or(std::string(defaultValue));
+}
+
+}  // namespace quillo

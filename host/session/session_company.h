@@ -1,0 +1,56 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "framework/host/services.h"
+#include "host/company/company_file.h"
+#include "host/services/address_book.h"
+#include "host/services/company_lists.h"
+#include "host/services/currencies.h"
+#include "host/services/customer_statistics.h"
+#include "host/services/dictionary.h"
+#include "host/services/settings.h"
+
+namespace quillo {
+
+// The company of a session: its file, with what this run alone sets otherwise.
+class SessionCompany final : public Company {
+public:
+    // file must outlive it. language: the code of the user's language.
+    SessionCompany(CompanyFile& file, std::string_view language, std::optional<int> dialect,
+                   std::map<int, std::string> settings, std::map<std::string, std::string> parameters);
+
+    int DatabaseKind() const override { return databaseKind_; }
+    HostDatabase& Database() override { return file_.database(); }
+    const Settings& settings() const override { return settings_; }
+    std::string GetParameter(std::string_view name, std::string_view defaultValue,
+                             std::string_view section) const override;
+    int HomeCurrencyId() const override { return currencies_.CieHomeCurrencyId(); }
+    CustomerStatistics& customerStatistics() override { return customerStatistics_; }
+    AddressBook& addressBook() override { return addressBook_; }
+    Projects& projects() override { return projects_; }
+    AccountGroups& accountGroups() override { return accountGroups_; }
+    DictionaryService& dictionary() override { return dictionary_; }
+    CustomFields& customFields() override { return customFields_; }
+
+    CompanyCurrencies& currencies() { return currencies_; }
+    GeneralLedgerQueries& generalLedger() { return generalLedger_; }
+
+private:
+    CompanyFile& file_;
+    int databaseKind_;
+    CompanySettings settings_;
+    std::map<std::string, std::string> parameters_;
+    CompanyDictionary dictionary_;
+    CompanyCurrencies currencies_;
+    SqliteCustomerStatistics customerStatistics_;
+    SqliteAddressBook addressBook_;
+    SqliteProjects projects_;
+    SqliteAccountGroups accountGroups_;
+    SqliteCustomFields customFields_;
+    SqliteLedgerQueries generalLedger_;
+};
+
+}  // namespace quillo

@@ -1,0 +1,74 @@
+#include "host/company/company_file.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "framework/values/errors.h"
+#include "tests/host/test_company.h"
+
+namespace quillo {
+namespace {
+
+std::string failureOf(const std::string& path) {
+    try {
+        const CompanyFile file(path);
+    } catch (const InputError& failure) {
+        std::string text = failure.what();
+        const auto at = text.find(path);
+        return at == std::string::npos ? text : text.replace(at, path.size(), "F");
+    }
+    return "";
+}
+
+TEST(CompanyFile, TellsWhatTheFileSays) {
+    const test::TestCompany company(
+        "UPDATE CompanyFact SET Value = 'Acme' WHERE Name = 'Name'; UPDATE CompanyFact SET Value = 'x' WHERE Name = "
+        "'DatabaseKind';"
+        "INSERT INTO Parameter VALUES ('KorvaAcctParams', 'CustPriod1', '45'), ('', 'UseAccountNumbers', 'False');"
+        "INSERT INTO Setting VALUES (7, '1'); INSERT INTO TextOverride VALUES ('en', 1911, 'Conditions'), ('fr', 1911, "
+        "'Modes')");
+    const CompanyFile file(company.path());
+    EXPECT_EQ(file.fact("name", ""), "Acme");
+    EXPECT_EQ(file.fact("Motto", "none"), "none");
+    EXPECT_EQ(file.integerFact("HomeCurrencyId", 9), 1);
+    EXPECT_EQ(file.integerFact("Floor", 9), 9);
+    EXPECT_THROW(file.integerFact("DatabaseKind", 0), InputError);
+    EXPECT_EQ(file.parameter("KorvaAcctParams", "CUSTPRIOD1"), "45");
+    EXPECT_EQ(file.parameter("", "CustPriod1"), "45");
+    EXPECT_EQ(file.parameter("Other", "CustPriod1"), std::nullopt);
+    EXPECT_EQ(file.setting(7), "1");
+    EXPECT_EQ(file.setting(8), std::nullopt);
+    EXPECT_EQ(file.textOverrides("fr"), (std::vector<std::pair<int, std::string>>{{1911, "Modes"}}));
+    EXPECT_EQ(file.catalogue().column("cust", "CUSTID"), "CustId");
+    EXPECT_TRUE(file.catalogue().hasTable("InvoiOutstandingAll_View"));
+    EXPECT_TRUE(file.catalogue().columns("Nobody").empty());
+}
+
+TEST(CompanyFile, ReadsTheVersionThatTheSchemaMakes) {
+    const test::TestCompany company;
+    sqlite::Database database(company.path(), sqlite::Open::readOnly);
+    EXPECT_EQ(database.integer("PRAGMA user_version"), companyVersion);
+}
+
+TEST(CompanyFile, FilesThatAreNoCompany) {
+    EXPECT_EQ(failureOf("/no/such.db"), "The company file F does not exist");
+    EXPECT_EQ(failureOf("/tmp"), "The company file F is not a file");
+    const test::TemporaryFile text(".txt");
+    text.write(std::string(5000, 'x'));
+    EXPECT_EQ(failureOf(text.path()), "The company file F cannot be read: file is not a database");
+    const test::TemporaryFile empty;
+    empty.write("");
+    EXPECT_EQ(failureOf(empty.path()), "The company file F is not a company: it has no table CompanyFact");
+
+    const test::TestCompany other("PRAGMA user_version = 99");
+    EXPECT_EQ(failureOf(other.path()), "The company file F is of version 99; this program reads version 1");
+    const test::TestCompany lacking("DROP TABLE Setting");
+    EXPECT_EQ(failureOf(lacking.path()), "The company file F lacks the table Setting");
+    const test::TestCompany truncated;
+    std::filesystem::resize_file(truncated.path(), std::filesystem::file_size(truncated.path()) / 2);
+    EXPECT_EQ(failureOf(truncated.path()), "The company file F cannot be read: database disk image is malformed");
+}
+
+}  // namespace
+}  // namespace quillo

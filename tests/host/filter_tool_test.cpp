@@ -1,0 +1,141 @@
+#include "host/filter/filter_tool.h"
+
+#include <gtest/gtest.h>
+
+#include "framework/values/errors.h"
+#include "tests/host/test_company.h"
+
+namespace quillo {
+namespace {
+
+class FilterToolTest : public testing::Test {
+protected:
+    FilterToolTest() : session_("INSERT INTO Cust (InCustId, CustId, Name, CreditLim) VALUES (1, 'A', 'Ash', 100)") {}
+
+    // The filter string, or the refusal; "cancel" when the user cancelled.
+    std::string filter(const FilterChoice& choice, const std::string& tables = "Cust, InvoiHdr ,WorldCurrency.Descr") {
+        std::string delivered = "nothing";
+        HeadlessFilterTool tool(choice, session_->file().catalogue(), *session_,
+                                [&](const std::string& text) { delivered = text; });
+        bool cancel = false;
+        try {
+            tool.GetFilter(tables, true, true, cancel, true, true);
+        } catch (const InputError& refusal) {
+            EXPECT_TRUE(cancel);
+            EXPECT_EQ(tool.failure(), refusal.what());
+            EXPECT_EQ(delivered, "nothing");
+            return refusal.what();
+        }
+        info_ = tool.GetFilterInfo();
+        return cancel ? "cancel" : delivered;
+    }
+
+    test::TestSession session_;
+    FilterInfo info_;
+};
+
+TEST_F(FilterToolTest, DeliversWhatTheUserAskedFor) {
+    EXPECT_EQ(filter({.where = " CustId = 'A' ", .order = " Name DESC "}), "CustId = 'A'|Name DESC");
+    EXPECT_EQ(filter({.where = "Cust.CustId = 'A'"}), "Cust.CustId = 'A'|");
+    EXPECT_EQ(filter({.order = "Name"}), "|Name");
+    EXPECT_EQ(filter({.order = "Name", .leadingSeparator = true}), "|, Name");
+    EXPECT_EQ(filter({.where = "Name = 'x'", .leadingSeparator = true}), "Name = 'x'|");
+    EXPECT_EQ(filter({.where = "  ", .order = ""}), "");
+    EXPECT_EQ(filter({.where = "nonsense ((", .cancel = true}), "cancel");
+}
+
+TEST_F(FilterToolTest, AcceptsConditionsThatTheDatabaseRuns) {
+    for (const char* where :
+         {"CustId BETWEEN 'A' AND 'M'", "Cust.Name LIKE 'A%' AND NOT (CreditLim >= 1000.50 OR CreditLim < -3)",
+          "CustId IN ('A', 'B')", "CustId NOT IN (1, -2)", "Contact IS NULL OR Contact IS NOT NULL",
+          "Name NOT LIKE '%''%'", "CreditLim NOT BETWEEN 1 AND 2", "CustId = Name", "cust.custid <> 'x'",
+          "((Name = 'O''Hara; -- no comment'))", "NOT NOT Name = ''", "InCustId=1"}) {
+        const std::string delivered = filter({.where = where}, "Cust");
+        ASSERT_EQ(delivered, std::string(where) + "|");
+        EXPECT_NO_THROW(session_->company().Database().OpenRecordset(
+            "SELECT 1 FROM Cust WHERE (" + std::string(where) + ") ", 4, 0))
+            << where;
+        EXPECT_FALSE(info_.where.empty()) << where;
+    }
+    EXPECT_EQ(filter({.order = "Category_Sub.Descr ASC, Category.Descr"},
+                     "Item, Category.Descr, Category_Sub.Descr AS Category_SubDescr "),
+              "|Category_Sub.Descr ASC, Category.Descr");
+}
+
+TEST_F(FilterToolTest, RefusesEverythingElseWithItsPlace) {
+    struct Case {
+        const char* where;
+        const char* place;  // what the refusal must say
+    };
+    const Case cases[] = {
+        {"Name = 'x'; DELETE FROM Cust", "character 11: AND, OR or the end is expected at \"; DELETE FROM Cust\""},
+        {"Name = 'x' -- y", "character 12: AND, OR or the end is expected at \"-- y\""},
+        {"Name = 'x' /* y */", "character 12"},
+        {"Name = \"x\"", "character 8: a value or a column is expected at \"\"x\"\""},
+        {"[Name] = 'x'", "character 1: a column is expected"},
+        {"Name = 'x", "character 8: the quote has no end at \"'x\""},
+        {"Name LIKE 'it's'", "character 15"},
+        {"Name = 'x' UNION SELECT 1", "character 12"},
+        {"Name IN (SELECT Name FROM Cust)", "character 10: a value is expected"},
+        {"Name IN ()", "character 10: a value is expected"},
+        {"EXISTS (SELECT 1)", "character 1: there is no column EXISTS in Cust, InvoiHdr, WorldCurrency"},
+        {"LOWER(Name) = 'x'", "character 1: there is no column LOWER"},
+        {"Name = LOWER('x')", "character 8: there is no column LOWER"},
+        {"Name = ?", "character 8"},
+        {"Name = 'a|b'", "character 10: \"|\" cannot stand in a filter"},
+        {"Salary = 1", "character 1: there is no column Salary"},
+        {"Name = 'x' AND Supp.Name = 'y'",
+         "character 16: this report filters by Cust, InvoiHdr, WorldCurrency, not by a table Supp"},
+        {"WorldCurrency.CurrencyCode = 'CAD'", "character 1: there is no column CurrencyCode in WorldCurrency"},
+        {"ExTermId = 1", "character 1: both Cust and InvoiHdr have a column ExTermId"},
+        {"(Name = 'x'", "character 12: \")\" is expected at its end"},
+        {"Name = 'x')", "character 11"},
+        {"Name", "character 5: a comparison is expected at its end"},
+        {"Name =", "character 7"},
+        {"= 'x'", "character 1"},
+        {"Name BETWEEN 'a'", "character 17: AND is expected"},
+        {"Name IS 'x'", "character 9: NULL is expected"},
+        {"Name NOT 'x'", "character 10: BETWEEN, LIKE or IN is expected"},
+        {"Name LIKE 5", "character 11: a text in single quotes is expected"},
+        {"CreditLim = 1 + 1", "character 15"},
+        {"CreditLim = 1.2.3", "character 16"},
+        {"Name COLLATE BINARY = 'x'", "character 6: a comparison is expected"},
+    };
+    for (const Case& one : cases) {
+        const std::string refusal = filter({.where = one.where});
+        EXPECT_NE(refusal.find(std::string("The filter's condition, ") + one.place), std::string::npos)
+            << one.where << "\n"
+            << refusal;
+    }
+    const std::string deep = std::string(100000, '(') + "Name = 'x'";
+    EXPECT_NE(filter({.where = deep}).find("nested too deep"), std::string::npos);
+    for (const char* order : {"Name,", ",Name", "Name DOWN", "Name; DROP TABLE Cust", "1", "Name DESC ASC", "(Name)",
+                              "LEN(Name)", "Name|CustId", "Name COLLATE BINARY", "'Name'", "Supp.Name"})
+        EXPECT_NE(filter({.order = order}).find("The filter's order, character "), std::string::npos) << order;
+    EXPECT_NE(filter({.where = "A = 1"}, "Nowhere").find("no table Nowhere"), std::string::npos);
+    EXPECT_NE(filter({.where = "A = 1"}, "Cust.Salary").find("no column Cust.Salary"), std::string::npos);
+}
+
+TEST_F(FilterToolTest, TellsTheFilterInWords) {
+    struct Case {
+        const char* where;
+        const char* words;
+    };
+    const Case cases[] = {
+        {"CustId BETWEEN 'A' AND 'M'", "Code from A to M"},
+        {"Name LIKE 'A%' OR Name LIKE '%Ltd%' AND Name LIKE '_x'",
+         "Company starting with A or (Company containing Ltd and Company like _x)"},
+        {"CreditLim >= 1000.5 AND NOT Contact IS NULL", "Credit limit from 1000.5 and not (Contact empty)"},
+        {"CustId IN ('A', 'B') AND CustId <> 'C'", "Code one of A, B and Code is not C"},
+        {"InvoiDate < '2024-02-09'", "Date below 2/9/2024"},
+        {"TelExt1 = Tel1", "TelExt1 is Telephone"},
+    };
+    for (const Case& one : cases) {
+        filter({.where = one.where, .order = "Name, CustId DESC, ToApprove"});
+        EXPECT_EQ(info_.where, one.words);
+        EXPECT_EQ(info_.order, "Company, Code (descending), ToApprove");
+    }
+}
+
+}  // namespace
+}  // namespace quillo
