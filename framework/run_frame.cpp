@@ -81,10 +81,14 @@ void ReportFrame::replaceCaptions(const SubReport& filter, Label& first, std::in
 
 void ReportFrame::setEndLine(Label& lblEnd, int textId) { lblEnd.Caption = std::to_string(m_lngRecordCount) + " " + GetText(textId); }
 
-bool FilterableReport::askFilter(const std::string& tables, bool flagA) {
+bool FilterableReport::askFilter(const std::string& tables, bool flagA, std::source_location step) {
     bool cancel = false;
-    STEP(if (m_objFilterTool == nullptr) throw NameError("The report has no filter tool");
-         m_objFilterTool->GetFilter(tables, flagA, true, cancel, true, true));
+    try {
+        if (m_objFilterTool == nullptr) throw NameError("The report has no filter tool");
+        m_objFilterTool->GetFilter(tables, flagA, true, cancel, true, true);
+    } catch (const std::exception& failure) {
+        showFailure(failure.what(), "ActiveReport_ReportStart", static_cast<int>(step.line()));
+    }
     return !cancel;
 }
 
