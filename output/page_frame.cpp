@@ -7,7 +7,7 @@ namespace {
 
 constexpr float edge = 480;          // between the paper's edge and the frame: what printers can reach
 constexpr float lowestMargin = 700;  // a lower one has no room for its part
-constexpr float topHeight = 460, topGap = 100;
+constexpr float topHeight = 460, topGap = 160;
 constexpr float bottomHeight = 230, bottomGap = 160;
 constexpr float titleShare = 0.6F;  // of the width; the company has the rest
 constexpr float textGap = 70;       // between a text and its rule

@@ -93,7 +93,9 @@ void CairoCanvas::picture(const Box& box, std::span<const std::byte> file) {
     cairo_translate(pen_.get(), own.left, own.top);
     cairo_scale(pen_.get(), own.width / width, own.width / width);
     cairo_set_source_surface(pen_.get(), picture.get(), 0, 0);
-    cairo_paint(pen_.get());
+    cairo_pattern_set_extend(cairo_get_source(pen_.get()), CAIRO_EXTEND_PAD);  // else an enlarged picture's edges fade
+    cairo_rectangle(pen_.get(), 0, 0, width, own.height / own.width * width);
+    cairo_fill(pen_.get());
     cairo_restore(pen_.get());
 }
 

@@ -57,6 +57,7 @@ public:
         made.lines = copy;
         return made;
     }
+    const TextStyle* style(const TextStyle& style) { return page_.names->style(style); }
     std::string_view keep(const std::string& text) { return page_.arena.text(text); }
     Page& page() {
         finishSection();
