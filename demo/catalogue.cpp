@@ -3,6 +3,7 @@
 namespace quillo::demo {
 namespace {
 
+// clang-format off
 constexpr AccountData accountRows[] = {
     {"1010", "Bank - chequing CAD", true},
     {"1015", "Bank - chequing USD", true},
@@ -147,15 +148,30 @@ constexpr const char* supplierRows[] = {
     "Menuiserie Larose & Fils", "Immeubles Place du Canal", "Énergie et Téléphonie Laval", "Publicité Contraste",
     "Transport Vaillancourt",
 };
+// clang-format on
 
 }  // namespace
 
-std::span<const AccountData> accounts() { return accountRows; }
-std::span<const char* const> categories() { return categoryRows; }
-std::span<const SubcategoryData> subcategories() { return subcategoryRows; }
-std::span<const ItemData> items() { return itemRows; }
-std::span<const PersonData> employees() { return employeeRows; }
-std::span<const ProjectData> projects() { return projectRows; }
-std::span<const char* const> suppliers() { return supplierRows; }
+std::span<const AccountData> accounts() {
+    return accountRows;
+}
+std::span<const char* const> categories() {
+    return categoryRows;
+}
+std::span<const SubcategoryData> subcategories() {
+    return subcategoryRows;
+}
+std::span<const ItemData> items() {
+    return itemRows;
+}
+std::span<const PersonData> employees() {
+    return employeeRows;
+}
+std::span<const ProjectData> projects() {
+    return projectRows;
+}
+std::span<const char* const> suppliers() {
+    return supplierRows;
+}
 
 }  // namespace quillo::demo

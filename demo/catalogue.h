@@ -9,11 +9,46 @@ namespace quillo::demo {
 
 // Ledger accounts; the value is the account's key, its row in accounts() the one of that number.
 enum Account : Id {
-    bankCad = 1, bankUsd, bankEur, undeposited, receivableCad, receivableUsd, receivableEur, inventory, timeBank,
-    unrecordedService, gstPaid, qstPaid, payable, customerDeposits, gstCharged, qstCharged, hstCharged, deductions, capital,
-    salesLumber, salesHardware, salesKitchen, salesPaint, salesService, salesKits, freightIncome, salesDiscounts,
-    interestIncome, otherIncome, costOfGoods, stockAdjustments, subcontractors, wages, employerCosts, rent, utilities,
-    advertising, vehicles, exchangeDifferences, writeOffs
+    bankCad = 1,
+    bankUsd,
+    bankEur,
+    undeposited,
+    receivableCad,
+    receivableUsd,
+    receivableEur,
+    inventory,
+    timeBank,
+    unrecordedService,
+    gstPaid,
+    qstPaid,
+    payable,
+    customerDeposits,
+    gstCharged,
+    qstCharged,
+    hstCharged,
+    deductions,
+    capital,
+    salesLumber,
+    salesHardware,
+    salesKitchen,
+    salesPaint,
+    salesService,
+    salesKits,
+    freightIncome,
+    salesDiscounts,
+    interestIncome,
+    otherIncome,
+    costOfGoods,
+    stockAdjustments,
+    subcontractors,
+    wages,
+    employerCosts,
+    rent,
+    utilities,
+    advertising,
+    vehicles,
+    exchangeDifferences,
+    writeOffs
 };
 
 struct AccountData {
@@ -32,10 +67,10 @@ struct ItemData {
     const char* english;
     const char* french;
     Category category;
-    int subcategory;       // row of subcategories(), from 1
-    std::int64_t price;    // cents
-    std::int64_t cost;     // cents
-    const char* made;      // components of a kit or an assembled item: "CODE*2 CODE*1"
+    int subcategory;     // row of subcategories(), from 1
+    std::int64_t price;  // cents
+    std::int64_t cost;   // cents
+    const char* made;    // components of a kit or an assembled item: "CODE*2 CODE*1"
     bool assembled = false;
     int kitOption = 0;
 };

@@ -34,19 +34,24 @@ void Counter::openDay(Day day) {
 
 void Counter::sell(Day day, Post& post, int minute) {
     const bool walkIn = random_.chance(780);
-    const auto number = walkIn ? (post.warehouse == quebec ? 1 : 0) : random_.between(2, static_cast<std::int64_t>(trade_.customers.size()) - 1);
+    const auto number = walkIn ? (post.warehouse == quebec ? 1 : 0)
+                               : random_.between(2, static_cast<std::int64_t>(trade_.customers.size()) - 1);
     const Customer* customer = &trade_.customers[static_cast<std::size_t>(number)];
-    if (customer->currency != cad || customer->tax != Tax::quebec || (customer->inactiveFrom && day >= *customer->inactiveFrom))
+    if (customer->currency != cad || customer->tax != Tax::quebec ||
+        (customer->inactiveFrom && day >= *customer->inactiveFrom))
         customer = &trade_.customers[post.warehouse == quebec ? 1 : 0];
-    SaleDocument document{.kind = cashSale, .date = day, .time = clock(minute, static_cast<int>(random_.below(60))), .customer = customer,
-                          .warehouse = post.warehouse, .atCounter = true};
+    SaleDocument document{.kind = cashSale,
+                          .date = day,
+                          .time = clock(minute, static_cast<int>(random_.below(60))),
+                          .customer = customer,
+                          .warehouse = post.warehouse,
+                          .atCounter = true};
     if (!random_.chance(3)) document.user = post.user;
     if (!random_.chance(3)) document.cashRegister = post.cashRegister;
     document.lines = sales_.chooseLines(post.warehouse, customer->french, static_cast<int>(random_.between(1, 4)), 8);
     if (document.lines.empty()) return;
-    if (random_.chance(35))  // brought back over the counter
-        for (auto& line : document.lines) line = {.item = line.item, .text = line.text, .quantity = -line.quantity, .price = line.price,
-                                                  .discountPercent = line.discountPercent, .total = -line.total, .discount = -line.discount, .kitLine = line.kitLine};
+    if (random_.chance(35))
+        for (auto& line : document.lines) line = line.broughtBack();
     if (customer->code != walkInCode && customer->id > 2 && random_.chance(450)) document.kind = invoice;
     sales_.addUp(document);
     takeMoney(document, post);
@@ -63,10 +68,14 @@ void Counter::takeMoney(SaleDocument& document, Post& post) {
         return;
     }
     const auto way = random_.below(100);
-    if (way < 34) payCash(document, post, total);
-    else if (way < 60) document.receipts.push_back({debitCard, cad, total, {}});
-    else if (way < 88) document.receipts.push_back({creditCard, cad, total, {}});
-    else if (way < 94) document.receipts.push_back({cheque, cad, total, std::to_string(random_.between(100, 899))});
+    if (way < 34)
+        payCash(document, post, total);
+    else if (way < 60)
+        document.receipts.push_back({debitCard, cad, total, {}});
+    else if (way < 88)
+        document.receipts.push_back({creditCard, cad, total, {}});
+    else if (way < 94)
+        document.receipts.push_back({cheque, cad, total, std::to_string(random_.between(100, 899))});
     else {
         const Cents onCard{total.n / 200 * 100};
         document.receipts.push_back({debitCard, cad, onCard, {}});
@@ -92,7 +101,8 @@ void Counter::emptyDrawer(Day day, const Post& post) {
     const auto deposit = [&](Currency currency, Cents amount) {
         const Cents notes{amount.n / 500 * 500};
         if (notes <= Cents{}) return;
-        deposits_.add(++lastDeposit_, post.user, post.cashRegister, day, clock(closing + 10, 0), notes, Id{currency}, trade_.rate(currency));
+        deposits_.add(++lastDeposit_, post.user, post.cashRegister, day, clock(closing + 10, 0), notes, Id{currency},
+                      trade_.rate(currency));
     };
     deposit(cad, post.dollars);
     deposit(usd, post.foreign);

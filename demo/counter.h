@@ -8,7 +8,11 @@ namespace quillo::demo {
 class Counter {
 public:
     Counter(Trade& trade, Sales& sales, Receivables& receivables)
-        : trade_(trade), random_(trade.random), sales_(sales), receivables_(receivables), deposits_(trade.database, "InvoiCashDeposit") {}
+        : trade_(trade),
+          random_(trade.random),
+          sales_(sales),
+          receivables_(receivables),
+          deposits_(trade.database, "InvoiCashDeposit") {}
 
     void openDay(Day day);
 

@@ -5,10 +5,12 @@
 namespace quillo::demo {
 namespace {
 
-constexpr const char* trades[] = {"Construction", "Rénovations", "Menuiserie", "Entreprises", "Habitations", "Cuisines",
-                                  "Toitures", "Gestion immobilière"};
-constexpr const char* tradesEnglish[] = {"Contracting", "Homes", "Renovations", "Property Management", "Kitchens", "Builders"};
-constexpr const char* longName = "Société coopérative d'habitation et de rénovation durable des Laurentides et de Lanaudière (2004) inc.";
+constexpr const char* trades[] = {"Construction", "Rénovations", "Menuiserie", "Entreprises",
+                                  "Habitations",  "Cuisines",    "Toitures",   "Gestion immobilière"};
+constexpr const char* tradesEnglish[] = {"Contracting",         "Homes",    "Renovations",
+                                         "Property Management", "Kitchens", "Builders"};
+constexpr const char* longName =
+    "Société coopérative d'habitation et de rénovation durable des Laurentides et de Lanaudière (2004) inc.";
 
 // Plain capital letters of a name, for its code.
 std::string lettersOf(const std::string& name) {
@@ -35,8 +37,9 @@ public:
         customer.segment = retail;
         customer.warehouse = warehouse;
         customer.delay = 0;
-        rows_.add(customer.id, customer.code, customer.name, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                  french ? 2 : 1, nullptr, customer.term->id, french ? 1 : 2, Id{receivableCad}, 1, Id{cad}, nullptr, false);
+        rows_.add(customer.id, customer.code, customer.name, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                  nullptr, nullptr, french ? 2 : 1, nullptr, customer.term->id, french ? 1 : 2, Id{receivableCad}, 1,
+                  Id{cad}, nullptr, false);
         trade_.customers.push_back(std::move(customer));
     }
 
@@ -45,7 +48,10 @@ public:
         const Currency currency = kind < 11 ? usd : kind < 17 ? eur : cad;
         const bool quebecker = currency == cad && random_.chance(680);
         const bool french = quebecker ? random_.chance(850) : random_.chance(currency == eur ? 600 : 120);
-        Customer customer = blank(french, currency, currency != cad ? Tax::exempt : quebecker ? Tax::quebec : Tax::ontario);
+        Customer customer = blank(french, currency,
+                                  currency != cad ? Tax::exempt
+                                  : quebecker     ? Tax::quebec
+                                                  : Tax::ontario);
         customer.name = index == 7 ? longName : uniqueName(customer, index);
         customer.code = lettersOf(customer.name) + std::to_string(100 + customer.id);
         choose(customer, index);
@@ -75,7 +81,9 @@ private:
         const std::string surname = random_.pick(family);
         if (customer.currency == usd) return surname + " " + random_.pick(tradesEnglish) + " LLC";
         if (customer.currency == eur) return surname + " " + (customer.french ? "Frères SARL" : "Küchen GmbH");
-        if (!customer.french) return surname + (random_.chance(300) ? " & Sons Ltd." : std::string(" ") + random_.pick(tradesEnglish) + " Inc.");
+        if (!customer.french)
+            return surname +
+                   (random_.chance(300) ? " & Sons Ltd." : std::string(" ") + random_.pick(tradesEnglish) + " Inc.");
         if (random_.chance(200)) {
             const auto given = firstNames();
             return std::string(random_.pick(given)) + " " + surname;
@@ -85,11 +93,16 @@ private:
 
     // How the customer trades: segment, terms, salesperson, habits of paying.
     void choose(Customer& customer, std::int64_t index) {
-        customer.segment = customer.currency != cad ? exportSales : random_.chance(550) ? contractors : random_.chance(700) ? retail : noSegment;
+        customer.segment = customer.currency != cad ? exportSales
+                           : random_.chance(550)    ? contractors
+                           : random_.chance(700)    ? retail
+                                                    : noSegment;
         customer.warehouse = customer.tax == Tax::ontario ? ottawa : random_.chance(350) ? quebec : montreal;
         constexpr int termOdds[] = {0, 0, 0, 0, 1, 1, 1, 2, 3, 3, 4, 6, 8, 9, 11};
         customer.term = &trade_.terms[static_cast<std::size_t>(random_.pick(termOdds))];
-        customer.delay = static_cast<int>(random_.chance(500) ? random_.between(-4, 8) : random_.chance(850) ? random_.between(5, 70) : random_.between(60, 140));
+        customer.delay = static_cast<int>(random_.chance(500)   ? random_.between(-4, 8)
+                                          : random_.chance(850) ? random_.between(5, 70)
+                                                                : random_.between(60, 140));
         customer.takesDiscounts = random_.chance(600);
         if (customer.segment == contractors && random_.chance(400)) customer.project = random_.between(1, 7);
         const auto seller = random_.below(8);
@@ -110,8 +123,10 @@ private:
     }
 
     const PlaceData& placeOf(const Customer& customer) {
-        const auto places = customer.currency == usd ? americanPlaces() : customer.currency == eur ? europeanPlaces()
-                          : customer.tax == Tax::quebec ? quebecPlaces() : ontarioPlaces();
+        const auto places = customer.currency == usd      ? americanPlaces()
+                            : customer.currency == eur    ? europeanPlaces()
+                            : customer.tax == Tax::quebec ? quebecPlaces()
+                                                          : ontarioPlaces();
         return random_.pick(places);
     }
 
@@ -119,32 +134,52 @@ private:
         std::string code = place.postalStart;
         if (place.postalStart[0] < 'A') return code + std::to_string(random_.between(10, 99));
         code += static_cast<char>('A' + random_.below(8));
-        return code + " " + std::to_string(random_.below(10)) + static_cast<char>('K' + random_.below(8)) + std::to_string(random_.below(10));
+        return code + " " + std::to_string(random_.below(10)) + static_cast<char>('K' + random_.below(8)) +
+               std::to_string(random_.below(10));
     }
 
+    std::optional<std::string> some(int perThousand, std::string text) {
+        return random_.chance(perThousand) ? std::optional(std::move(text)) : std::nullopt;
+    }
+
+    // The site's address; a few were typed with their scheme.
+    std::string siteOf(const Customer& customer, std::int64_t index) const {
+        std::string site = "www." + customer.code + ".example";
+        for (char& c : site) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        return (index % 40 == 5 ? "HTTP://" : index % 40 == 6 ? "http://" : "") + site;
+    }
+
+    // Files are never complete: any of these may be missing.
     void write(const Customer& customer, std::int64_t index) {
         const PlaceData& place = placeOf(customer);
         const auto given = firstNames();
         const auto family = surnames();
-        const auto some = [&](int perThousand, std::string text) {
-            return random_.chance(perThousand) ? std::optional(std::move(text)) : std::nullopt;
-        };
-        const std::string contact = std::string(random_.pick(given)) + " " + random_.pick(family);
-        std::string site = "www." + customer.code + ".example";
-        for (char& c : site) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-        const std::string mail = "info@" + site.substr(4);
-        if (index % 40 == 5) site = "HTTP://" + site;
-        if (index % 40 == 6) site = "http://" + site;
-        const auto salesperson = customer.salesperson.empty() && index % 2 == 0 ? std::optional(std::string()) : some(1000, customer.salesperson);
+        std::string person = random_.pick(given);
+        person += std::string(" ") + random_.pick(family);
+        const auto contact = some(930, person);
+        const auto telephone = some(970, phone(place));
+        const auto extension = some(350, std::to_string(random_.between(100, 499)));
+        const auto otherTelephone = some(300, phone(place));
+        const auto otherExtension = some(80, std::to_string(random_.between(10, 99)));
+        const auto fax = some(450, phone(place));
+        const std::string site = siteOf(customer, index);
+        const auto web = some(600, site);
+        const auto mail = some(780, "info@" + site.substr(site.find("www.") + 4));
         const Id language = index % 29 == 3 ? 0 : customer.french ? 2 : 1;
-        const Id taxGroup = index % 50 == 21 ? 0 : customer.tax == Tax::quebec ? 1 : customer.tax == Tax::ontario ? 2 : 3;
+        const Id taxGroup = index % 50 == 21               ? 0
+                            : customer.tax == Tax::quebec  ? 1
+                            : customer.tax == Tax::ontario ? 2
+                                                           : 3;
         const auto limit = random_.chance(880) ? std::optional(Cents{random_.between(2, 60) * 250000}) : std::nullopt;
-        const auto inactive = customer.inactiveFrom ? std::optional(true) : random_.chance(900) ? std::optional(false) : std::nullopt;
-        rows_.add(customer.id, customer.code, customer.name, some(930, contact), some(970, phone(place)),
-                  some(350, std::to_string(random_.between(100, 499))), some(300, phone(place)), some(80, std::to_string(random_.between(10, 99))),
-                  some(450, phone(place)), some(600, site), some(780, mail), orNull(language),
-                  customer.salesperson.empty() && index % 2 != 0 ? std::nullopt : salesperson, orNull(index % 45 == 17 ? 0 : customer.term->id),
-                  orNull(taxGroup), Id{receivableAccount(customer.currency)}, customer.segment == contractors ? 2 : 1,
+        const auto inactive = customer.inactiveFrom ? std::optional(true)
+                              : random_.chance(900) ? std::optional(false)
+                                                    : std::nullopt;
+        const bool noSalesperson = customer.salesperson.empty() && index % 2 != 0;
+        rows_.add(customer.id, customer.code, customer.name, contact, telephone, extension, otherTelephone,
+                  otherExtension, fax, web, mail, orNull(language),
+                  noSalesperson ? std::nullopt : std::optional(customer.salesperson),
+                  orNull(index % 45 == 17 ? 0 : customer.term->id), orNull(taxGroup),
+                  Id{receivableAccount(customer.currency)}, customer.segment == contractors ? 2 : 1,
                   orNull(customer.currencyOnFile ? Id{customer.currency} : 0), limit, inactive);
         address(customer, 0, customer.name, place);
         for (auto more = random_.below(10) - 6; more > 0; --more)
@@ -153,10 +188,17 @@ private:
 
     void address(const Customer& customer, int kind, const std::string& name, const PlaceData& place) {
         const auto roads = streets();
-        const std::string line = std::to_string(random_.between(10, 9800)) + (customer.french ? ", " : " ") + random_.pick(roads);
-        const auto suite = random_.chance(200) ? std::optional((customer.french ? "Bureau " : "Suite ") + std::to_string(random_.between(100, 620))) : std::nullopt;
-        addresses_.add(++lastAddress_, customer.id, kind, name, line, suite, place.city, orNull(std::string_view(place.province)),
-                       postalCode(place), customer.currency == usd ? 2 : customer.currency == eur ? 3 : 1);
+        const std::string line =
+            std::to_string(random_.between(10, 9800)) + (customer.french ? ", " : " ") + random_.pick(roads);
+        const auto suite =
+            random_.chance(200)
+                ? std::optional((customer.french ? "Bureau " : "Suite ") + std::to_string(random_.between(100, 620)))
+                : std::nullopt;
+        addresses_.add(++lastAddress_, customer.id, kind, name, line, suite, place.city,
+                       orNull(std::string_view(place.province)), postalCode(place),
+                       customer.currency == usd   ? 2
+                       : customer.currency == eur ? 3
+                                                  : 1);
     }
 
     Trade& trade_;
@@ -176,8 +218,12 @@ void writeAddedFields(Trade& trade) {
     constexpr const char* routes[] = {"North", "South shore", "East", "Pick-up"};
     for (const auto& customer : trade.customers) {
         if (trade.random.chance(700)) values.add(1, customer.id, trade.random.pick(routes));
-        if (customer.segment == contractors) values.add(2, customer.id, "8" + std::to_string(trade.random.between(100, 999)) + "-" + std::to_string(trade.random.between(1000, 9999)));
-        if (trade.random.chance(250)) values.add(3, customer.id, dayInMonth(firstDay, static_cast<int>(trade.random.between(6, 35)), 1));
+        if (customer.segment == contractors)
+            values.add(2, customer.id,
+                       "8" + std::to_string(trade.random.between(100, 999)) + "-" +
+                           std::to_string(trade.random.between(1000, 9999)));
+        if (trade.random.chance(250))
+            values.add(3, customer.id, dayInMonth(firstDay, static_cast<int>(trade.random.between(6, 35)), 1));
     }
 }
 

@@ -13,7 +13,8 @@ struct Day {
     static constexpr Day of(int year, unsigned month, unsigned day) {
         using namespace std::chrono;
         return {static_cast<int>(sys_days(std::chrono::year(year) / std::chrono::month(month) / std::chrono::day(day))
-                                     .time_since_epoch().count())};
+                                     .time_since_epoch()
+                                     .count())};
     }
     std::chrono::year_month_day civil() const {
         return std::chrono::year_month_day(std::chrono::sys_days(std::chrono::days(n)));
@@ -22,7 +23,9 @@ struct Day {
     int month() const { return static_cast<int>(static_cast<unsigned>(civil().month())); }
     int dayOfMonth() const { return static_cast<int>(static_cast<unsigned>(civil().day())); }
     // 0 is Sunday.
-    int weekday() const { return static_cast<int>(std::chrono::weekday(std::chrono::sys_days(std::chrono::days(n))).c_encoding()); }
+    int weekday() const {
+        return static_cast<int>(std::chrono::weekday(std::chrono::sys_days(std::chrono::days(n))).c_encoding());
+    }
     bool isWorkday() const { return weekday() >= 1 && weekday() <= 5; }
     bool isMonthEnd() const { return (*this + 1).dayOfMonth() == 1; }
     std::string iso() const;

@@ -36,8 +36,13 @@ private:
 class Years {
 public:
     explicit Years(Trade& trade)
-        : trade_(trade), rates_(trade), receivables_(trade), sales_(trade, receivables_), counter_(trade, sales_, receivables_),
-          purchasing_(trade), treasury_(trade, purchasing_) {}
+        : trade_(trade),
+          rates_(trade),
+          receivables_(trade),
+          sales_(trade, receivables_),
+          counter_(trade, sales_, receivables_),
+          purchasing_(trade),
+          treasury_(trade, purchasing_) {}
 
     void run() {
         rates_.openDay(firstDay);
@@ -88,7 +93,8 @@ private:
 // Rows load several times faster into tables without indexes.
 std::vector<std::string> dropIndexes(sqlite::Database& database) {
     std::vector<std::string> texts, names;
-    sqlite::Statement all(database, "SELECT name, sql FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL ORDER BY rowid");
+    sqlite::Statement all(
+        database, "SELECT name, sql FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL ORDER BY rowid");
     while (all.step()) {
         names.emplace_back(all.text(0));
         texts.emplace_back(all.text(1));
@@ -99,7 +105,8 @@ std::vector<std::string> dropIndexes(sqlite::Database& database) {
 
 void fill(const std::string& path, const DemoOptions& options) {
     sqlite::Database database(path, sqlite::Open::create);
-    database.execute("PRAGMA page_size = 4096; PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA cache_size = -65536");
+    database.execute(
+        "PRAGMA page_size = 4096; PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA cache_size = -65536");
     database.execute("BEGIN");
     database.execute(std::string(companySchema()));
     const auto indexes = dropIndexes(database);

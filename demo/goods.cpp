@@ -27,7 +27,9 @@ std::vector<Component> componentsOf(std::string_view made) {
     return components;
 }
 
-Account salesAccount(Category category) { return static_cast<Account>(Id{salesLumber} + Id{category} - Id{lumber}); }
+Account salesAccount(Category category) {
+    return static_cast<Account>(Id{salesLumber} + Id{category} - Id{lumber});
+}
 
 void writeCategories(const sqlite::Database& database) {
     Table rows(database, "Category");
@@ -46,7 +48,6 @@ void writeWarehouses(const sqlite::Database& database) {
     rows.add(Id{laval}, "LAV", "Laval (closed in 2023)", true);
 }
 
-
 }  // namespace
 
 void writeGoods(Trade& trade) {
@@ -56,9 +57,11 @@ void writeGoods(Trade& trade) {
     Table parts(trade.database, "ItemComponent");
     Table costs(trade.database, "ItemCost");
     for (const auto& data : items()) {
-        Item item{static_cast<Id>(trade.items.size() + 1), &data, salesAccount(data.category), componentsOf(data.made), Cents{data.price}};
-        rows.add(item.id, data.code, data.english, Id{data.category}, data.subcategory == 12 ? std::nullopt : std::optional(data.subcategory),
-                 item.price, item.service(), item.kit(), data.assembled, data.kitOption, data.kitOption == 1, false);
+        Item item{static_cast<Id>(trade.items.size() + 1), &data, salesAccount(data.category), componentsOf(data.made),
+                  Cents{data.price}};
+        rows.add(item.id, data.code, data.english, Id{data.category},
+                 data.subcategory == 12 ? std::nullopt : std::optional(data.subcategory), item.price, item.service(),
+                 item.kit(), data.assembled, data.kitOption, data.kitOption == 1, false);
         for (const auto& part : item.components) parts.add(item.id, part.item, part.quantity);
         if (data.cost != 0) costs.add(item.id, firstDay, Cents{data.cost});
         trade.items.push_back(std::move(item));

@@ -3,6 +3,7 @@
 namespace quillo::demo {
 namespace {
 
+// clang-format off
 constexpr const char* surnameRows[] = {
     "Allard", "Archambault", "Beaulieu", "Bélanger", "Boisvert", "Bouchard", "Brassard", "Carrière", "Charbonneau",
     "Chénier", "Côté", "Crawford", "Deslauriers", "Dionne", "Doucet", "Dubreuil", "Duquette", "Élie", "Farrell",
@@ -44,15 +45,30 @@ constexpr PlaceData americanRows[] = {
 constexpr PlaceData europeanRows[] = {
     {"Nantes", "", "440", "33"}, {"Lyon", "", "690", "33"}, {"Liège", "", "40", "32"}, {"Freiburg", "", "791", "49"},
 };
+// clang-format on
 
 }  // namespace
 
-std::span<const char* const> surnames() { return surnameRows; }
-std::span<const char* const> firstNames() { return firstNameRows; }
-std::span<const char* const> streets() { return streetRows; }
-std::span<const PlaceData> quebecPlaces() { return quebecRows; }
-std::span<const PlaceData> ontarioPlaces() { return ontarioRows; }
-std::span<const PlaceData> americanPlaces() { return americanRows; }
-std::span<const PlaceData> europeanPlaces() { return europeanRows; }
+std::span<const char* const> surnames() {
+    return surnameRows;
+}
+std::span<const char* const> firstNames() {
+    return firstNameRows;
+}
+std::span<const char* const> streets() {
+    return streetRows;
+}
+std::span<const PlaceData> quebecPlaces() {
+    return quebecRows;
+}
+std::span<const PlaceData> ontarioPlaces() {
+    return ontarioRows;
+}
+std::span<const PlaceData> americanPlaces() {
+    return americanRows;
+}
+std::span<const PlaceData> europeanPlaces() {
+    return europeanRows;
+}
 
 }  // namespace quillo::demo

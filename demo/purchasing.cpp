@@ -8,22 +8,31 @@ namespace {
 constexpr Percent gst{5000}, qst{9975};
 constexpr int goodsSuppliers = 6;
 
-Id supplierOf(const Item& item) { return 1 + (item.data->subcategory - 1) % goodsSuppliers; }
+Id supplierOf(const Item& item) {
+    return 1 + (item.data->subcategory - 1) % goodsSuppliers;
+}
 
 }  // namespace
 
 Purchasing::Purchasing(Trade& trade)
-    : trade_(trade), random_(trade.random), documents_(trade.database, "PurcHdr"), assemblies_(trade.database, "AssemblyHdr"),
+    : trade_(trade),
+      random_(trade.random),
+      documents_(trade.database, "PurcHdr"),
+      assemblies_(trade.database, "AssemblyHdr"),
       components_(trade.database, "AssemblyDet") {}
 
-Cents Purchasing::withTaxes(Cents amount) { return amount + amount * gst + amount * qst; }
+Cents Purchasing::withTaxes(Cents amount) {
+    return amount + amount * gst + amount * qst;
+}
 
 void Purchasing::taxLines(Cents amount) {
     trade_.ledger.line(gstPaid, amount * gst);
     trade_.ledger.line(qstPaid, amount * qst);
 }
 
-std::string Purchasing::lastNumber() const { return "A" + std::to_string(lastNumber_); }
+std::string Purchasing::lastNumber() const {
+    return "A" + std::to_string(lastNumber_);
+}
 
 Id Purchasing::document(Day day, int kind, Id supplier, Cents total) {
     const Id key = trade_.newDocument();
@@ -66,7 +75,8 @@ void Purchasing::restock(Day day) {
             Cents total;
             const Id key = trade_.lastDocument + 1;
             for (const Item* item : goods) {
-                const Cents price{item->data->cost * (100 + 2 * (day.year() - 2023)) * random_.between(970, 1040) / 100000};
+                const Cents price{item->data->cost * (100 + 2 * (day.year() - 2023)) * random_.between(970, 1040) /
+                                  100000};
                 const Qty quantity = lotOf(*item);
                 total += trade_.stock.receive({day, "PUR", key}, item->id, warehouse, quantity, quantity * price);
             }
@@ -85,7 +95,8 @@ void Purchasing::paySuppliers(Day day) {
         for (const auto& bill : bills_.begin()->second) {
             trade_.ledger.line(payable, bill.amount);
             trade_.ledger.line(bankCad, -bill.amount);
-            trade_.ledger.post({day, "CHQ", 0, std::to_string(++lastCheque_), suppliers()[static_cast<std::size_t>(bill.supplier - 1)]});
+            trade_.ledger.post({day, "CHQ", 0, std::to_string(++lastCheque_),
+                                suppliers()[static_cast<std::size_t>(bill.supplier - 1)]});
         }
         bills_.erase(bills_.begin());
     }
@@ -107,7 +118,8 @@ void Purchasing::assemble(Day day) {
         for (const auto& part : item.components) {
             const Qty used = times(quantity, part.quantity);
             const Cents value = trade_.stock.issue(movement, part.item, warehouse, used);
-            components_.add(++lastComponent_, movement.key, part.item, used, unitCost(value, used), Id{warehouse}, Id{retail});
+            components_.add(++lastComponent_, movement.key, part.item, used, unitCost(value, used), Id{warehouse},
+                            Id{retail});
             trade_.ledger.line(inventory, -value);
             total += value;
         }
@@ -123,8 +135,10 @@ void Purchasing::count(Day day) {
     for (const auto& item : trade_.items) {
         if (!item.stocked() || !random_.chance(250)) continue;
         const Qty off = units(random_.between(1, 3));
-        if (random_.chance(350)) change += trade_.stock.putBack(movement, item.id, montreal, off);
-        else if (trade_.stock.onHand(item.id, montreal) > off) change -= trade_.stock.issue(movement, item.id, montreal, off);
+        if (random_.chance(350))
+            change += trade_.stock.putBack(movement, item.id, montreal, off);
+        else if (trade_.stock.onHand(item.id, montreal) > off)
+            change -= trade_.stock.issue(movement, item.id, montreal, off);
     }
     trade_.ledger.line(inventory, change);
     trade_.ledger.line(stockAdjustments, -change);

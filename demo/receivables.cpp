@@ -5,7 +5,10 @@
 namespace quillo::demo {
 
 Receivables::Receivables(Trade& trade)
-    : trade_(trade), random_(trade.random), payments_(trade.database, "PmtHdr"), lines_(trade.database, "PmtDet"),
+    : trade_(trade),
+      random_(trade.random),
+      payments_(trade.database, "PmtHdr"),
+      lines_(trade.database, "PmtDet"),
       homeAdjustments_(trade.database, "CustHomeAdjustment") {}
 
 void Receivables::add(const OpenDocument& document) {
@@ -18,10 +21,12 @@ Day Receivables::firstIntention(const OpenDocument& document) {
     const Customer& customer = *document.customer;
     if (document.open < Cents{}) return document.date + static_cast<int>(random_.between(5, 40));
     const Term& term = *document.term;
-    if (customer.takesDiscounts && term.discount && term.discount->n > 0) return document.date + *term.discountDays - static_cast<int>(random_.below(3));
+    if (customer.takesDiscounts && term.discount && term.discount->n > 0)
+        return document.date + *term.discountDays - static_cast<int>(random_.below(3));
     // The first instalment, or the due date.
     Day due = document.due;
-    for (const auto& part : term.instalments) due = std::min(due, part.date ? std::max(*part.date, document.date) : document.date + part.days);
+    for (const auto& part : term.instalments)
+        due = std::min(due, part.date ? std::max(*part.date, document.date) : document.date + part.days);
     const Day meant = due + customer.delay + static_cast<int>(random_.below(6));
     return std::max(meant, document.date + 1);
 }
@@ -44,9 +49,12 @@ void Receivables::payDay(Day day) {
     for (const Id key : found->second) {
         const auto document = open_.find(key);
         if (document == open_.end()) continue;
-        if (!day.isWorkday()) plan(document->second, day + 1);
-        else if (document->second.open < Cents{}) applyCredit(day, document->second);
-        else pay(day, document->second);
+        if (!day.isWorkday())
+            plan(document->second, day + 1);
+        else if (document->second.open < Cents{})
+            applyCredit(day, document->second);
+        else
+            pay(day, document->second);
     }
     plans_.erase(day);
 }
@@ -77,13 +85,17 @@ void Receivables::pay(Day day, OpenDocument& document) {
         OpenDocument& other = open_.at(key);
         if (key == document.key || payment.settled.size() > 12) continue;
         const bool credit = other.open < Cents{} && sum + other.open > Cents{} && random_.chance(600);
-        const bool dueSoon = other.open > Cents{} && other.term->instalments.empty() && other.due <= day + 5 && random_.chance(700);
+        const bool dueSoon =
+            other.open > Cents{} && other.term->instalments.empty() && other.due <= day + 5 && random_.chance(700);
         if (!credit && !dueSoon) continue;
         const Cents taken = credit ? Cents{} : discountFor(other, day);
         payment.settled.push_back({&other, other.open - taken, taken});
         sum += other.open - taken;
     }
-    payment.method = customer.currency != cad ? wire : random_.chance(480) ? cheque : random_.chance(800) ? wire : preauthorized;
+    payment.method = customer.currency != cad ? wire
+                     : random_.chance(480)    ? cheque
+                     : random_.chance(800)    ? wire
+                                              : preauthorized;
     payment.number = paymentNumber(payment.method);
     if (random_.chance(150)) payment.user = random_.chance(500) ? "Chantal" : "Nadia";
     if (!payment.user.empty() && random_.chance(400)) payment.cashRegister = "MTL-01";
@@ -174,7 +186,8 @@ void Receivables::post(const PaymentData& payment, Id key, Cents total, Rate rat
 std::map<Id, Cents> Receivables::overdue(Day day) const {
     std::map<Id, Cents> sums;
     for (const auto& [key, document] : open_)
-        if (document.customer->currency == cad && document.kind == 1 && day - document.due > 30) sums[document.customer->id] += document.open;
+        if (document.customer->currency == cad && document.kind == 1 && day - document.due > 30)
+            sums[document.customer->id] += document.open;
     return sums;
 }
 
@@ -197,7 +210,8 @@ void Receivables::adjust(Day day) {
         homeAdjustments_.add(key, number, day, customer.id, amount, orNull(Id{customer.segment}));
         trade_.ledger.line(receivableUsd, amount);
         trade_.ledger.line(exchangeDifferences, -amount);
-        trade_.ledger.post({day, "GEN", key, number, "Exchange correction " + customer.name, usd, trade_.rate(usd), customer.segment});
+        trade_.ledger.post(
+            {day, "GEN", key, number, "Exchange correction " + customer.name, usd, trade_.rate(usd), customer.segment});
     }
 }
 

@@ -5,7 +5,8 @@ namespace {
 
 std::vector<Term> makeTerms() {
     const auto season = [](int year) {
-        return std::vector<Instalment>{{Percent{50000}, Day::of(year, 6, 15)}, {Percent{30000}, Day::of(year, 8, 15)},
+        return std::vector<Instalment>{{Percent{50000}, Day::of(year, 6, 15)},
+                                       {Percent{30000}, Day::of(year, 8, 15)},
                                        {Percent{20000}, Day::of(year, 10, 15)}};
     };
     return {
@@ -17,9 +18,24 @@ std::vector<Term> makeTerms() {
         {6, "SEAS23", "Season 2023, three fixed dates", 2, {}, {}, {}, {}, season(2023)},
         {7, "SEAS24", "Season 2024, three fixed dates", 2, {}, {}, {}, {}, season(2024)},
         {8, "SEAS25", "Season 2025, three fixed dates", 2, {}, {}, {}, {}, season(2025)},
-        {9, "3X30", "Three instalments: 30, 60 and 90 days", 3, {}, {}, {}, {},
+        {9,
+         "3X30",
+         "Three instalments: 30, 60 and 90 days",
+         3,
+         {},
+         {},
+         {},
+         {},
          {{Percent{33340}, {}, 30}, {Percent{33330}, {}, 60}, {Percent{33330}, {}, 90}}},
-        {10, "50-50", "Half in 15 days, half in 45 days", 3, {}, {}, {}, {}, {{Percent{50000}, {}, 15}, {Percent{50000}, {}, 45}}},
+        {10,
+         "50-50",
+         "Half in 15 days, half in 45 days",
+         3,
+         {},
+         {},
+         {},
+         {},
+         {{Percent{50000}, {}, 15}, {Percent{50000}, {}, 45}}},
         {11, "COD", "Cash on delivery", 1, 0, Percent{0}, 0, 0},
         {12, "AGREED", "By agreement", {}, {}, {}, {}, {}},
     };
@@ -30,7 +46,8 @@ void writeTerms(Trade& trade) {
     Table terms(trade.database, "Term");
     Table schedule(trade.database, "PaymentSchedule");
     for (const auto& term : trade.terms) {
-        terms.add(term.id, term.code, term.description, term.mode, term.due, term.discount, term.discountDays, term.nextMonthAfter);
+        terms.add(term.id, term.code, term.description, term.mode, term.due, term.discount, term.discountDays,
+                  term.nextMonthAfter);
         int position = 0;
         for (const auto& part : term.instalments)
             schedule.add(term.id, ++position, part.share, part.date,
@@ -54,7 +71,8 @@ void writeCodes(const sqlite::Database& database) {
     levels.add(1, "LIST", "List price");
     levels.add(2, "CONTR", "Contractor price");
     Table methods(database, "PmtMeth");
-    const char* const names[] = {"Cash", "Cheque", "Debit card", "Credit card", "Bank transfer", "Pre-authorized debit"};
+    const char* const names[] = {"Cash",        "Cheque",        "Debit card",
+                                 "Credit card", "Bank transfer", "Pre-authorized debit"};
     Id method = 0;
     for (const char* name : names) methods.add(++method, name);
     Table segments(database, "Segment");
@@ -100,7 +118,10 @@ void writeCashier(const sqlite::Database& database) {
 
 void writeFacts(const sqlite::Database& database) {
     const auto fact = [&](const char* name, std::string_view value) {
-        sqlite::Statement(database, "UPDATE CompanyFact SET Value = ?2 WHERE Name = ?1").bind(1, name).bind(2, value).run();
+        sqlite::Statement(database, "UPDATE CompanyFact SET Value = ?2 WHERE Name = ?1")
+            .bind(1, name)
+            .bind(2, value)
+            .run();
     };
     fact("Name", "Matériaux et cuisines Vert-Coteau inc.");
     fact("UsesForeignCurrency", "1");

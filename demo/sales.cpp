@@ -8,8 +8,12 @@
 namespace quillo::demo {
 
 Sales::Sales(Trade& trade, Receivables& receivables)
-    : trade_(trade), random_(trade.random), receivables_(receivables), headers_(trade.database, "InvoiHdr"),
-      lines_(trade.database, "InvoiDet"), receipts_(trade.database, "InvoiRecDet") {}
+    : trade_(trade),
+      random_(trade.random),
+      receivables_(receivables),
+      headers_(trade.database, "InvoiHdr"),
+      lines_(trade.database, "InvoiDet"),
+      receipts_(trade.database, "InvoiRecDet") {}
 
 void Sales::officeDay(Day day) {
     for (auto left = trade_.count(day, 320); left > 0; --left) writeInvoice(day);
@@ -44,8 +48,10 @@ bool Sales::available(const Item& item, Warehouse warehouse, Qty quantity) const
 void Sales::addLine(std::vector<SaleLine>& lines, const Item& item, Qty quantity, bool french) {
     const auto textOf = [&](const Item& of) { return french ? of.data->french : of.data->english; };
     SaleLine line{.item = &item, .text = textOf(item), .quantity = quantity, .price = item.price};
-    if (random_.chance(160)) line.discountPercent = Percent{random_.between(1, 4) * 5000};
-    else if (random_.chance(120)) line.discountPercent = Percent{0};
+    if (random_.chance(160))
+        line.discountPercent = Percent{random_.between(1, 4) * 5000};
+    else if (random_.chance(120))
+        line.discountPercent = Percent{0};
     const Cents gross = quantity * *line.price;
     if (line.discountPercent) line.discount = gross * *line.discountPercent;
     line.total = gross - line.discount;
@@ -53,8 +59,11 @@ void Sales::addLine(std::vector<SaleLine>& lines, const Item& item, Qty quantity
     lines.push_back(line);
     for (const auto& part : item.kit() ? item.components : std::vector<Component>{}) {
         const Item& component = trade_.item(part.item);
-        lines.push_back({.item = &component, .text = textOf(component), .quantity = times(quantity, part.quantity),
-                         .price = Cents{}, .kitLine = kitLine});
+        lines.push_back({.item = &component,
+                         .text = textOf(component),
+                         .quantity = times(quantity, part.quantity),
+                         .price = Cents{},
+                         .kitLine = kitLine});
     }
 }
 
@@ -63,14 +72,20 @@ std::vector<SaleLine> Sales::chooseLines(Warehouse warehouse, bool french, int c
     std::vector<Id> taken;  // an item stands once on a document, as its components do
     for (int tries = 0; tries < count * 3 && count > 0; ++tries) {
         const Item& item = random_.pick(trade_.items);
-        const std::int64_t fit = item.price > Cents{20000} ? std::max(1, largest / 8) : item.price > Cents{4000} ? std::max(1, largest / 2) : largest;
+        const std::int64_t fit = item.price > Cents{20000}  ? std::max(1, largest / 8)
+                                 : item.price > Cents{4000} ? std::max(1, largest / 2)
+                                                            : largest;
         const Qty quantity = item.service() ? Qty{random_.between(2, 16) * 50} : units(random_.between(1, fit));
         const auto clashes = [&](Id id) { return std::ranges::find(taken, id) != taken.end(); };
-        if (clashes(item.id) || std::ranges::any_of(item.components, [&](const Component& part) { return item.kit() && clashes(part.item); })) continue;
+        if (clashes(item.id) || std::ranges::any_of(item.components, [&](const Component& part) {
+                return item.kit() && clashes(part.item);
+            }))
+            continue;
         if (!item.service() && !available(item, warehouse, quantity)) continue;
         addLine(lines, item, quantity, french);
         taken.push_back(item.id);
-        if (item.kit()) for (const auto& part : item.components) taken.push_back(part.item);
+        if (item.kit())
+            for (const auto& part : item.components) taken.push_back(part.item);
         --count;
     }
     return lines;
@@ -81,13 +96,19 @@ void Sales::writeInvoice(Day day) {
     const Customer& customer = *document.customer;
     document.warehouse = day < Day::of(2023, 12, 15) && random_.chance(80) ? laval : customer.warehouse;
     const bool large = customer.segment == contractors || customer.segment == exportSales;
-    document.lines = chooseLines(document.warehouse, customer.french, static_cast<int>(random_.between(1, large ? 9 : 4)), large ? 60 : 12);
+    document.lines = chooseLines(document.warehouse, customer.french,
+                                 static_cast<int>(random_.between(1, large ? 9 : 4)), large ? 60 : 12);
     if (random_.chance(4) && large) {  // a whole building site at once
-        document.lines.push_back({.text = customer.french ? "Contrat de fourniture, phase 2" : "Supply contract, phase 2", .quantity = units(1), .price = Cents{random_.between(25, 160) * 100000 + 50}});
+        document.lines.push_back(
+            {.text = customer.french ? "Contrat de fourniture, phase 2" : "Supply contract, phase 2",
+             .quantity = units(1),
+             .price = Cents{random_.between(25, 160) * 100000 + 50}});
         document.lines.back().total = *document.lines.back().price;
     }
     if (document.lines.empty()) return;
-    if (random_.chance(60)) document.lines.push_back({.text = customer.french ? "Livraison à l'arrière, appeler avant" : "Deliver at the rear, call ahead"});
+    if (random_.chance(60))
+        document.lines.push_back(
+            {.text = customer.french ? "Livraison à l'arrière, appeler avant" : "Deliver at the rear, call ahead"});
     if (random_.chance(350)) document.freight = {random_.between(25, 280) * 100};
     if (customer.currency == cad && random_.chance(70)) {
         document.kind = random_.chance(600) ? cashSale : invoice;
@@ -95,8 +116,10 @@ void Sales::writeInvoice(Day day) {
         if (document.kind == invoice) document.partReceived = {random_.between(2, 9) * 2500};
         document.method = random_.chance(500) ? cheque : creditCard;
     }
-    if (random_.chance(15) && document.kind == invoice) document.toApprove = true;
-    else if (random_.chance(500)) document.toApprove = false;
+    if (random_.chance(15) && document.kind == invoice)
+        document.toApprove = true;
+    else if (random_.chance(500))
+        document.toApprove = false;
     addUp(document);
     record(document);
 }
@@ -104,12 +127,18 @@ void Sales::writeInvoice(Day day) {
 void Sales::writeCreditNote(Day day) {
     if (recent_.empty()) return;
     const Sold& sold = random_.pick(recent_);
-    SaleDocument document{.kind = creditNote, .date = day, .customer = sold.customer, .warehouse = sold.warehouse == laval ? montreal : sold.warehouse};
+    SaleDocument document{.kind = creditNote,
+                          .date = day,
+                          .customer = sold.customer,
+                          .warehouse = sold.warehouse == laval ? montreal : sold.warehouse};
     for (const auto& line : sold.lines) {
-        const bool returnable = line.item != nullptr && !line.item->kit() && line.kitLine < 0 && line.quantity >= units(1);
+        const bool returnable =
+            line.item != nullptr && !line.item->kit() && line.kitLine < 0 && line.quantity >= units(1);
         if (!returnable || (!document.lines.empty() && random_.chance(600))) continue;
         SaleLine back = line;
-        back.quantity = line.item->service() ? line.quantity : units(random_.between(1, std::max<std::int64_t>(1, line.quantity.n / 300)));
+        back.quantity = line.item->service()
+                            ? line.quantity
+                            : units(random_.between(1, std::max<std::int64_t>(1, line.quantity.n / 300)));
         if (!line.item->service() && random_.chance(150)) back.scrap = units(1);
         const Cents gross = back.quantity * *back.price;
         back.discount = back.discountPercent ? gross * *back.discountPercent : Cents{};
@@ -124,7 +153,8 @@ void Sales::writeCreditNote(Day day) {
 void Sales::writeOffer(Day day, Kind kind) {
     SaleDocument document{.kind = kind, .date = day, .customer = &chooseCustomer(day)};
     document.warehouse = document.customer->warehouse;
-    document.lines = chooseLines(document.warehouse, document.customer->french, static_cast<int>(random_.between(1, 7)), 40);
+    document.lines =
+        chooseLines(document.warehouse, document.customer->french, static_cast<int>(random_.between(1, 7)), 40);
     if (random_.chance(30)) document.lines.clear();  // opened and not yet filled
     if (random_.chance(80)) document.toApprove = true;
     addUp(document);
@@ -139,9 +169,13 @@ void Sales::chargeInterest(Day day) {
     for (const auto& [customer, sum] : receivables_.overdue(day)) {
         const Cents interest = sum * Percent{1500};
         if (interest < Cents{500} || !random_.chance(300)) continue;
-        SaleDocument document{.kind = interestCharge, .date = day, .customer = &trade_.customers[static_cast<std::size_t>(customer - 1)]};
-        document.lines.push_back({.text = document.customer->french ? "Intérêts sur compte en souffrance" : "Interest on overdue account",
-                                  .quantity = units(1), .price = interest, .total = interest});
+        SaleDocument document{
+            .kind = interestCharge, .date = day, .customer = &trade_.customers[static_cast<std::size_t>(customer - 1)]};
+        document.lines.push_back(
+            {.text = document.customer->french ? "Intérêts sur compte en souffrance" : "Interest on overdue account",
+             .quantity = units(1),
+             .price = interest,
+             .total = interest});
         addUp(document);
         record(document);
     }
@@ -162,9 +196,16 @@ void Sales::addUp(SaleDocument& document) const {
 }
 
 std::string Sales::numberFor(Kind kind, bool atCounter) {
-    const char* prefix = atCounter ? "K" : kind == creditNote ? "NC" : kind == interestCharge ? "FI" : kind == quote ? "S" : kind == order ? "C" : "F";
+    const char* prefix = atCounter                ? "K"
+                         : kind == creditNote     ? "NC"
+                         : kind == interestCharge ? "FI"
+                         : kind == quote          ? "S"
+                         : kind == order          ? "C"
+                                                  : "F";
     char text[24];
-    std::snprintf(text, sizeof text, "%s%06lld", prefix, static_cast<long long>(++lastNumbers_[prefix[0] == 'F' && prefix[1] == 0 ? 0 : prefix[0] * 256 + prefix[1]]));
+    std::snprintf(
+        text, sizeof text, "%s%06lld", prefix,
+        static_cast<long long>(++lastNumbers_[prefix[0] == 'F' && prefix[1] == 0 ? 0 : prefix[0] * 256 + prefix[1]]));
     return text;
 }
 
@@ -174,8 +215,9 @@ void Sales::record(SaleDocument& document) {
     const Term& term = termFor(document);
     document.key = trade_.newDocument();
     document.number = numberFor(document.kind, document.atCounter);
-    document.received = document.receivedInFull ? document.total
-                      : document.partReceived > Cents{} ? std::min(document.partReceived, document.total) : Cents{};
+    document.received = document.receivedInFull           ? document.total
+                        : document.partReceived > Cents{} ? std::min(document.partReceived, document.total)
+                                                          : Cents{};
     for (const auto& receipt : document.receipts) document.received += receipt.amount * trade_.rate(receipt.currency);
     writeHeader(document, term, rate);
     writeLines(document);
@@ -184,12 +226,14 @@ void Sales::record(SaleDocument& document) {
     const int sign = document.kind == creditNote ? -1 : 1;
     const Cents owed = times(document.total, sign) - document.received;
     if (owed == Cents{}) return;
-    receivables_.add({document.key, document.number, document.kind, &customer, document.date, dueDate(term, document.date), &term, rate,
-                      times(document.total, sign), owed, customer.segment});
+    receivables_.add({document.key, document.number, document.kind, &customer, document.date,
+                      dueDate(term, document.date), &term, rate, times(document.total, sign), owed, customer.segment});
     if (document.kind != invoice) return;
     Sold sold{&customer, document.warehouse, document.lines};
-    if (recent_.size() < 60) recent_.push_back(std::move(sold));
-    else recent_[nextRecent_++ % recent_.size()] = std::move(sold);
+    if (recent_.size() < 60)
+        recent_.push_back(std::move(sold));
+    else
+        recent_[nextRecent_++ % recent_.size()] = std::move(sold);
 }
 
 }  // namespace quillo::demo

@@ -7,13 +7,22 @@ namespace quillo::demo {
 enum Kind : int { invoice = 1, cashSale = 2, creditNote = 3, interestCharge = 4, quote = 50, order = 51 };
 
 struct SaleLine {
-    const Item* item = nullptr;   // none for a line of text
+    const Item* item = nullptr;  // none for a line of text
     std::string text{};
     Qty quantity{}, scrap{};
     std::optional<Cents> price{};
     std::optional<Percent> discountPercent{};
     Cents total{}, discount{};
-    int kitLine = -1;             // the line of the kit that this component belongs to
+    int kitLine = -1;  // the line of the kit that this component belongs to
+
+    // The same goods brought back over the counter.
+    SaleLine broughtBack() const {
+        SaleLine line = *this;
+        line.quantity = -quantity;
+        line.total = -total;
+        line.discount = -discount;
+        return line;
+    }
 };
 
 // Money taken at a register; change given back is negative.
@@ -32,10 +41,10 @@ struct SaleDocument {
     Warehouse warehouse = montreal;
     std::vector<SaleLine> lines{};
     Cents freight{};
-    bool receivedInFull = false;          // paid at once at the office, by the method of the header
-    Cents partReceived{};                 // a deposit or a first payment
+    bool receivedInFull = false;  // paid at once at the office, by the method of the header
+    Cents partReceived{};         // a deposit or a first payment
     Method method = cheque;
-    std::vector<Receipt> receipts{};      // at a register
+    std::vector<Receipt> receipts{};  // at a register
     bool atCounter = false;
     std::string user{}, cashRegister{};
     std::optional<bool> toApprove{};
@@ -86,7 +95,7 @@ private:
     Trade& trade_;
     Random& random_;
     Receivables& receivables_;
-    std::vector<Sold> recent_;       // what may come back
+    std::vector<Sold> recent_;  // what may come back
     std::size_t nextRecent_ = 0;
     std::map<int, std::int64_t> lastNumbers_;
     Id lastLine_ = 0;

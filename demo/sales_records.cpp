@@ -8,25 +8,32 @@ void Sales::writeHeader(const SaleDocument& document, const Term& term, Rate rat
     const int sign = document.kind == creditNote ? -1 : 1;
     const auto signedAmount = [&](Cents amount) { return times(amount, sign); };
     std::optional<std::string> salesperson;
-    if (!customer.salesperson.empty()) salesperson = customer.salesperson;
-    else if (customer.id % 2 == 0) salesperson = "";
+    if (!customer.salesperson.empty())
+        salesperson = customer.salesperson;
+    else if (customer.id % 2 == 0)
+        salesperson = "";
     Percent commission = document.kind == interestCharge ? Percent{} : customer.commission;
     if (commission.n > 0 && random_.chance(100)) commission.n += 1000;  // agreed for this sale alone
+    // Some offers without lines have no total yet.
     const bool empty = document.lines.empty() && random_.chance(300);
     const auto total = empty ? std::nullopt : std::optional(signedAmount(document.total));
-    const bool header = document.receipts.empty() && document.received != Cents{};
-    headers_.add(document.key, document.number, int{document.kind}, document.date, orNull(std::string_view(document.time)),
-                 document.kind == quote ? std::nullopt : std::optional(document.date + static_cast<int>(random_.below(document.kind == order ? 40 : 4))),
-                 document.date, dueDate(term, document.date), customer.id, term.id, Id{customer.currency}, rate,
-                 signedAmount(document.net), signedAmount(document.discount), signedAmount(document.freight),
+    const int daysToShip = static_cast<int>(random_.below(document.kind == order ? 40 : 4));
+    const auto shipDate = document.kind == quote ? std::nullopt : std::optional(document.date + daysToShip);
+    const bool paidAtOffice = document.receipts.empty() && document.received != Cents{};
+    const std::string chequeNumber =
+        paidAtOffice && document.method == cheque ? std::to_string(random_.between(100, 999)) : std::string();
+    headers_.add(document.key, document.number, int{document.kind}, document.date,
+                 orNull(std::string_view(document.time)), shipDate, document.date, dueDate(term, document.date),
+                 customer.id, term.id, Id{customer.currency}, rate, signedAmount(document.net),
+                 signedAmount(document.discount), signedAmount(document.freight),
                  signedAmount(document.gst + document.qst + document.hst), total, document.received,
-                 header && document.method == cheque ? std::optional(std::to_string(random_.between(100, 999))) : std::nullopt,
-                 header ? orNull(Id{document.method}) : std::nullopt, salesperson, commission, signedAmount(document.net * commission),
-                 document.atCounter, orNull(std::string_view(document.user)), orNull(std::string_view(document.cashRegister)),
+                 orNull(std::string_view(chequeNumber)), paidAtOffice ? orNull(Id{document.method}) : std::nullopt,
+                 salesperson, commission, signedAmount(document.net * commission), document.atCounter,
+                 orNull(std::string_view(document.user)), orNull(std::string_view(document.cashRegister)),
                  document.toApprove, orNull(Id{customer.segment}));
     for (const auto& receipt : document.receipts)
-        receipts_.add(++lastReceipt_, document.key, Id{receipt.method}, Id{receipt.currency}, trade_.rate(receipt.currency), receipt.amount,
-                      orNull(std::string_view(receipt.cheque)));
+        receipts_.add(++lastReceipt_, document.key, Id{receipt.method}, Id{receipt.currency},
+                      trade_.rate(receipt.currency), receipt.amount, orNull(std::string_view(receipt.cheque)));
 }
 
 void Sales::writeLines(const SaleDocument& document) {
@@ -35,12 +42,15 @@ void Sales::writeLines(const SaleDocument& document) {
     const Id first = lastLine_ + 1;
     for (const auto& line : document.lines) {
         const bool goods = line.item != nullptr && !line.item->service();
-        const Account account = line.item != nullptr ? line.item->salesAccount : document.kind == interestCharge ? interestIncome : salesService;
+        const Account account = line.item != nullptr              ? line.item->salesAccount
+                                : document.kind == interestCharge ? interestIncome
+                                                                  : salesService;
         const auto scrap = line.scrap > Qty{} ? std::optional(line.scrap) : std::nullopt;
         const auto quantity = line.price ? std::optional(line.quantity) : std::nullopt;
-        lines_.add(++lastLine_, document.key, orNull(line.item == nullptr ? 0 : line.item->id), line.text, quantity, scrap, line.price,
-                   line.discountPercent, line.price ? std::optional(line.total) : std::nullopt, line.item != nullptr && line.item->service(),
-                   line.item != nullptr && line.item->kit(), orNull(line.kitLine < 0 ? 0 : first + line.kitLine), false, taxGroup, Id{account},
+        lines_.add(++lastLine_, document.key, orNull(line.item == nullptr ? 0 : line.item->id), line.text, quantity,
+                   scrap, line.price, line.discountPercent, line.price ? std::optional(line.total) : std::nullopt,
+                   line.item != nullptr && line.item->service(), line.item != nullptr && line.item->kit(),
+                   orNull(line.kitLine < 0 ? 0 : first + line.kitLine), false, taxGroup, Id{account},
                    orNull(goods ? Id{document.warehouse} : 0), orNull(Id{customer.segment}));
     }
 }
@@ -68,8 +78,8 @@ void Sales::post(const SaleDocument& document, Rate rate) {
         postRevenue(document, rate, sign);
         moveGoods(document);
     }
-    ledger.post({document.date, document.kind == interestCharge ? "ADM" : "INV", document.key, document.number, document.customer->name,
-                 document.customer->currency, rate, document.customer->segment});
+    ledger.post({document.date, document.kind == interestCharge ? "ADM" : "INV", document.key, document.number,
+                 document.customer->name, document.customer->currency, rate, document.customer->segment});
 }
 
 // Money taken with the document itself.
@@ -96,10 +106,14 @@ void Sales::postRevenue(const SaleDocument& document, Rate rate, int sign) {
     credit(freightIncome, document.freight, 0);
     std::map<Account, Cents> sales;
     for (const auto& line : document.lines)
-        sales[line.item != nullptr ? line.item->salesAccount : document.kind == interestCharge ? interestIncome : salesService] += line.total;
+        sales[line.item != nullptr              ? line.item->salesAccount
+              : document.kind == interestCharge ? interestIncome
+                                                : salesService] += line.total;
     for (auto account = sales.begin(); account != sales.end(); ++account) {
-        if (std::next(account) == sales.end()) ledger.line(account->first, ledger.remainder(), times(account->second, -sign), project);
-        else credit(account->first, account->second, project);
+        if (std::next(account) == sales.end())
+            ledger.line(account->first, ledger.remainder(), times(account->second, -sign), project);
+        else
+            credit(account->first, account->second, project);
     }
 }
 
@@ -111,8 +125,11 @@ void Sales::moveGoods(const SaleDocument& document) {
         const Qty quantity = line.quantity - line.scrap;
         if (quantity == Qty{}) continue;
         const bool comesBack = document.kind == creditNote || quantity < Qty{};
-        if (comesBack) cost -= trade_.stock.putBack(movement, line.item->id, document.warehouse, quantity < Qty{} ? -quantity : quantity);
-        else cost += trade_.stock.issue(movement, line.item->id, document.warehouse, quantity);
+        if (comesBack)
+            cost -= trade_.stock.putBack(movement, line.item->id, document.warehouse,
+                                         quantity < Qty{} ? -quantity : quantity);
+        else
+            cost += trade_.stock.issue(movement, line.item->id, document.warehouse, quantity);
     }
     const Id project = cost == Cents{} ? 0 : projectOf(document);
     trade_.ledger.line(costOfGoods, cost, {}, project);

@@ -31,8 +31,8 @@ void Stock::move(const Movement& movement, Id item, Id warehouse, Qty quantity, 
     level.total += quantity;
     level.value += value;
     if (level.total > Qty{}) level.average = unitCost(level.value, level.total);
-    rows_.add(++lastTrx_, item, movement.date, movement.source, orNull(movement.key), quantity, value, here, level.average,
-              level.last, warehouse, orNull(movement.segment));
+    rows_.add(++lastTrx_, item, movement.date, movement.source, orNull(movement.key), quantity, value, here,
+              level.average, level.last, warehouse, orNull(movement.segment));
 }
 
 }  // namespace quillo::demo

@@ -20,7 +20,8 @@ struct Movement {
 // writes one movement and gives its value, which the caller posts to the general ledger.
 class Stock {
 public:
-    Stock(const sqlite::Database& database, std::size_t itemCount) : levels_(itemCount + 1), rows_(database, "InvenDet") {}
+    Stock(const sqlite::Database& database, std::size_t itemCount)
+        : levels_(itemCount + 1), rows_(database, "InvenDet") {}
 
     Qty onHand(Id item, Id warehouse) const { return level(item).byWarehouse[static_cast<std::size_t>(warehouse)]; }
     Qty onHand(Id item) const { return level(item).total; }

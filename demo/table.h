@@ -44,8 +44,10 @@ private:
     // Out of line, since GCC 12 otherwise takes an empty value for an uninitialized one.
     template <class T>
     [[gnu::noinline]] void bind(int index, const std::optional<T>& value) {
-        if (value) bind(index, *value);
-        else bind(index, nullptr);
+        if (value)
+            bind(index, *value);
+        else
+            bind(index, nullptr);
     }
 
     std::string name_;
@@ -54,7 +56,9 @@ private:
 };
 
 // A key as a column value: 0 is NULL.
-inline std::optional<Id> orNull(Id key) { return key == 0 ? std::nullopt : std::optional(key); }
+inline std::optional<Id> orNull(Id key) {
+    return key == 0 ? std::nullopt : std::optional(key);
+}
 // A text as a column value: the empty text is NULL.
 inline std::optional<std::string_view> orNull(std::string_view text) {
     return text.empty() ? std::nullopt : std::optional(text);

@@ -5,7 +5,9 @@
 namespace quillo::demo {
 namespace {
 
-Day instalmentDay(const Instalment& part, Day date) { return part.date ? std::max(*part.date, date) : date + part.days; }
+Day instalmentDay(const Instalment& part, Day date) {
+    return part.date ? std::max(*part.date, date) : date + part.days;
+}
 
 }  // namespace
 

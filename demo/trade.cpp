@@ -16,8 +16,12 @@ Account receivableAccount(Currency currency) {
     return currency == cad ? receivableCad : currency == usd ? receivableUsd : receivableEur;
 }
 
-Account bankAccount(Currency currency) { return currency == cad ? bankCad : currency == usd ? bankUsd : bankEur; }
+Account bankAccount(Currency currency) {
+    return currency == cad ? bankCad : currency == usd ? bankUsd : bankEur;
+}
 
-Account cashAccount(Method method) { return method == cash || method == cheque ? undeposited : bankCad; }
+Account cashAccount(Method method) {
+    return method == cash || method == cheque ? undeposited : bankCad;
+}
 
 }  // namespace quillo::demo

@@ -44,7 +44,7 @@ struct Customer {
     Segment segment;
     Warehouse warehouse;
     Id project = 0;
-    int delay = 0;            // days that this customer pays after the due date
+    int delay = 0;  // days that this customer pays after the due date
     bool takesDiscounts = false;
     std::optional<Day> inactiveFrom{};
 };

@@ -3,8 +3,13 @@
 namespace quillo::demo {
 
 Treasury::Treasury(Trade& trade, Purchasing& purchasing)
-    : trade_(trade), random_(trade.random), purchasing_(purchasing), deposits_(trade.database, "DepHdr"),
-      depositLines_(trade.database, "DepDet"), taxes_(trade.database, "TaxTrxHdr"), taxLines_(trade.database, "TaxTrxDet"),
+    : trade_(trade),
+      random_(trade.random),
+      purchasing_(purchasing),
+      deposits_(trade.database, "DepHdr"),
+      depositLines_(trade.database, "DepDet"),
+      taxes_(trade.database, "TaxTrxHdr"),
+      taxLines_(trade.database, "TaxTrxDet"),
       slips_(trade.database, "TrxPay") {}
 
 // The drawer's receipts go to the bank; at a month's end the rent of the upper floor goes with them.
@@ -109,7 +114,8 @@ void Treasury::expense(Day day, Account account, Id supplier, Cents amount, Id p
     trade_.ledger.line(account, amount, {}, project);
     purchasing_.taxLines(amount);
     trade_.ledger.line(bankCad, -total);
-    trade_.ledger.post({day, "EXP", key, purchasing_.lastNumber(), suppliers()[static_cast<std::size_t>(supplier - 1)]});
+    trade_.ledger.post(
+        {day, "EXP", key, purchasing_.lastNumber(), suppliers()[static_cast<std::size_t>(supplier - 1)]});
 }
 
 void Treasury::payCosts(Day day) {

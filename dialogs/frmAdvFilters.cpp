@@ -18,12 +18,16 @@ constexpr int closedByWindowBox = 0;
 
 frmAdvFilters::frmAdvFilters(HostContext& context)
     : context_(context),
-      boxes_{boxFor("chkShowZeroCommission", Option::showZeroCommission),   boxFor("chkShowZeroTransaction", Option::showZeroTransaction),
-             boxFor("chkIncludeZeroOrders", Option::includeZeroOrders),     boxFor("chkIncludePaiementReceipt", Option::includePaymentReceipt),
-             boxFor("chkIncludeKit", Option::includeKit),                   boxFor("chkIncludeKitComponent", Option::includeKitComponent)} {}
+      boxes_{boxFor("chkShowZeroCommission", Option::showZeroCommission),
+             boxFor("chkShowZeroTransaction", Option::showZeroTransaction),
+             boxFor("chkIncludeZeroOrders", Option::includeZeroOrders),
+             boxFor("chkIncludePaiementReceipt", Option::includePaymentReceipt),
+             boxFor("chkIncludeKit", Option::includeKit),
+             boxFor("chkIncludeKitComponent", Option::includeKitComponent)} {}
 
 void frmAdvFilters::showFailure(std::string_view description, std::string_view procedure, int line) const {
-    context_.messages().Show(std::string(description) + "\r\nin Quillo.frmAdvFilters." + std::string(procedure) + " at line " + std::to_string(line));
+    context_.messages().Show(std::string(description) + "\r\nin Quillo.frmAdvFilters." + std::string(procedure) +
+                             " at line " + std::to_string(line));
 }
 
 CheckBox* frmAdvFilters::boxOf(int Id) {

@@ -9,7 +9,8 @@ namespace quillo {
 
 // The options that the form knows, each a bit of a report's mask.
 namespace Option {
-inline constexpr int showZeroCommission = 1, showZeroTransaction = 2, includeZeroOrders = 4, includePaymentReceipt = 8, includeKit = 16, includeKitComponent = 32;
+inline constexpr int showZeroCommission = 1, showZeroTransaction = 2, includeZeroOrders = 4, includePaymentReceipt = 8,
+                     includeKit = 16, includeKitComponent = 32;
 }
 
 // The one form of yes-or-no options: a report says which boxes it wants, and the form shows those, one under the
@@ -45,8 +46,8 @@ private:
     HostContext& context_;
     Application* m_objApplication = nullptr;
     std::array<CheckBox, 6> boxes_;
-    int m_lngTop = 0;            // the next free top, twips
-    float m_sngBorder = 360;     // outer height less inner height
+    int m_lngTop = 0;         // the next free top, twips
+    float m_sngBorder = 360;  // outer height less inner height
     bool visible_ = false;
 };
 

@@ -10,6 +10,8 @@ std::string webTag(std::string_view address) {
     return std::string(scheme) + std::string(address);
 }
 
-std::string mailTag(std::string_view address) { return "mailto:" + std::string(address); }
+std::string mailTag(std::string_view address) {
+    return "mailto:" + std::string(address);
+}
 
 }  // namespace quillo

@@ -12,9 +12,9 @@
 namespace quillo {
 
 namespace Drill {
-inline constexpr std::string_view invoice = "INV", customer = "CUS", supplier = "SUP", employee = "EMP", project = "PRJ",
-                                  item = "ITM", warehouseItem = "WI", payment = "PMT", assembly = "ASB",
-                                  receivablesAdjustment = "ARAdjust";
+inline constexpr std::string_view invoice = "INV", customer = "CUS", supplier = "SUP", employee = "EMP",
+                                  project = "PRJ", item = "ITM", warehouseItem = "WI", payment = "PMT",
+                                  assembly = "ASB", receivablesAdjustment = "ARAdjust";
 }
 
 inline std::string drillTag(std::string_view kind, const ValueView& key) {
@@ -25,7 +25,9 @@ inline std::string drillTag(std::string_view kind, const ValueView& key) {
 }
 
 // A target that needs no kind word.
-inline std::string plainTag(const ValueView& key) { return key.textOrEmpty(); }
+inline std::string plainTag(const ValueView& key) {
+    return key.textOrEmpty();
+}
 
 // Makes every one of the controls a link with that tag.
 inline void link(std::string_view tag, std::initializer_list<Control*> controls) {

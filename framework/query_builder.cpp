@@ -23,7 +23,9 @@ std::string whereClause(const FilterParts& filter, OwnWhere own) {
     return (own == OwnWhere::yes ? " AND (" : " WHERE (") + filter.where + ") ";
 }
 
-std::string orderClause(const FilterParts& filter, std::string_view ownClause) { return orderClauseBehind(filter, "", ownClause); }
+std::string orderClause(const FilterParts& filter, std::string_view ownClause) {
+    return orderClauseBehind(filter, "", ownClause);
+}
 
 std::string orderClauseBehind(const FilterParts& filter, std::string_view leading, std::string_view ownClause) {
     if (filter.order.empty()) return std::string(ownClause);

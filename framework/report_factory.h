@@ -57,7 +57,8 @@ public:
     Object CustAgingSummary();
     Object CustAgingGraphic();
     // An empty TextLetter leaves the report's own; oMainApp is set also when it is left out.
-    Object CollectionLetter(const std::optional<std::string>& TextLetter = std::nullopt, Application* oMainApp = nullptr);
+    Object CollectionLetter(const std::optional<std::string>& TextLetter = std::nullopt,
+                            Application* oMainApp = nullptr);
     Object CustTransHistoryRepNova();
     Object DayEndBalanceByCash();
     Object DayEndBalanceByCashInvDetail();

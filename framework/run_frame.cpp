@@ -54,7 +54,8 @@ std::shared_ptr<Recordset> ReportFrame::execute(const std::string& sql, const st
     return execute(m_command, sql, values);
 }
 
-std::shared_ptr<Recordset> ReportFrame::execute(std::unique_ptr<Command>& command, const std::string& sql, const std::vector<Variant>& values) {
+std::shared_ptr<Recordset> ReportFrame::execute(std::unique_ptr<Command>& command, const std::string& sql,
+                                                const std::vector<Variant>& values) {
     HostDatabase& database = context().company().Database();
     if (!command) command = database.newCommand();
     command->CommandTimeout = 0;
@@ -67,7 +68,8 @@ std::shared_ptr<Recordset> ReportFrame::execute(std::unique_ptr<Command>& comman
 
 void ReportFrame::setDateCaption(Label& lblDateFromDateTo) {
     if (m_dtDateFrom != noStartLimit && m_dtDateTo != noEndLimit) {
-        lblDateFromDateTo.Caption = GetText(3013) + " " + locale().shortDate(m_dtDateFrom) + " " + GetText(3012) + " " + locale().shortDate(m_dtDateTo);
+        lblDateFromDateTo.Caption = GetText(3013) + " " + locale().shortDate(m_dtDateFrom) + " " + GetText(3012) + " " +
+                                    locale().shortDate(m_dtDateTo);
     } else {
         lblDateFromDateTo.Caption = GetText(1376);
     }
@@ -79,7 +81,9 @@ void ReportFrame::replaceCaptions(const SubReport& filter, Label& first, std::in
     section("PageHeader").Height = first.Top + first.Height;
 }
 
-void ReportFrame::setEndLine(Label& lblEnd, int textId) { lblEnd.Caption = std::to_string(m_lngRecordCount) + " " + GetText(textId); }
+void ReportFrame::setEndLine(Label& lblEnd, int textId) {
+    lblEnd.Caption = std::to_string(m_lngRecordCount) + " " + GetText(textId);
+}
 
 bool FilterableReport::askFilter(const std::string& tables, bool flagA, std::source_location step) {
     bool cancel = false;

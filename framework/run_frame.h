@@ -13,13 +13,13 @@
 
 // One step of a report's procedure: the smallest piece that may fail by itself and leave the rest meaningful. A
 // failure shows its box, naming report, procedure and line, and the run goes on behind the step.
-#define STEP(...)                                          \
-    do {                                                   \
-        try {                                              \
-            __VA_ARGS__;                                   \
-        } catch (const std::exception& failure) {          \
+#define STEP(...)                                                  \
+    do {                                                           \
+        try {                                                      \
+            __VA_ARGS__;                                           \
+        } catch (const std::exception& failure) {                  \
             this->showFailure(failure.what(), __func__, __LINE__); \
-        }                                                  \
+        }                                                          \
     } while (false)
 
 namespace quillo {
@@ -30,7 +30,7 @@ enum class Foreign { ignored, kept, keptGatesSections };
 // The fixed values of a report's contract.
 struct ContractRow {
     int dateOptions = DateDisplay::none;
-    int titleId = 0;  // text of the title; 0: empty
+    int titleId = 0;               // text of the title; 0: empty
     bool companyCurrency = false;  // UseCurrency tells whether the company uses foreign currency; else False
     Foreign foreign = Foreign::ignored;
     bool keepsDates = true;  // false: DateFrom and DateTo are empty bodies
@@ -72,7 +72,8 @@ protected:
     // Connects, sets the text, binds the values to its "?" marks in order, and executes: the report's own
     // command without a time limit.
     std::shared_ptr<Recordset> execute(const std::string& sql, const std::vector<Variant>& values = {});
-    std::shared_ptr<Recordset> execute(std::unique_ptr<Command>& command, const std::string& sql, const std::vector<Variant>& values);
+    std::shared_ptr<Recordset> execute(std::unique_ptr<Command>& command, const std::string& sql,
+                                       const std::vector<Variant>& values);
 
     void Translate() { context().localizer().Translate(*this); }
     // "From ... to ...", or the text for no limit when either date is at its limit.
@@ -105,7 +106,8 @@ protected:
     using ReportFrame::ReportFrame;
     // Asks the filter tool, which leaves the choice in the filter string. False when the user cancelled. A step of
     // ActiveReport_ReportStart.
-    bool askFilter(const std::string& tables, bool flagA = true, std::source_location step = std::source_location::current());
+    bool askFilter(const std::string& tables, bool flagA = true,
+                   std::source_location step = std::source_location::current());
     FilterParts filterParts() const { return splitFilter(m_strFilter); }
     // Puts the filter's text into the page header.
     void fillFilterInfo(SubReport& control, std::string_view segments = "");
@@ -123,7 +125,9 @@ public:
 
 protected:
     using FilterableReport::FilterableReport;
-    std::string segments(std::string_view column) const { return segmentClause(column, m_strSegmentFilter, m_bSegmentNoneFilter, "x"); }
+    std::string segments(std::string_view column) const {
+        return segmentClause(column, m_strSegmentFilter, m_bSegmentNoneFilter, "x");
+    }
 
     std::string m_strSegmentFilter;
     std::string m_strSegmentFilterDisplay;

@@ -17,7 +17,8 @@
 namespace quillo {
 
 void clsReport::showFailure(std::string_view description, std::string_view procedure, int line) const {
-    context_.messages().Show(std::string(description) + "\r\nin Quillo.clsReport." + std::string(procedure) + " at line " + std::to_string(line));
+    context_.messages().Show(std::string(description) + "\r\nin Quillo.clsReport." + std::string(procedure) +
+                             " at line " + std::to_string(line));
 }
 
 template <class R>
@@ -35,53 +36,137 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     return nullptr;
 }
 
-clsReport::Object clsReport::ExpectedAndExceededPmtByCustSum() { return missing("ExpectedAndExceededPmtByCustSum", "dsrExpectAndExceedPmtByCust"); }
-clsReport::Object clsReport::ExpectedAndExceededPmtByCustDet() { return missing("ExpectedAndExceededPmtByCustDet", "dsrExpectAndExceedPmtByCust"); }
-clsReport::Object clsReport::SalesBySalesPersonGraph() { return missing("SalesBySalesPersonGraph", "dsrSalesBySalesPersonGraph"); }
-clsReport::Object clsReport::SalesBySalesPersonSummary() { return missing("SalesBySalesPersonSummary", "dsrSalesBySalesPersonSummary"); }
-clsReport::Object clsReport::CashReceiptsSummary() { return missing("CashReceiptsSummary", "dsrCashReceiptsSummary"); }
-clsReport::Object clsReport::CashReceiptsDetail() { return missing("CashReceiptsDetail", "dsrCashReceiptsDetail"); }
+clsReport::Object clsReport::ExpectedAndExceededPmtByCustSum() {
+    return missing("ExpectedAndExceededPmtByCustSum", "dsrExpectAndExceedPmtByCust");
+}
+clsReport::Object clsReport::ExpectedAndExceededPmtByCustDet() {
+    return missing("ExpectedAndExceededPmtByCustDet", "dsrExpectAndExceedPmtByCust");
+}
+clsReport::Object clsReport::SalesBySalesPersonGraph() {
+    return missing("SalesBySalesPersonGraph", "dsrSalesBySalesPersonGraph");
+}
+clsReport::Object clsReport::SalesBySalesPersonSummary() {
+    return missing("SalesBySalesPersonSummary", "dsrSalesBySalesPersonSummary");
+}
+clsReport::Object clsReport::CashReceiptsSummary() {
+    return missing("CashReceiptsSummary", "dsrCashReceiptsSummary");
+}
+clsReport::Object clsReport::CashReceiptsDetail() {
+    return missing("CashReceiptsDetail", "dsrCashReceiptsDetail");
+}
 clsReport::Object clsReport::OpenOrders(const int& lngInvType) {
     auto report = create<dsrOpenOrders>("OpenOrders");
     if (report) report->setProperty("InvoiceType", lngInvType);
     return report;
 }
-clsReport::Object clsReport::TermList() { return create<dsrTermList>("TermList"); }
-clsReport::Object clsReport::SalesBySalesPersonDetail() { return missing("SalesBySalesPersonDetail", "dsrSalesBySalesPersonDetail"); }
-clsReport::Object clsReport::SalesBySalesPersProfDetail() { return missing("SalesBySalesPersProfDetail", "dsrSalesBySalesPersProfDetail"); }
-clsReport::Object clsReport::SalesBySalesPersProfSummary() { return missing("SalesBySalesPersProfSummary", "dsrSalesBySalesPersProfSummary"); }
-clsReport::Object clsReport::SalesJournalSummary() { return missing("SalesJournalSummary", "dsrSalesJournalSummary"); }
-clsReport::Object clsReport::SalesJournalDetail() { return missing("SalesJournalDetail", "dsrSalesJournalDetail"); }
-clsReport::Object clsReport::SalesJournalCompGraph() { return missing("SalesJournalCompGraph", "dsrSalesJournalCompGraph"); }
-clsReport::Object clsReport::SalesJournalCompGraphMonths() { return missing("SalesJournalCompGraphMonths", "dsrSalesJournalCompGraphMonth"); }
-clsReport::Object clsReport::CustPhoneList() { return create<dsrCustPhoneList>("CustPhoneList"); }
-clsReport::Object clsReport::ProjectPriceList() { return create<dsrProjectPriceList>("ProjectPriceList"); }
-clsReport::Object clsReport::JobCustByProject() { return missing("JobCustByProject", "dsrJobCostByProject"); }
-clsReport::Object clsReport::JobCustByCust() { return missing("JobCustByCust", "dsrJobCostByCust"); }
-clsReport::Object clsReport::JobCustBySupp() { return missing("JobCustBySupp", "dsrJobCostBySupp"); }
-clsReport::Object clsReport::JobCustByEmpl() { return missing("JobCustByEmpl", "dsrJobCostByEmpl"); }
-clsReport::Object clsReport::CustList() { return create<dsrCustList>("CustList"); }
-clsReport::Object clsReport::CustListShipAddr() { return create<dsrCustListShipAddr>("CustListShipAddr"); }
-clsReport::Object clsReport::CustCustomFieldList() { return create<dsrCustCustomFieldList>("CustCustomFieldList"); }
-clsReport::Object clsReport::InvStatByCust() { return missing("InvStatByCust", "dsrInvStatByCust"); }
-clsReport::Object clsReport::InvStatByItem() { return missing("InvStatByItem", "dsrInvStatByItem"); }
-clsReport::Object clsReport::SalesStatistic() { return missing("SalesStatistic", "dsrSalesStatistic"); }
-clsReport::Object clsReport::CustAgingDetail() { return missing("CustAgingDetail", "dsrCustAgingDetail"); }
-clsReport::Object clsReport::CustAgingSummary() { return missing("CustAgingSummary", "dsrCustAgingSummary"); }
-clsReport::Object clsReport::CustAgingGraphic() { return missing("CustAgingGraphic", "dsrCustAgingGraphic"); }
-clsReport::Object clsReport::CollectionLetter(const std::optional<std::string>&, Application*) { return missing("CollectionLetter", "dsrCollectionLetters"); }
-clsReport::Object clsReport::CustTransHistoryRepNova() { return missing("CustTransHistoryRepNova", "dsrCustTransHistoryRepNova"); }
-clsReport::Object clsReport::DayEndBalanceByCash() { return missing("DayEndBalanceByCash", "dsrDayEndBalanceByCash"); }
-clsReport::Object clsReport::DayEndBalanceByCashInvDetail() { return missing("DayEndBalanceByCashInvDetail", "dsrDayEndBalanceByCashInvDetail"); }
-clsReport::Object clsReport::DayEndBalanceByCashPmtDetail() { return missing("DayEndBalanceByCashPmtDetail", "dsrDayEndBalanceByCashPmtDetail"); }
-clsReport::Object clsReport::DayEndBalanceByCashDepDetail() { return missing("DayEndBalanceByCashDepDetail", "dsrDayEndBalanceByCashDepDetail"); }
-clsReport::Object clsReport::DayEndBalanceByUsr() { return missing("DayEndBalanceByUsr", "dsrDayEndBalanceByUsr"); }
-clsReport::Object clsReport::DayEndBalanceByUsrInvDetail() { return missing("DayEndBalanceByUsrInvDetail", "dsrDayEndBalanceByUsrInvDetail"); }
-clsReport::Object clsReport::DayEndBalanceByUsrPmtDetail() { return missing("DayEndBalanceByUsrPmtDetail", "dsrDayEndBalanceByUsrPmtDetail"); }
-clsReport::Object clsReport::DayEndBalanceByUsrDepDetail() { return missing("DayEndBalanceByUsrDepDetail", "dsrDayEndBalanceByUsrDepDetail"); }
-clsReport::Object clsReport::DocumentsToApprove() { return create<dsrDocumentsToApprove>("DocumentsToApprove"); }
-clsReport::Object clsReport::ConsumedStatisticsByItem() { return missing("ConsumedStatisticsByItem", "dsrItemConsumedList"); }
-clsReport::Object clsReport::ConsumedStatisticsByPeriod() { return missing("ConsumedStatisticsByPeriod", "dsrConsumedStatsByPeriod"); }
+clsReport::Object clsReport::TermList() {
+    return create<dsrTermList>("TermList");
+}
+clsReport::Object clsReport::SalesBySalesPersonDetail() {
+    return missing("SalesBySalesPersonDetail", "dsrSalesBySalesPersonDetail");
+}
+clsReport::Object clsReport::SalesBySalesPersProfDetail() {
+    return missing("SalesBySalesPersProfDetail", "dsrSalesBySalesPersProfDetail");
+}
+clsReport::Object clsReport::SalesBySalesPersProfSummary() {
+    return missing("SalesBySalesPersProfSummary", "dsrSalesBySalesPersProfSummary");
+}
+clsReport::Object clsReport::SalesJournalSummary() {
+    return missing("SalesJournalSummary", "dsrSalesJournalSummary");
+}
+clsReport::Object clsReport::SalesJournalDetail() {
+    return missing("SalesJournalDetail", "dsrSalesJournalDetail");
+}
+clsReport::Object clsReport::SalesJournalCompGraph() {
+    return missing("SalesJournalCompGraph", "dsrSalesJournalCompGraph");
+}
+clsReport::Object clsReport::SalesJournalCompGraphMonths() {
+    return missing("SalesJournalCompGraphMonths", "dsrSalesJournalCompGraphMonth");
+}
+clsReport::Object clsReport::CustPhoneList() {
+    return create<dsrCustPhoneList>("CustPhoneList");
+}
+clsReport::Object clsReport::ProjectPriceList() {
+    return create<dsrProjectPriceList>("ProjectPriceList");
+}
+clsReport::Object clsReport::JobCustByProject() {
+    return missing("JobCustByProject", "dsrJobCostByProject");
+}
+clsReport::Object clsReport::JobCustByCust() {
+    return missing("JobCustByCust", "dsrJobCostByCust");
+}
+clsReport::Object clsReport::JobCustBySupp() {
+    return missing("JobCustBySupp", "dsrJobCostBySupp");
+}
+clsReport::Object clsReport::JobCustByEmpl() {
+    return missing("JobCustByEmpl", "dsrJobCostByEmpl");
+}
+clsReport::Object clsReport::CustList() {
+    return create<dsrCustList>("CustList");
+}
+clsReport::Object clsReport::CustListShipAddr() {
+    return create<dsrCustListShipAddr>("CustListShipAddr");
+}
+clsReport::Object clsReport::CustCustomFieldList() {
+    return create<dsrCustCustomFieldList>("CustCustomFieldList");
+}
+clsReport::Object clsReport::InvStatByCust() {
+    return missing("InvStatByCust", "dsrInvStatByCust");
+}
+clsReport::Object clsReport::InvStatByItem() {
+    return missing("InvStatByItem", "dsrInvStatByItem");
+}
+clsReport::Object clsReport::SalesStatistic() {
+    return missing("SalesStatistic", "dsrSalesStatistic");
+}
+clsReport::Object clsReport::CustAgingDetail() {
+    return missing("CustAgingDetail", "dsrCustAgingDetail");
+}
+clsReport::Object clsReport::CustAgingSummary() {
+    return missing("CustAgingSummary", "dsrCustAgingSummary");
+}
+clsReport::Object clsReport::CustAgingGraphic() {
+    return missing("CustAgingGraphic", "dsrCustAgingGraphic");
+}
+clsReport::Object clsReport::CollectionLetter(const std::optional<std::string>&, Application*) {
+    return missing("CollectionLetter", "dsrCollectionLetters");
+}
+clsReport::Object clsReport::CustTransHistoryRepNova() {
+    return missing("CustTransHistoryRepNova", "dsrCustTransHistoryRepNova");
+}
+clsReport::Object clsReport::DayEndBalanceByCash() {
+    return missing("DayEndBalanceByCash", "dsrDayEndBalanceByCash");
+}
+clsReport::Object clsReport::DayEndBalanceByCashInvDetail() {
+    return missing("DayEndBalanceByCashInvDetail", "dsrDayEndBalanceByCashInvDetail");
+}
+clsReport::Object clsReport::DayEndBalanceByCashPmtDetail() {
+    return missing("DayEndBalanceByCashPmtDetail", "dsrDayEndBalanceByCashPmtDetail");
+}
+clsReport::Object clsReport::DayEndBalanceByCashDepDetail() {
+    return missing("DayEndBalanceByCashDepDetail", "dsrDayEndBalanceByCashDepDetail");
+}
+clsReport::Object clsReport::DayEndBalanceByUsr() {
+    return missing("DayEndBalanceByUsr", "dsrDayEndBalanceByUsr");
+}
+clsReport::Object clsReport::DayEndBalanceByUsrInvDetail() {
+    return missing("DayEndBalanceByUsrInvDetail", "dsrDayEndBalanceByUsrInvDetail");
+}
+clsReport::Object clsReport::DayEndBalanceByUsrPmtDetail() {
+    return missing("DayEndBalanceByUsrPmtDetail", "dsrDayEndBalanceByUsrPmtDetail");
+}
+clsReport::Object clsReport::DayEndBalanceByUsrDepDetail() {
+    return missing("DayEndBalanceByUsrDepDetail", "dsrDayEndBalanceByUsrDepDetail");
+}
+clsReport::Object clsReport::DocumentsToApprove() {
+    return create<dsrDocumentsToApprove>("DocumentsToApprove");
+}
+clsReport::Object clsReport::ConsumedStatisticsByItem() {
+    return missing("ConsumedStatisticsByItem", "dsrItemConsumedList");
+}
+clsReport::Object clsReport::ConsumedStatisticsByPeriod() {
+    return missing("ConsumedStatisticsByPeriod", "dsrConsumedStatsByPeriod");
+}
 
 bool clsReport::ShowItemLine(int ExKitInvoiDetId, bool IsKit) {
     constexpr int componentsOnly = 2;  // a kit option: the kit's own line is left out, its components are printed
@@ -97,7 +182,9 @@ bool clsReport::ShowItemLine(int ExKitInvoiDetId, bool IsKit) {
             4, 0);
         if (kit->atEnd()) return true;
         const int option = kit->Value("ComputeKitOption", ValueType::integer).int32OrZero();
-        shown = IsKit ? option == 0 || option == 1 : option == componentsOnly || kit->Value("AllowKitModification", ValueType::boolean).boolOrFalse();
+        shown = IsKit
+                    ? option == 0 || option == 1
+                    : option == componentsOnly || kit->Value("AllowKitModification", ValueType::boolean).boolOrFalse();
         kit->Close();
     } catch (const std::exception& failure) {
         showFailure(failure.what(), "ShowItemLine", __LINE__);
@@ -109,7 +196,10 @@ namespace {
 
 constexpr bool written = true, toCome = false;
 
-#define MEMBER(name, report, state) clsReport::Member{#name, #report, "", [](clsReport& factory) { return factory.name(); }, state}
+#define MEMBER(name, report, state)                                                   \
+    clsReport::Member {                                                               \
+#name, #report, "", [](clsReport & factory) { return factory.name(); }, state \
+    }
 
 constexpr clsReport::Member catalogue[] = {
     MEMBER(ExpectedAndExceededPmtByCustSum, dsrExpectAndExceedPmtByCust, toCome),
@@ -118,7 +208,8 @@ constexpr clsReport::Member catalogue[] = {
     MEMBER(SalesBySalesPersonSummary, dsrSalesBySalesPersonSummary, toCome),
     MEMBER(CashReceiptsSummary, dsrCashReceiptsSummary, toCome),
     MEMBER(CashReceiptsDetail, dsrCashReceiptsDetail, toCome),
-    clsReport::Member{"OpenOrders", "dsrOpenOrders", "lngInvType", [](clsReport& factory) { return factory.OpenOrders(51); }, written},
+    clsReport::Member{"OpenOrders", "dsrOpenOrders", "lngInvType",
+                      [](clsReport& factory) { return factory.OpenOrders(51); }, written},
     MEMBER(TermList, dsrTermList, written),
     MEMBER(SalesBySalesPersonDetail, dsrSalesBySalesPersonDetail, toCome),
     MEMBER(SalesBySalesPersProfDetail, dsrSalesBySalesPersProfDetail, toCome),
@@ -142,7 +233,8 @@ constexpr clsReport::Member catalogue[] = {
     MEMBER(CustAgingDetail, dsrCustAgingDetail, toCome),
     MEMBER(CustAgingSummary, dsrCustAgingSummary, toCome),
     MEMBER(CustAgingGraphic, dsrCustAgingGraphic, toCome),
-    clsReport::Member{"CollectionLetter", "dsrCollectionLetters", "TextLetter, oMainApp", [](clsReport& factory) { return factory.CollectionLetter(); }, toCome},
+    clsReport::Member{"CollectionLetter", "dsrCollectionLetters", "TextLetter, oMainApp",
+                      [](clsReport& factory) { return factory.CollectionLetter(); }, toCome},
     MEMBER(CustTransHistoryRepNova, dsrCustTransHistoryRepNova, toCome),
     MEMBER(DayEndBalanceByCash, dsrDayEndBalanceByCash, toCome),
     MEMBER(DayEndBalanceByCashInvDetail, dsrDayEndBalanceByCashInvDetail, toCome),
@@ -161,10 +253,13 @@ constexpr clsReport::Member catalogue[] = {
 
 }  // namespace
 
-std::span<const clsReport::Member> clsReport::members() { return catalogue; }
+std::span<const clsReport::Member> clsReport::members() {
+    return catalogue;
+}
 
 const clsReport::Member* clsReport::findMember(std::string_view name) {
-    const auto found = std::find_if(std::begin(catalogue), std::end(catalogue), [&](const Member& member) { return equalNames(member.name, name); });
+    const auto found = std::find_if(std::begin(catalogue), std::end(catalogue),
+                                    [&](const Member& member) { return equalNames(member.name, name); });
     return found == std::end(catalogue) ? nullptr : found;
 }
 

@@ -38,7 +38,9 @@ int printBooks(const sqlite::Database& company, const Console& console) {
     std::size_t width = 0;
     for (const BooksLine& line : lines) width = std::max(width, line.name.size());
     for (const BooksLine& line : lines)
-        console.out << std::left << std::setw(static_cast<int>(width) + 2) << line.name << std::right << std::setw(20) << line.left.toText() << std::setw(20) << line.right.toText() << (line.ok() ? "  ok" : "  DIFFERS") << '\n';
+        console.out << std::left << std::setw(static_cast<int>(width) + 2) << line.name << std::right << std::setw(20)
+                    << line.left.toText() << std::setw(20) << line.right.toText() << (line.ok() ? "  ok" : "  DIFFERS")
+                    << '\n';
     const bool allEqual = std::all_of(lines.begin(), lines.end(), [](const BooksLine& line) { return line.ok(); });
     if (!allEqual) console.complain("the books do not agree");
     return allEqual ? ExitStatus::done : ExitStatus::failures;

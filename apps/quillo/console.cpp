@@ -25,14 +25,18 @@ std::string oneLine(std::string_view text) {
 
 }  // namespace
 
-void Console::complain(std::string_view text) const { err << (terminal ? "\r\033[K" : "") << "quillo: " << oneLine(text) << '\n'; }
+void Console::complain(std::string_view text) const {
+    err << (terminal ? "\r\033[K" : "") << "quillo: " << oneLine(text) << '\n';
+}
 
 void ConsoleMessages::Show(std::string_view text) {
     shown_.emplace_back(text);
     console_.complain(text);
 }
 
-const std::atomic<bool>& interruptFlag() { return interrupted; }
+const std::atomic<bool>& interruptFlag() {
+    return interrupted;
+}
 
 void catchInterrupts() {
     interrupted = false;

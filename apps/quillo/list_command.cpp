@@ -35,9 +35,12 @@ struct Description {
 
 std::string datesOf(int option) {
     switch (option) {
-        case DateDisplay::range: return "--from, --to";
-        case DateDisplay::closingDate: return "--to";
-        default: return "none";
+        case DateDisplay::range:
+            return "--from, --to";
+        case DateDisplay::closingDate:
+            return "--to";
+        default:
+            return "none";
     }
 }
 
@@ -98,8 +101,12 @@ void listMembers(const std::string& language, const Console& console) {
             continue;
         }
         const Description text = catalog.describe(member);
-        console.out << text.title << "  [dates: " << text.dates << (text.abilities.empty() ? "" : ";") << text.abilities << "]\n";
-        for (const auto& option : text.options) console.out << std::setw(32) << "" << "--option " << option.name << "=" << (option.value ? "true" : "false") << "  " << option.caption << '\n';
+        console.out << text.title << "  [dates: " << text.dates << (text.abilities.empty() ? "" : ";") << text.abilities
+                    << "]\n";
+        for (const auto& option : text.options)
+            console.out << std::setw(32) << ""
+                        << "--option " << option.name << "=" << (option.value ? "true" : "false") << "  "
+                        << option.caption << '\n';
     }
 }
 
@@ -116,7 +123,9 @@ void describeMember(const std::string& name, const std::string& language, const 
     if (!text.tables.empty()) console.out << "  filter over " << text.tables << '\n';
     if (!text.abilities.empty()) console.out << "  takes      " << text.abilities << '\n';
     for (const auto& property : text.properties) console.out << "  --set " << property << "=...\n";
-    for (const auto& option : text.options) console.out << "  --option " << option.name << "=true|false  " << option.caption << " (now " << (option.value ? "true" : "false") << ")\n";
+    for (const auto& option : text.options)
+        console.out << "  --option " << option.name << "=true|false  " << option.caption << " (now "
+                    << (option.value ? "true" : "false") << ")\n";
 }
 
 }  // namespace quillo::app

@@ -18,7 +18,8 @@ constexpr std::string_view toCome[] = {"svg", "html", "csv", "xlsx"};
 // The frame around the pages together with the sink that it writes to.
 class FramedSink final : public PageSink {
 public:
-    FramedSink(std::unique_ptr<PageSink> inner, PageFrameTexts texts) : inner_(std::move(inner)), frame_(*inner_, std::move(texts)) {}
+    FramedSink(std::unique_ptr<PageSink> inner, PageFrameTexts texts)
+        : inner_(std::move(inner)), frame_(*inner_, std::move(texts)) {}
     void page(const Page& page) override { frame_.page(page); }
     void finish() override { frame_.finish(); }
 
@@ -40,7 +41,8 @@ std::string formatOf(const OutputRequest& request) {
     if (format.empty()) {
         format = foldedName(std::filesystem::path(request.path).extension().string());
         if (!format.empty()) format.erase(0, 1);
-        if (format.empty()) throw UsageError("\"" + request.path + "\" has no ending that tells a format; use --format");
+        if (format.empty())
+            throw UsageError("\"" + request.path + "\" has no ending that tells a format; use --format");
     }
     if (std::find(std::begin(toCome), std::end(toCome), format) != std::end(toCome))
         throw UsageError("the format " + format + " comes with a later version; there are pdf, png and json");
@@ -53,10 +55,15 @@ std::string formatOf(const OutputRequest& request) {
 std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console) {
     const std::string format = formatOf(request);
     try {
-        if (format == "json") return std::make_unique<JsonSink>(fileOrStream(request, console), request.report, request.member, request.title, request.failures);
+        if (format == "json")
+            return std::make_unique<JsonSink>(fileOrStream(request, console), request.report, request.member,
+                                              request.title, request.failures);
         std::unique_ptr<PageSink> sink;
         if (format == "pdf") {
-            sink = std::make_unique<PdfSink>(std::make_unique<OutputFile>(request.path), PdfOptions{request.title, request.language, request.frame.company, request.sessionDate}, request.shaper);
+            sink = std::make_unique<PdfSink>(
+                std::make_unique<OutputFile>(request.path),
+                PdfOptions{request.title, request.language, request.frame.company, request.sessionDate},
+                request.shaper);
         } else {
             sink = std::make_unique<PngSink>(request.path, request.resolution, request.shaper);
         }

@@ -17,7 +17,8 @@ void addPairs(CLI::App& command, const std::string& name, NamedValues& target, c
             [&target, name](const std::vector<std::string>& given) {
                 for (const std::string& text : given) {
                     const auto equals = text.find('=');
-                    if (equals == std::string::npos || equals == 0) throw CLI::ValidationError(name, "takes NAME=VALUE, not \"" + text + "\"");
+                    if (equals == std::string::npos || equals == 0)
+                        throw CLI::ValidationError(name, "takes NAME=VALUE, not \"" + text + "\"");
                     target.emplace_back(text.substr(0, equals), text.substr(equals + 1));
                 }
             },
@@ -33,7 +34,8 @@ void addRunOptions(CLI::App& run, RunRequest& request) {
     run.add_option("--from", request.from, "First day, 2024-01-01; without it there is no limit")->type_name("DATE");
     run.add_option("--to", request.to, "Last day")->type_name("DATE");
     run.add_flag("--foreign", request.foreign, "Amounts in foreign currency");
-    run.add_option("--where", request.where, "Condition over the report's tables: \"CustId BETWEEN 'A' AND 'M'\"")->type_name("CONDITION");
+    run.add_option("--where", request.where, "Condition over the report's tables: \"CustId BETWEEN 'A' AND 'M'\"")
+        ->type_name("CONDITION");
     run.add_option("--order", request.order, "Order: \"Cust.Name, InvoiDate DESC\"")->type_name("COLUMNS");
     run.add_flag("--cancel-filter", request.cancelFilter, "Behave as a user who cancels the filter");
     run.add_option("--segments", request.segments, "Segments by id: 1,2")->type_name("IDS");
@@ -43,15 +45,20 @@ void addRunOptions(CLI::App& run, RunRequest& request) {
     run.add_flag("--reevaluate", request.reevaluate, "Re-evaluate foreign balances");
     run.add_option("--rates-date", request.ratesDate, "Date of the rates")->type_name("DATE");
     addPairs(run, "--rate", request.rates, "A rate to home currency: USD=1.35");
-    run.add_option("--language", request.language, "en, fr, a file of texts, or ids to see each text's number")->type_name("L");
+    run.add_option("--language", request.language, "en, fr, a file of texts, or ids to see each text's number")
+        ->type_name("L");
     run.add_option("--locale", request.locale, "Formats of dates, numbers and money: fr_CA")->type_name("L");
     run.add_option("--dialect", request.dialect, "sqlserver (default) or jet")->type_name("D");
-    run.add_option("--session-date", request.sessionDate, "The date of the session, printed as today's")->type_name("DATE");
+    run.add_option("--session-date", request.sessionDate, "The date of the session, printed as today's")
+        ->type_name("DATE");
     run.add_option("--format", request.format, "pdf, png or json; else by the file's ending")->type_name("F");
-    run.add_option("-o,--output", request.output, "The file to write; JSON goes to standard output without it")->type_name("FILE");
+    run.add_option("-o,--output", request.output, "The file to write; JSON goes to standard output without it")
+        ->type_name("FILE");
     run.add_option("--resolution", request.resolution, "Dots to the inch of a PNG")->check(CLI::Range(20.0, 1200.0));
-    run.add_option("--trace-sql", request.traceSql, "Write every SQL text with its parameters, a JSON object a line")->type_name("FILE");
-    run.add_option("--comparable", request.comparable, "Write the comparable tables (XML) of a report that has them")->type_name("FILE");
+    run.add_option("--trace-sql", request.traceSql, "Write every SQL text with its parameters, a JSON object a line")
+        ->type_name("FILE");
+    run.add_option("--comparable", request.comparable, "Write the comparable tables (XML) of a report that has them")
+        ->type_name("FILE");
     addPairs(run, "--setting", request.settings, "A numbered company setting for this run: 104=0");
     addPairs(run, "--parameter", request.parameters, "A company parameter for this run: UseAccountNumbers=False");
     run.add_option("--max-pages", request.maxPages, "Stop a run that gives more pages")->check(CLI::Range(1, 10000000));
@@ -60,7 +67,8 @@ void addRunOptions(CLI::App& run, RunRequest& request) {
 // "quillo run MEMBER --help" tells of the report, not only of the command.
 bool asksForMember(const std::vector<std::string>& arguments) {
     if (arguments.size() < 3 || arguments[0] != "run" || arguments[1].starts_with("-")) return false;
-    return std::find(arguments.begin(), arguments.end(), "--help") != arguments.end() || std::find(arguments.begin(), arguments.end(), "-h") != arguments.end();
+    return std::find(arguments.begin(), arguments.end(), "--help") != arguments.end() ||
+           std::find(arguments.begin(), arguments.end(), "-h") != arguments.end();
 }
 
 int dispatch(const std::vector<std::string>& arguments, const Console& console) {
@@ -87,8 +95,9 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     check->add_flag("--books", books, "Prove the books: ledger against documents");
     auto* run = program.add_subcommand("run", "Print a report");
     addRunOptions(*run, request);
-    run->footer("Example: quillo run CustList --company demo.db --where \"Name LIKE 'A%'\" --order Name -o customers.pdf\n"
-                "\"quillo run MEMBER --help\" tells a report's own properties and options.");
+    run->footer(
+        "Example: quillo run CustList --company demo.db --where \"Name LIKE 'A%'\" --order Name -o customers.pdf\n"
+        "\"quillo run MEMBER --help\" tells a report's own properties and options.");
 
     try {
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());

@@ -22,7 +22,8 @@ namespace quillo::app {
 namespace {
 
 // Reports whose texts take the user's order behind a comma of its own.
-constexpr std::string_view ordersBehindComma[] = {"dsrDayEndBalanceByUsr", "dsrInvStatByItem", "dsrItemConsumedList", "dsrConsumedStatsByPeriod"};
+constexpr std::string_view ordersBehindComma[] = {"dsrDayEndBalanceByUsr", "dsrInvStatByItem", "dsrItemConsumedList",
+                                                  "dsrConsumedStatsByPeriod"};
 
 Date readDate(const std::string& option, const std::string& text) {
     const auto date = text.size() == 10 ? Date::parseIso(text) : std::nullopt;
@@ -44,7 +45,8 @@ SessionOptions sessionOptions(const RunRequest& request) {
     if (!request.dialect.empty()) options.dialect = readDialect(request.dialect);
     if (!request.sessionDate.empty()) options.sessionDate = readDate("--session-date", request.sessionDate);
     for (const auto& [number, value] : request.settings) {
-        const bool digits = !number.empty() && number.size() < 7 && number.find_first_not_of("0123456789") == std::string::npos;
+        const bool digits =
+            !number.empty() && number.size() < 7 && number.find_first_not_of("0123456789") == std::string::npos;
         if (!digits) throw UsageError("--setting takes the number of a setting, not \"" + number + "\"");
         options.settings[std::stoi(number)] = value;
     }
@@ -101,7 +103,11 @@ private:
 class Run {
 public:
     Run(const RunRequest& request, const Console& console)
-        : request_(request), console_(console), member_(memberOf(request.member)), messages_(console), session_(openSession(sessionOptions(request), messages_)) {}
+        : request_(request),
+          console_(console),
+          member_(memberOf(request.member)),
+          messages_(console),
+          session_(openSession(sessionOptions(request), messages_)) {}
 
     int go() {
         if (!makeReport()) return ExitStatus::failures;
@@ -159,7 +165,8 @@ private:
         if (request_.segments.empty() && !request_.noSegment) return;
         auto* segments = dynamic_cast<ISegmentFilter*>(report_.get());
         if (segments == nullptr) throw UsageError(std::string(member_.name) + " does not select segments");
-        if (request_.segments.find_first_not_of("0123456789, ") != std::string::npos) throw UsageError("--segments takes ids joined by commas, not \"" + request_.segments + "\"");
+        if (request_.segments.find_first_not_of("0123456789, ") != std::string::npos)
+            throw UsageError("--segments takes ids joined by commas, not \"" + request_.segments + "\"");
         segments->ISegmentFilter_SegmentFilter(request_.segments);
         segments->ISegmentFilter_SegmentNoneFilter(request_.noSegment);
         segments->ISegmentFilter_SegmentFilterDisplay(segmentText(*session_, request_.segments, request_.noSegment));
@@ -194,8 +201,11 @@ private:
         choice.where = request_.where;
         choice.order = request_.order;
         choice.cancel = request_.cancelFilter;
-        choice.leadingSeparator = std::find(std::begin(ordersBehindComma), std::end(ordersBehindComma), member_.report) != std::end(ordersBehindComma);
-        tool_ = std::make_unique<HeadlessFilterTool>(choice, session_->file().catalogue(), *session_, [filterable](const std::string& filter) { filterable->IFilterableReport_Filter(filter); });
+        choice.leadingSeparator = std::find(std::begin(ordersBehindComma), std::end(ordersBehindComma),
+                                            member_.report) != std::end(ordersBehindComma);
+        tool_ = std::make_unique<HeadlessFilterTool>(
+            choice, session_->file().catalogue(), *session_,
+            [filterable](const std::string& filter) { filterable->IFilterableReport_Filter(filter); });
         filterable->IFilterableReport_FilterTool(*tool_);
     }
 
@@ -214,7 +224,9 @@ private:
         output.sessionDate = session_->SessionDate();
         output.failures = [this] { return messages_.shown(); };
         output.shaper = std::move(shaper);
-        output.frame = {session_->companyName(), output.title, session_->GetText(20211) + " " + session_->locale().shortDate(output.sessionDate), session_->GetText(20212)};
+        output.frame = {session_->companyName(), output.title,
+                        session_->GetText(20211) + " " + session_->locale().shortDate(output.sessionDate),
+                        session_->GetText(20212)};
         return output;
     }
 
@@ -259,6 +271,8 @@ private:
 
 }  // namespace
 
-int runReportCommand(const RunRequest& request, const Console& console) { return Run(request, console).go(); }
+int runReportCommand(const RunRequest& request, const Console& console) {
+    return Run(request, console).go();
+}
 
 }  // namespace quillo::app

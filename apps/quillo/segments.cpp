@@ -21,7 +21,8 @@ std::string segmentText(HostSession& session, const std::string& ids, bool none)
     std::istringstream list(ids);
     for (std::string part; std::getline(list, part, ',');) {
         std::int64_t id = 0;
-        if (!(std::istringstream(part) >> id)) throw UsageError("--segments takes ids joined by commas, not \"" + ids + "\"");
+        if (!(std::istringstream(part) >> id))
+            throw UsageError("--segments takes ids joined by commas, not \"" + ids + "\"");
         text += (text.empty() ? "" : ", ") + nameOfSegment(session, id);
     }
     if (none) text += (text.empty() ? "" : ", ") + session.GetText(20213);

@@ -13,7 +13,9 @@ constexpr int missingColumn = -1;
 // Indexes from here on are hand-fed fields.
 constexpr int firstUnbound = 1 << 20;
 
-bool isFooterKind(SectionKind kind) { return kind == SectionKind::groupFooter || kind == SectionKind::reportFooter || kind == SectionKind::pageFooter; }
+bool isFooterKind(SectionKind kind) {
+    return kind == SectionKind::groupFooter || kind == SectionKind::reportFooter || kind == SectionKind::pageFooter;
+}
 
 template <class Visit>
 void eachField(const Section& section, Visit visit) {
@@ -35,7 +37,8 @@ void guarded(const Report& report, const std::string& procedure, Event event) {
 
 }  // namespace
 
-BandRun::BandRun(Report& report, RunState& state, SectionTarget& target) : report_(report), state_(state), target_(target) {}
+BandRun::BandRun(Report& report, RunState& state, SectionTarget& target)
+    : report_(report), state_(state), target_(target) {}
 
 Section* BandRun::single(SectionKind kind) const {
     for (const auto& section : report_.sections())
@@ -45,7 +48,8 @@ Section* BandRun::single(SectionKind kind) const {
 
 void BandRun::run() {
     guarded(report_, "ActiveReport_ReportStart", [&] { report_.ActiveReport_ReportStart(); });
-    if (report_.fetchData) guarded(report_, "ActiveReport_DataInitialize", [&] { report_.ActiveReport_DataInitialize(); });
+    if (report_.fetchData)
+        guarded(report_, "ActiveReport_DataInitialize", [&] { report_.ActiveReport_DataInitialize(); });
     prepare();
     target_.begin(*this);
     walk();
@@ -64,11 +68,14 @@ void BandRun::prepare() {
     std::size_t next = groups_.size();
     for (const auto& section : report_.sections()) {
         if (section->kind() != SectionKind::groupFooter) continue;
-        if (next == 0) throw EngineError("Report " + report_.name() + ": section " + section->Name() + " has no group header");
+        if (next == 0)
+            throw EngineError("Report " + report_.name() + ": section " + section->Name() + " has no group header");
         groups_[--next].footer = section.get();
         section->info.level = static_cast<int>(next + 1);
     }
-    if (next != 0) throw EngineError("Report " + report_.name() + ": section " + groups_[next - 1].header->Name() + " has no group footer");
+    if (next != 0)
+        throw EngineError("Report " + report_.name() + ": section " + groups_[next - 1].header->Name() +
+                          " has no group footer");
     prepareFields();
 }
 
@@ -130,7 +137,8 @@ void BandRun::fill(Section& section) {
     eachField(section, [&](Field& field) {
         if (field.DataField.empty()) return;
         if (field.IsSum) {
-            field.binding.shown = field.binding.exact ? Variant(field.binding.moneySum) : Variant(field.binding.realSum);
+            field.binding.shown =
+                field.binding.exact ? Variant(field.binding.moneySum) : Variant(field.binding.realSum);
             return show(field);
         }
         if (section.kind() == SectionKind::detail) {
@@ -212,7 +220,8 @@ void BandRun::walk() {
 
 std::size_t BandRun::firstChanged() {
     for (std::size_t i = 0; i < groups_.size(); ++i)
-        if (!groups_[i].expression.empty() && !sameValue(valueOf(groups_[i].expression, joined_), groups_[i].value)) return i;
+        if (!groups_[i].expression.empty() && !sameValue(valueOf(groups_[i].expression, joined_), groups_[i].value))
+            return i;
     return groups_.size();
 }
 
@@ -229,7 +238,8 @@ void BandRun::row() {
     }
     printDetail();
     capture();
-    if (++state_.progress.rows % 256 == 0 && state_.options.proceed && !state_.options.proceed(state_.progress)) throw RunStopped();
+    if (++state_.progress.rows % 256 == 0 && state_.options.proceed && !state_.options.proceed(state_.progress))
+        throw RunStopped();
 }
 
 void BandRun::open(std::size_t from) {

@@ -57,8 +57,10 @@ StyleProperty& StyleProperty::operator=(std::string_view css) {
         const std::string_view part = rest.substr(0, end);
         rest.remove_prefix(std::min(end + 1, rest.size()));
         const auto colon = part.find(':');
-        if (colon == std::string_view::npos || !applyPart(style, trimmed(part.substr(0, colon)), trimmed(part.substr(colon + 1))))
-            throw InputError("The style \"" + std::string(css) + "\" cannot be read at \"" + std::string(trimmed(part)) + "\"");
+        if (colon == std::string_view::npos ||
+            !applyPart(style, trimmed(part.substr(0, colon)), trimmed(part.substr(colon + 1))))
+            throw InputError("The style \"" + std::string(css) + "\" cannot be read at \"" +
+                             std::string(trimmed(part)) + "\"");
     }
     edit() = style;
     return *this;

@@ -76,18 +76,18 @@ struct Field : TextControl {
     std::string Text;
     std::string DataField;  // a column, or an expression: =[A] & " - " & [B]; may be rebound at run time
     NumberFormat Format;
-    bool IsSum = false;        // a sum of the column over a group or the report, kept by the engine
+    bool IsSum = false;  // a sum of the column over a group or the report, kept by the engine
     Running SumRunning = Running::none;
-    std::string SumGroup;      // name of the group's header; empty: over the report
+    std::string SumGroup;  // name of the group's header; empty: over the report
 
     // The engine's: what the field is bound to and what it shows.
     struct Binding {
-        std::string source;      // the DataField that was compiled
+        std::string source;  // the DataField that was compiled
         Expression expression;
-        Variant shown;           // of footers and headers: the value that they print
+        Variant shown;  // of footers and headers: the value that they print
         Money moneySum;
         double realSum = 0;
-        bool exact = true;       // all summed values were money or integers
+        bool exact = true;  // all summed values were money or integers
     } binding;
 };
 
@@ -140,10 +140,10 @@ struct Section {
     float Height = 0;
     bool Visible = true;
     int NewPage = NewPage::none;
-    bool KeepTogether = true;           // not split over pages while it fits on one
-    std::string DataField;              // of a group header; empty: breaks with its outer group
-    bool Repeat = false;                // of a group header: prints again on each page of its group
-    bool UnderlayNext = false;          // what follows starts at this section's top
+    bool KeepTogether = true;   // not split over pages while it fits on one
+    std::string DataField;      // of a group header; empty: breaks with its outer group
+    bool Repeat = false;        // of a group header: prints again on each page of its group
+    bool UnderlayNext = false;  // what follows starts at this section's top
     GroupKeep GrpKeepTogether = GroupKeep::none;
     std::vector<std::unique_ptr<Control>> controls;
 
@@ -164,16 +164,46 @@ struct Section {
 
 template <class T>
 struct KindOf;
-template <> struct KindOf<Label> { static constexpr auto kind = ControlKind::label; };
-template <> struct KindOf<Field> { static constexpr auto kind = ControlKind::field; };
-template <> struct KindOf<Line> { static constexpr auto kind = ControlKind::line; };
-template <> struct KindOf<Shape> { static constexpr auto kind = ControlKind::shape; };
-template <> struct KindOf<SubReport> { static constexpr auto kind = ControlKind::subReport; };
-template <> struct KindOf<DataControl> { static constexpr auto kind = ControlKind::dataControl; };
-template <> struct KindOf<PageBreak> { static constexpr auto kind = ControlKind::pageBreak; };
-template <> struct KindOf<Image> { static constexpr auto kind = ControlKind::image; };
-template <> struct KindOf<RichEdit> { static constexpr auto kind = ControlKind::richEdit; };
-template <> struct KindOf<Chart> { static constexpr auto kind = ControlKind::chart; };
+template <>
+struct KindOf<Label> {
+    static constexpr auto kind = ControlKind::label;
+};
+template <>
+struct KindOf<Field> {
+    static constexpr auto kind = ControlKind::field;
+};
+template <>
+struct KindOf<Line> {
+    static constexpr auto kind = ControlKind::line;
+};
+template <>
+struct KindOf<Shape> {
+    static constexpr auto kind = ControlKind::shape;
+};
+template <>
+struct KindOf<SubReport> {
+    static constexpr auto kind = ControlKind::subReport;
+};
+template <>
+struct KindOf<DataControl> {
+    static constexpr auto kind = ControlKind::dataControl;
+};
+template <>
+struct KindOf<PageBreak> {
+    static constexpr auto kind = ControlKind::pageBreak;
+};
+template <>
+struct KindOf<Image> {
+    static constexpr auto kind = ControlKind::image;
+};
+template <>
+struct KindOf<RichEdit> {
+    static constexpr auto kind = ControlKind::richEdit;
+};
+template <>
+struct KindOf<Chart> {
+    static constexpr auto kind = ControlKind::chart;
+};
 
 template <class T>
 T& Section::add(std::string name) {

@@ -24,7 +24,8 @@ struct Place {
 
 class Keys {
 public:
-    Keys(const Json& object, const Place& place, std::initializer_list<std::string_view> known) : object_(object), place_(place) {
+    Keys(const Json& object, const Place& place, std::initializer_list<std::string_view> known)
+        : object_(object), place_(place) {
         if (!object.is_object()) place.fail("an object is expected");
         for (const auto& [key, value] : object.items())
             if (std::find(known.begin(), known.end(), key) == known.end()) place.fail("unknown key \"" + key + "\"");
@@ -74,26 +75,34 @@ private:
 Color colorOf(const std::string& text, const Place& place) {
     if (text.size() != 7 || text[0] != '#' || text.find_first_not_of("0123456789abcdefABCDEF", 1) != std::string::npos)
         place.fail("\"" + text + "\" is no color; #rrggbb is");
-    const auto part = [&](std::size_t at) { return static_cast<std::uint8_t>(std::stoi(text.substr(at, 2), nullptr, 16)); };
+    const auto part = [&](std::size_t at) {
+        return static_cast<std::uint8_t>(std::stoi(text.substr(at, 2), nullptr, 16));
+    };
     return {part(1), part(3), part(5)};
 }
 
-constexpr std::pair<std::string_view, Align> alignNames[] = {{"left", Align::left}, {"center", Align::center}, {"right", Align::right}, {"justify", Align::justify}};
-constexpr std::pair<std::string_view, VerticalAlign> verticalNames[] = {{"top", VerticalAlign::top}, {"middle", VerticalAlign::middle}, {"bottom", VerticalAlign::bottom}};
+constexpr std::pair<std::string_view, Align> alignNames[] = {
+    {"left", Align::left}, {"center", Align::center}, {"right", Align::right}, {"justify", Align::justify}};
+constexpr std::pair<std::string_view, VerticalAlign> verticalNames[] = {
+    {"top", VerticalAlign::top}, {"middle", VerticalAlign::middle}, {"bottom", VerticalAlign::bottom}};
 
 constexpr std::pair<std::string_view, SectionKind> kindNames[] = {
     {"reportHeader", SectionKind::reportHeader}, {"pageHeader", SectionKind::pageHeader},
     {"groupHeader", SectionKind::groupHeader},   {"detail", SectionKind::detail},
     {"groupFooter", SectionKind::groupFooter},   {"pageFooter", SectionKind::pageFooter},
     {"reportFooter", SectionKind::reportFooter}};
-constexpr std::pair<std::string_view, int> newPageNames[] = {{"none", NewPage::none}, {"before", NewPage::before}, {"after", NewPage::after}, {"both", NewPage::both}};
-constexpr std::pair<std::string_view, GroupKeep> keepNames[] = {{"none", GroupKeep::none}, {"all", GroupKeep::all}, {"firstDetail", GroupKeep::firstDetail}};
+constexpr std::pair<std::string_view, int> newPageNames[] = {
+    {"none", NewPage::none}, {"before", NewPage::before}, {"after", NewPage::after}, {"both", NewPage::both}};
+constexpr std::pair<std::string_view, GroupKeep> keepNames[] = {
+    {"none", GroupKeep::none}, {"all", GroupKeep::all}, {"firstDetail", GroupKeep::firstDetail}};
 constexpr std::pair<std::string_view, Running> runningNames[] = {{"group", Running::group}, {"all", Running::all}};
 
 void readStyles(const Json& styles, Styles& known, const Place& place) {
     for (const auto& [name, object] : styles.items()) {
         const Place here = place.in("style " + name);
-        const Keys keys(object, here, {"base", "family", "size", "bold", "italic", "underline", "wrap", "align", "verticalAlign", "color", "fill"});
+        const Keys keys(object, here,
+                        {"base", "family", "size", "bold", "italic", "underline", "wrap", "align", "verticalAlign",
+                         "color", "fill"});
         TextStyle style;
         if (const std::string base = keys.text("base"); !base.empty()) {
             const auto found = known.find(base);
@@ -152,10 +161,13 @@ private:
 
     std::unique_ptr<Section> readSection(const Json& object) {
         const Place here = place_.in("section " + object.value("name", "?"));
-        const Keys keys(object, here, {"name", "kind", "height", "visible", "keepTogether", "newPage", "dataField", "repeat", "underlayNext", "groupKeepTogether", "bookmark", "fill", "controls"});
+        const Keys keys(object, here,
+                        {"name", "kind", "height", "visible", "keepTogether", "newPage", "dataField", "repeat",
+                         "underlayNext", "groupKeepTogether", "bookmark", "fill", "controls"});
         auto section = std::make_unique<Section>();
         keys.text("name", section->info.name);
-        if (!names_.insert(foldedName(section->info.name)).second || section->info.name.empty()) here.fail("the name stands twice, or is empty");
+        if (!names_.insert(foldedName(section->info.name)).second || section->info.name.empty())
+            here.fail("the name stands twice, or is empty");
         section->info.kind = keys.choice<SectionKind>("kind", kindNames, SectionKind::detail);
         keys.number("height", section->Height);
         keys.boolean("visible", section->Visible);
@@ -167,16 +179,21 @@ private:
         if (keys.has("fill")) section->info.fill = colorOf(keys.text("fill"), here);
         section->NewPage = keys.choice<int>("newPage", newPageNames, 0);
         section->GrpKeepTogether = keys.choice<GroupKeep>("groupKeepTogether", keepNames, GroupKeep::none);
-        for (const Json& control : keys.list("controls")) section->controls.push_back(readControl(control, here, section->info.kind));
+        for (const Json& control : keys.list("controls"))
+            section->controls.push_back(readControl(control, here, section->info.kind));
         return section;
     }
 
     std::unique_ptr<Control> readControl(const Json& object, const Place& section, SectionKind sectionKind) {
         const Place here = section.in("control " + object.value("name", "?"));
-        const Keys keys(object, here, {"kind", "name", "left", "top", "width", "height", "tag", "caption", "text", "dataField", "format", "style", "align", "canGrow", "visible", "x1", "y1", "x2", "y2", "lineWidth", "enabled", "sum", "running"});
+        const Keys keys(object, here,
+                        {"kind", "name",      "left",   "top",       "width",   "height",  "tag",     "caption",
+                         "text", "dataField", "format", "style",     "align",   "canGrow", "visible", "x1",
+                         "y1",   "x2",        "y2",     "lineWidth", "enabled", "sum",     "running"});
         auto control = make(keys, here, sectionKind);
         keys.text("name", control->info.name);
-        if (control->info.name.empty() || !names_.insert(foldedName(control->info.name)).second) here.fail("the name stands twice, or is empty");
+        if (control->info.name.empty() || !names_.insert(foldedName(control->info.name)).second)
+            here.fail("the name stands twice, or is empty");
         keys.number("left", control->Left);
         keys.number("top", control->Top);
         keys.number("width", control->Width);
@@ -263,7 +280,8 @@ private:
         if (const std::string over = keys.text("sum"); over != "report") field->SumGroup = over;
         field->SumRunning = keys.choice<Running>("running", runningNames, Running::none);
         const bool footer = sectionKind == SectionKind::groupFooter || sectionKind == SectionKind::reportFooter;
-        if (!footer && field->SumRunning == Running::none) here.fail("a sum that is not running prints before its rows are known; it belongs into a footer");
+        if (!footer && field->SumRunning == Running::none)
+            here.fail("a sum that is not running prints before its rows are known; it belongs into a footer");
         return field;
     }
 
@@ -273,7 +291,8 @@ private:
         auto previous = SectionKind::reportHeader;
         for (const auto& section : design.sections) {
             if (section->kind() < previous) place_.fail("section " + section->Name() + " stands out of order");
-            if (section->kind() == previous && section->kind() != SectionKind::groupHeader && section->kind() != SectionKind::groupFooter && section != design.sections.front())
+            if (section->kind() == previous && section->kind() != SectionKind::groupHeader &&
+                section->kind() != SectionKind::groupFooter && section != design.sections.front())
                 place_.fail("section " + section->Name() + " is the second of its kind");
             previous = section->kind();
             headers += section->kind() == SectionKind::groupHeader;

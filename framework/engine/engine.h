@@ -11,8 +11,8 @@
 namespace quillo {
 
 struct Progress {
-    long rows = 0;   // rows walked so far, those of sub-reports included
-    int pages = 0;   // pages finished so far
+    long rows = 0;  // rows walked so far, those of sub-reports included
+    int pages = 0;  // pages finished so far
 };
 
 struct RunOptions {

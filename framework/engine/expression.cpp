@@ -43,7 +43,8 @@ private:
     }
 
     [[noreturn]] void fail() const {
-        throw InputError("The expression \"" + std::string(source_) + "\" cannot be read at \"" + std::string(rest_) + "\"");
+        throw InputError("The expression \"" + std::string(source_) + "\" cannot be read at \"" + std::string(rest_) +
+                         "\"");
     }
 
     std::string_view source_, rest_;

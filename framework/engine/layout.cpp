@@ -14,7 +14,8 @@ struct Growth {
 };
 
 const TextStyle* styleOf(TextControl& control, RunState& run) {
-    if (control.Style.takeChange() || control.placedRun != run.id) control.placedStyle = run.names->style(control.Style.value());
+    if (control.Style.takeChange() || control.placedRun != run.id)
+        control.placedStyle = run.names->style(control.Style.value());
     return control.placedStyle;
 }
 
@@ -28,13 +29,17 @@ void placeText(TextControl& control, const std::string& text, PlacedControl& pla
     const auto lines = arena.array<std::uint32_t>(starts.size());
     std::copy(starts.begin(), starts.end(), lines.begin());
     placed.lines = lines;
-    if (control.CanGrow) placed.height = std::max(control.Height, static_cast<float>(starts.size()) * run.measure.lineHeight(*placed.style));
+    if (control.CanGrow)
+        placed.height =
+            std::max(control.Height, static_cast<float>(starts.size()) * run.measure.lineHeight(*placed.style));
 }
 
 void placeSubReport(const SubReport& control, PlacedControl& placed, Arena& arena, RunState& run) {
     if (!control.Object) return;
-    const auto filled = std::find_if(run.filled.begin(), run.filled.end(), [&](const auto& entry) { return entry.first == &control; });
-    placed.sections = filled != run.filled.end() ? filled->second : runSubReport(*control.Object, control.Width, arena, run);
+    const auto filled =
+        std::find_if(run.filled.begin(), run.filled.end(), [&](const auto& entry) { return entry.first == &control; });
+    placed.sections =
+        filled != run.filled.end() ? filled->second : runSubReport(*control.Object, control.Width, arena, run);
     if (control.CanGrow) placed.height = std::max(control.Height, stackedHeight(placed.sections));
 }
 
@@ -69,8 +74,12 @@ void place(Control& control, PlacedControl& placed, Arena& arena, RunState& run)
             placed.lineWidth = line.LineWidth;
             break;
         }
-        case ControlKind::shape: placed.lineWidth = static_cast<const Shape&>(control).LineWidth; break;
-        case ControlKind::subReport: placeSubReport(static_cast<const SubReport&>(control), placed, arena, run); break;
+        case ControlKind::shape:
+            placed.lineWidth = static_cast<const Shape&>(control).LineWidth;
+            break;
+        case ControlKind::subReport:
+            placeSubReport(static_cast<const SubReport&>(control), placed, arena, run);
+            break;
         case ControlKind::image: {
             const auto& picture = static_cast<const Image&>(control).Picture;
             const auto bytes = arena.array<std::byte>(picture.size());
@@ -78,9 +87,12 @@ void place(Control& control, PlacedControl& placed, Arena& arena, RunState& run)
             placed.picture = bytes;
             break;
         }
-        case ControlKind::chart: placed.chart = run.names->chart(static_cast<const Chart&>(control).Data); break;
+        case ControlKind::chart:
+            placed.chart = run.names->chart(static_cast<const Chart&>(control).Data);
+            break;
         case ControlKind::dataControl:
-        case ControlKind::pageBreak: break;
+        case ControlKind::pageBreak:
+            break;
     }
     if (control.placedRun != run.id) {
         control.placedInfo = run.names->control(control.info);
@@ -94,7 +106,9 @@ bool isPrinted(const Control& control) {
     return control.Visible && control.kind() != ControlKind::pageBreak;
 }
 
-float bottomOf(const PlacedControl& control) { return control.top + std::max(control.height, 0.0F); }
+float bottomOf(const PlacedControl& control) {
+    return control.top + std::max(control.height, 0.0F);
+}
 
 // How far a control that starts at top is pushed: below every control that stood above it.
 float pushOf(float top, const std::vector<Growth>& growths) {
@@ -104,7 +118,8 @@ float pushOf(float top, const std::vector<Growth>& growths) {
     return push;
 }
 
-void pushDown(PlacedSection& placed, std::span<PlacedControl> controls, const std::vector<Growth>& growths, float oldBottom) {
+void pushDown(PlacedSection& placed, std::span<PlacedControl> controls, const std::vector<Growth>& growths,
+              float oldBottom) {
     float bottom = 0;
     for (PlacedControl& control : controls) {
         control.top += pushOf(control.top, growths);
@@ -125,7 +140,8 @@ PlacedSection layOut(Section& section, float width, Arena& arena, RunState& run)
         section.placedInfo = run.names->section(section.info);
         section.placedRun = run.id;
     }
-    const auto count = static_cast<std::size_t>(std::count_if(section.controls.begin(), section.controls.end(), [](const auto& c) { return isPrinted(*c); }));
+    const auto count = static_cast<std::size_t>(
+        std::count_if(section.controls.begin(), section.controls.end(), [](const auto& c) { return isPrinted(*c); }));
     const auto controls = arena.array<PlacedControl>(count);
     std::vector<Growth> growths;
     float oldBottom = 0;
@@ -136,7 +152,8 @@ PlacedSection layOut(Section& section, float width, Arena& arena, RunState& run)
         place(*control, placed, arena, run);
         const float height = control->kind() == ControlKind::line ? std::max(placed.height, 0.0F) : control->Height;
         oldBottom = std::max(oldBottom, placed.top + height);
-        if (placed.height > height && control->kind() != ControlKind::line) growths.push_back({placed.top, placed.top + height, placed.height - height});
+        if (placed.height > height && control->kind() != ControlKind::line)
+            growths.push_back({placed.top, placed.top + height, placed.height - height});
     }
     PlacedSection placed;
     placed.info = section.placedInfo;
@@ -162,16 +179,19 @@ struct Halves {
 
 void splitLines(const PlacedControl& control, float above, Arena& arena, Halves& halves) {
     const float lineHeight = control.height / static_cast<float>(control.lines.size());
-    const auto fitting = std::min(static_cast<std::size_t>(std::floor(above / lineHeight + 0.01F)), control.lines.size());
+    const auto fitting =
+        std::min(static_cast<std::size_t>(std::floor(above / lineHeight + 0.01F)), control.lines.size());
     PlacedControl head = control, tail = control;
-    const std::uint32_t at = fitting < control.lines.size() ? control.lines[fitting] : static_cast<std::uint32_t>(control.text.size());
+    const std::uint32_t at =
+        fitting < control.lines.size() ? control.lines[fitting] : static_cast<std::uint32_t>(control.text.size());
     head.text = control.text.substr(0, at);
     head.lines = control.lines.first(fitting);
     head.height = static_cast<float>(fitting) * lineHeight;
     tail.height = control.height - head.height;
     tail.text = control.text.substr(at);
     const auto rest = arena.array<std::uint32_t>(control.lines.size() - fitting);
-    std::transform(control.lines.begin() + static_cast<std::ptrdiff_t>(fitting), control.lines.end(), rest.begin(), [at](std::uint32_t start) { return start - at; });
+    std::transform(control.lines.begin() + static_cast<std::ptrdiff_t>(fitting), control.lines.end(), rest.begin(),
+                   [at](std::uint32_t start) { return start - at; });
     tail.lines = rest;
     tail.top = 0;
     if (fitting > 0) halves.head.push_back(head);
@@ -248,7 +268,8 @@ float cutOf(const PlacedSection& section, float available) {
 
 }  // namespace
 
-bool splitSection(const PlacedSection& section, float available, Arena& arena, PlacedSection& head, PlacedSection& tail) {
+bool splitSection(const PlacedSection& section, float available, Arena& arena, PlacedSection& head,
+                  PlacedSection& tail) {
     const float cut = cutOf(section, available);
     if (cut <= 0) return false;
     Halves halves;

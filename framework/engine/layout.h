@@ -31,6 +31,7 @@ float stackedHeight(std::span<const PlacedSection> sections);
 
 // Cuts a section in two at the last place above available (twips) where nothing is torn: between the
 // controls, the lines of a text, the sections of a sub-report. False when nothing fits above.
-bool splitSection(const PlacedSection& section, float available, Arena& arena, PlacedSection& head, PlacedSection& tail);
+bool splitSection(const PlacedSection& section, float available, Arena& arena, PlacedSection& head,
+                  PlacedSection& tail);
 
 }  // namespace quillo

@@ -24,8 +24,12 @@ constexpr std::size_t chunkSize = 64 * 1024;
 
 }  // namespace
 
-std::string_view nameOf(SectionKind kind) { return sectionNames[static_cast<std::size_t>(kind)]; }
-std::string_view nameOf(ControlKind kind) { return controlNames[static_cast<std::size_t>(kind)]; }
+std::string_view nameOf(SectionKind kind) {
+    return sectionNames[static_cast<std::size_t>(kind)];
+}
+std::string_view nameOf(ControlKind kind) {
+    return controlNames[static_cast<std::size_t>(kind)];
+}
 
 void* Arena::allocate(std::size_t bytes, std::size_t alignment) {
     used_ = (used_ + alignment - 1) / alignment * alignment;
@@ -49,7 +53,9 @@ std::string_view Arena::text(std::string_view source) {
     return {copy.data(), copy.size()};
 }
 
-void Arena::clear() { current_ = used_ = 0; }
+void Arena::clear() {
+    current_ = used_ = 0;
+}
 
 std::size_t Arena::capacity() const {
     std::size_t sum = 0;
@@ -57,16 +63,20 @@ std::size_t Arena::capacity() const {
     return sum;
 }
 
-const TextStyle* RunNames::style(const TextStyle& style) { return intern(styles_, style, std::equal_to<>()); }
+const TextStyle* RunNames::style(const TextStyle& style) {
+    return intern(styles_, style, std::equal_to<>());
+}
 
 const SectionInfo* RunNames::section(const SectionInfo& info) {
     return intern(sections_, info, [](const SectionInfo& a, const SectionInfo& b) {
-        return a.name == b.name && a.kind == b.kind && a.level == b.level && a.bookmark == b.bookmark && a.fill == b.fill;
+        return a.name == b.name && a.kind == b.kind && a.level == b.level && a.bookmark == b.bookmark &&
+               a.fill == b.fill;
     });
 }
 
 const ControlInfo* RunNames::control(const ControlInfo& info) {
-    return intern(controls_, info, [](const ControlInfo& a, const ControlInfo& b) { return a.kind == b.kind && a.name == b.name; });
+    return intern(controls_, info,
+                  [](const ControlInfo& a, const ControlInfo& b) { return a.kind == b.kind && a.name == b.name; });
 }
 
 const ChartData* RunNames::chart(const ChartData& chart) {
@@ -89,7 +99,8 @@ PlacedSection copySection(const PlacedSection& section, Arena& arena) {
         std::copy(from.picture.begin(), from.picture.end(), picture.begin());
         to.picture = picture;
         const auto sections = arena.array<PlacedSection>(from.sections.size());
-        for (std::size_t s = 0; s < sections.size(); ++s) new (&sections[s]) PlacedSection(copySection(from.sections[s], arena));
+        for (std::size_t s = 0; s < sections.size(); ++s)
+            new (&sections[s]) PlacedSection(copySection(from.sections[s], arena));
         to.sections = sections;
     }
     copy.controls = controls;

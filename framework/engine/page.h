@@ -35,8 +35,27 @@ struct TextStyle {
     friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };
 
-enum class SectionKind : std::uint8_t { reportHeader, pageHeader, groupHeader, detail, groupFooter, pageFooter, reportFooter };
-enum class ControlKind : std::uint8_t { label, field, line, shape, subReport, dataControl, pageBreak, image, richEdit, chart };
+enum class SectionKind : std::uint8_t {
+    reportHeader,
+    pageHeader,
+    groupHeader,
+    detail,
+    groupFooter,
+    pageFooter,
+    reportFooter
+};
+enum class ControlKind : std::uint8_t {
+    label,
+    field,
+    line,
+    shape,
+    subReport,
+    dataControl,
+    pageBreak,
+    image,
+    richEdit,
+    chart
+};
 
 std::string_view nameOf(SectionKind kind);  // "pageHeader", ... as designs write it
 std::string_view nameOf(ControlKind kind);  // "Label", ... as designs write it
@@ -77,8 +96,8 @@ struct PlacedControl {
     const TextStyle* style = nullptr;
     float left = 0, top = 0, width = 0, height = 0;
     std::string_view text;
-    std::string_view link;                 // the drill tag, unchanged; empty: none
-    std::span<const std::uint32_t> lines;  // byte offsets at which the lines of a wrapped text start
+    std::string_view link;                    // the drill tag, unchanged; empty: none
+    std::span<const std::uint32_t> lines;     // byte offsets at which the lines of a wrapped text start
     std::span<const PlacedSection> sections;  // of a SubReport; their tops count from the control's
     const ChartData* chart = nullptr;
     std::span<const std::byte> picture;  // of an Image: the file's bytes (PNG or JPEG)

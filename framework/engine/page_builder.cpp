@@ -12,7 +12,8 @@ constexpr float tolerance = 0.5F;  // twips that rounding may cost without movin
 std::vector<float> enabledBreaks(const Section& section) {
     std::vector<float> tops;
     for (const auto& control : section.controls)
-        if (control->kind() == ControlKind::pageBreak && static_cast<const PageBreak&>(*control).Enabled) tops.push_back(control->Top);
+        if (control->kind() == ControlKind::pageBreak && static_cast<const PageBreak&>(*control).Enabled)
+            tops.push_back(control->Top);
     std::sort(tops.begin(), tops.end());
     return tops;
 }
@@ -72,7 +73,8 @@ void PageBuilder::begin(BandRun& run) {
 
 void PageBuilder::openPage() {
     if (Count() >= state_.options.maxPages)
-        throw EngineError("Report " + report_.name() + " gives more than " + std::to_string(state_.options.maxPages) + " pages");
+        throw EngineError("Report " + report_.name() + " gives more than " + std::to_string(state_.options.maxPages) +
+                          " pages");
     if (spare_.empty()) spare_.push_back(std::make_unique<BuiltPage>());
     current_ = std::move(spare_.back());
     spare_.pop_back();
@@ -268,7 +270,9 @@ void PageBuilder::endPages() {
     closePage();
 }
 
-void PageBuilder::finish() { emit(true); }
+void PageBuilder::finish() {
+    emit(true);
+}
 
 bool PageBuilder::isEmpty(int index) const {
     return index >= emitted_ && index < Count() && held_[static_cast<std::size_t>(index - emitted_)]->empty;

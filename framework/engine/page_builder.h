@@ -73,7 +73,7 @@ private:
     std::vector<std::unique_ptr<BuiltPage>> spare_;
     int emitted_ = 0;
     int lastStart_ = 1;
-    int breaks_ = 0;         // page breaks that were asked for and wait for the next content
+    int breaks_ = 0;  // page breaks that were asked for and wait for the next content
     float cursor_ = 0, bodyTop_ = 0, bottom_ = 0;
     float underlayBottom_ = 0;
     bool headerPrinted_ = false;

@@ -18,7 +18,9 @@ std::string_view designOf(const std::string& name) {
 
 }  // namespace
 
-UnboundFields::UnboundField& UnboundFields::Add(std::string name) { return fields_.emplace_back(UnboundField{std::move(name), {}}); }
+UnboundFields::UnboundField& UnboundFields::Add(std::string name) {
+    return fields_.emplace_back(UnboundField{std::move(name), {}});
+}
 
 int UnboundFields::find(std::string_view name) const {
     for (std::size_t i = 0; i < fields_.size(); ++i)
@@ -34,7 +36,8 @@ UnboundFields::UnboundField& UnboundFields::Item(std::string_view name) {
 
 Report::Report(std::string name, HostContext& context) : Report(name, context, designOf(name)) {}
 
-Report::Report(std::string name, HostContext& context, std::string_view design) : name_(std::move(name)), context_(context) {
+Report::Report(std::string name, HostContext& context, std::string_view design)
+    : name_(std::move(name)), context_(context) {
     Design read = readDesign(name_, design, embeddedDesign("styles"));
     setup = read.setup;
     sections_ = std::move(read.sections);
@@ -49,7 +52,8 @@ Section& Report::section(std::string_view name) const {
 }
 
 Section& Report::addSection(std::string name, SectionKind type, int index, float height) {
-    if (type != SectionKind::groupHeader && type != SectionKind::groupFooter) throw EngineError("Only group headers and footers are added to " + name_ + " at run time");
+    if (type != SectionKind::groupHeader && type != SectionKind::groupFooter)
+        throw EngineError("Only group headers and footers are added to " + name_ + " at run time");
     auto made = std::make_unique<Section>();
     made->info.name = std::move(name);
     made->info.kind = type;
@@ -63,7 +67,8 @@ Control& Report::controlOf(std::string_view name, ControlKind kind) const {
         Control* found = candidate->find(name);
         if (found == nullptr) continue;
         if (found->kind() != kind)
-            throw NameError("The control " + found->Name() + " of the design " + name_ + " is a " + std::string(nameOf(found->kind())) + ", not a " + std::string(nameOf(kind)));
+            throw NameError("The control " + found->Name() + " of the design " + name_ + " is a " +
+                            std::string(nameOf(found->kind())) + ", not a " + std::string(nameOf(kind)));
         return *found;
     }
     throw NameError("The design " + name_ + " has no control \"" + std::string(name) + "\"");
@@ -76,7 +81,9 @@ DataControl* Report::dataControl() const {
     return nullptr;
 }
 
-void Report::property(std::string name, std::function<void(const Variant&)> set) { properties_.push_back({std::move(name), std::move(set)}); }
+void Report::property(std::string name, std::function<void(const Variant&)> set) {
+    properties_.push_back({std::move(name), std::move(set)});
+}
 
 std::vector<std::string> Report::propertyNames() const {
     std::vector<std::string> names;
@@ -90,11 +97,13 @@ void Report::setProperty(std::string_view property, const Variant& value) {
         if (equalNames(known.name, property)) return known.set(value);
         names += (names.empty() ? "" : ", ") + known.name;
     }
-    throw NameError(name_ + " has no property \"" + std::string(property) + "\"; " + (names.empty() ? "it has none" : "it has " + names));
+    throw NameError(name_ + " has no property \"" + std::string(property) + "\"; " +
+                    (names.empty() ? "it has none" : "it has " + names));
 }
 
 void Report::showFailure(std::string_view description, std::string_view procedure, int line) const {
-    context_.messages().Show(std::string(description) + "\r\nin Quillo." + name_ + "." + std::string(procedure) + " at line " + std::to_string(line));
+    context_.messages().Show(std::string(description) + "\r\nin Quillo." + name_ + "." + std::string(procedure) +
+                             " at line " + std::to_string(line));
 }
 
 }  // namespace quillo

@@ -52,9 +52,9 @@ inline constexpr int normal = 7, dropRow = 4;
 // A design and the events that give it life. A report is made for one run of one company and belongs to
 // the host that asked for it; it must not outlive the context. One thread at a time.
 //
-// Order of events: ActiveReport_ReportStart; ActiveReport_DataInitialize and ActiveReport_FetchData in reports that feed
-// their rows by hand; the sections' Format and AfterPrint; ActiveReport_ReportEnd. The constructor stands
-// for ActiveReport_Initialize, the destructor for ActiveReport_Terminate.
+// Order of events: ActiveReport_ReportStart; ActiveReport_DataInitialize and ActiveReport_FetchData in reports that
+// feed their rows by hand; the sections' Format and AfterPrint; ActiveReport_ReportEnd. The constructor stands for
+// ActiveReport_Initialize, the destructor for ActiveReport_Terminate.
 class Report {
 public:
     virtual ~Report();
@@ -127,9 +127,15 @@ protected:
 
     // Makes a field of the report a public property.
     void property(std::string name, std::function<void(const Variant&)> set);
-    void property(std::string name, bool& target) { property(std::move(name), [&target](const Variant& v) { target = v.toBool(); }); }
-    void property(std::string name, int& target) { property(std::move(name), [&target](const Variant& v) { target = v.toInt32(); }); }
-    void property(std::string name, std::string& target) { property(std::move(name), [&target](const Variant& v) { target = v.toText(); }); }
+    void property(std::string name, bool& target) {
+        property(std::move(name), [&target](const Variant& v) { target = v.toBool(); });
+    }
+    void property(std::string name, int& target) {
+        property(std::move(name), [&target](const Variant& v) { target = v.toInt32(); });
+    }
+    void property(std::string name, std::string& target) {
+        property(std::move(name), [&target](const Variant& v) { target = v.toText(); });
+    }
 
 private:
     Control& controlOf(std::string_view name, ControlKind kind) const;

@@ -20,7 +20,8 @@ public:
     // Breaks the text into lines no wider than width (twips): at line feeds, else at blanks, else
     // within a word that is wider than the line. Appends the byte offset where each line starts (the
     // first is 0; none for an empty text). Blanks at a break belong to the line before.
-    virtual void breakLines(std::string_view text, const TextStyle& style, float width, std::vector<std::uint32_t>& starts) = 0;
+    virtual void breakLines(std::string_view text, const TextStyle& style, float width,
+                            std::vector<std::uint32_t>& starts) = 0;
 };
 
 }  // namespace quillo

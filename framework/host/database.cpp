@@ -18,7 +18,8 @@ int Recordset::find(std::string_view name) const {
     if (names_.empty())
         for (int i = 0; i < columnCount(); ++i) names_.emplace_back(columnName(i));
     int found = indexOf(names_, name);
-    if (const auto point = name.rfind('.'); found < 0 && point != std::string_view::npos) found = indexOf(names_, name.substr(point + 1));
+    if (const auto point = name.rfind('.'); found < 0 && point != std::string_view::npos)
+        found = indexOf(names_, name.substr(point + 1));
     return found;
 }
 
@@ -28,6 +29,8 @@ ValueView Recordset::view(std::string_view name) const {
     return value(column);
 }
 
-Variant Recordset::Collect(std::string_view name) const { return Variant(view(name)); }
+Variant Recordset::Collect(std::string_view name) const {
+    return Variant(view(name));
+}
 
 }  // namespace quillo

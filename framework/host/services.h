@@ -50,8 +50,8 @@ public:
     virtual ~GeneralLedgerQueries() = default;
     // Balances of the accounts of a range of account numbers, as debit minus credit in home currency:
     // columns InGLAcctId, GLAcctId, Descr, Balance. from and to: posting dates, both included.
-    virtual std::unique_ptr<HostRecordset> OpenGLAcctBalanceRange(std::string_view firstAccount, std::string_view lastAccount,
-                                                                  Date from, Date to) = 0;
+    virtual std::unique_ptr<HostRecordset> OpenGLAcctBalanceRange(std::string_view firstAccount,
+                                                                  std::string_view lastAccount, Date from, Date to) = 0;
 };
 
 class Application {
@@ -130,7 +130,8 @@ public:
 
 // The numbered settings that the reports read.
 namespace Setting {
-inline constexpr int customerCodes = 104, projectCodes = 111, taxGroupCodes = 113, termCodes = 114, statisticsByCode = 134;
+inline constexpr int customerCodes = 104, projectCodes = 111, taxGroupCodes = 113, termCodes = 114,
+                     statisticsByCode = 134;
 }
 
 class Company {
@@ -141,7 +142,8 @@ public:
     virtual HostDatabase& Database() = 0;
     virtual const Settings& settings() const = 0;
     // A company parameter as text; the default when the company has none of that name.
-    virtual std::string GetParameter(std::string_view name, std::string_view defaultValue, std::string_view section = "") const = 0;
+    virtual std::string GetParameter(std::string_view name, std::string_view defaultValue,
+                                     std::string_view section = "") const = 0;
     virtual int HomeCurrencyId() const = 0;
     virtual CustomerStatistics& customerStatistics() = 0;
     virtual AddressBook& addressBook() = 0;
@@ -175,7 +177,8 @@ public:
     virtual ~FilterInfoFiller() = default;
     // Puts a report with the filter's text into the sub-report control and sizes it; without any text
     // the control is 0 high. segments: the human-readable segment choice, empty for none.
-    virtual void FillFilterInfo(SubReport& control, const FilterInfo& info, Application& application, std::string_view segments) = 0;
+    virtual void FillFilterInfo(SubReport& control, const FilterInfo& info, Application& application,
+                                std::string_view segments) = 0;
 };
 
 class ReportLocalizer {

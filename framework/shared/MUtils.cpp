@@ -14,13 +14,14 @@ std::string listOf(const std::vector<int>& ids) {
 
 }  // namespace
 
-Money GetARAdjustments(HostContext& context, Date DateTo, const std::string& SegmentFilter, bool SegmentNoneFilter, bool ByCurrency,
-                       std::string& SqlText, int CurrencyId) {
+Money GetARAdjustments(HostContext& context, Date DateTo, const std::string& SegmentFilter, bool SegmentNoneFilter,
+                       bool ByCurrency, std::string& SqlText, int CurrencyId) {
     try {
         Company& company = context.company();
         const bool inHomeCurrency = !ByCurrency || CurrencyId == company.HomeCurrencyId();
         AccountGroups& groups = company.accountGroups();
-        const std::string accounts = listOf(ByCurrency ? groups.Accounts("CustGLAR", CurrencyId) : groups.Accounts("CustGLAR"));
+        const std::string accounts =
+            listOf(ByCurrency ? groups.Accounts("CustGLAR", CurrencyId) : groups.Accounts("CustGLAR"));
         SqlText = "SELECT SUM(" + std::string(inHomeCurrency ? "DetAmnt" : "ForeignAmnt") +
                   ") As Total FROM GLDet WHERE "
                   "ExAcctId IN(" +
@@ -31,7 +32,9 @@ Money GetARAdjustments(HostContext& context, Date DateTo, const std::string& Seg
         const auto total = company.Database().OpenRecordset(SqlText, 4, 0, DateTo);
         return total->atEnd() ? Money() : total->Value("Total", ValueType::currency).moneyOrZero();
     } catch (const std::exception& failure) {
-        throw DatabaseError(std::string(failure.what()) + " (Quillo.MUtils.GetARAdjustments component failure at line:" + std::to_string(__LINE__) + ")");
+        throw DatabaseError(std::string(failure.what()) +
+                            " (Quillo.MUtils.GetARAdjustments component failure at line:" + std::to_string(__LINE__) +
+                            ")");
     }
 }
 

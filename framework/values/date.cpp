@@ -17,12 +17,14 @@ constexpr sys_days epoch = 1899y / December / 30d;
 std::optional<int> number(std::string_view text) {
     int value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (text.empty() || text.front() == '-' || error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    if (text.empty() || text.front() == '-' || error != std::errc{} || end != text.data() + text.size())
+        return std::nullopt;
     return value;
 }
 
 std::optional<double> timeOfDay(std::string_view text) {
-    if ((text.size() != 5 && text.size() != 8) || text[2] != ':' || (text.size() == 8 && text[5] != ':')) return std::nullopt;
+    if ((text.size() != 5 && text.size() != 8) || text[2] != ':' || (text.size() == 8 && text[5] != ':'))
+        return std::nullopt;
     const auto hour = number(text.substr(0, 2));
     const auto minute = number(text.substr(3, 2));
     const auto second = text.size() == 8 ? number(text.substr(6, 2)) : std::optional(0);

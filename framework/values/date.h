@@ -26,8 +26,8 @@ struct Date {
     std::string isoText() const;
 };
 
-inline constexpr Date noDate{0};             // 1899-12-30: no date at all
-inline constexpr Date noStartLimit{1};       // 1899-12-31: a range without a first day
-inline constexpr Date noEndLimit{2958465};   // 9999-12-31: a range without a last day
+inline constexpr Date noDate{0};            // 1899-12-30: no date at all
+inline constexpr Date noStartLimit{1};      // 1899-12-31: a range without a first day
+inline constexpr Date noEndLimit{2958465};  // 9999-12-31: a range without a last day
 
 }  // namespace quillo

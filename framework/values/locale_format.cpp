@@ -17,7 +17,8 @@ void appendMagnitude(std::string& out, Money magnitude, int decimals, bool group
     const std::uint64_t units = raw / static_cast<std::uint64_t>(Money::scale);
     std::array<char, 24> digits{};
     int count = 0;
-    for (std::uint64_t rest = units; rest != 0 || count == 0; rest /= 10) digits[static_cast<std::size_t>(count++)] = static_cast<char>('0' + rest % 10);
+    for (std::uint64_t rest = units; rest != 0 || count == 0; rest /= 10)
+        digits[static_cast<std::size_t>(count++)] = static_cast<char>('0' + rest % 10);
     const int first = symbols.firstGroup;
     const int others = symbols.otherGroups > 0 ? symbols.otherGroups : first;
     for (int left = count; left > 0; --left) {
@@ -37,7 +38,9 @@ void appendMagnitude(std::string& out, Money magnitude, int decimals, bool group
     }
 }
 
-Money magnitudeOf(Money value) { return value < Money() ? -value : value; }
+Money magnitudeOf(Money value) {
+    return value < Money() ? -value : value;
+}
 
 void appendSigned(std::string& out, Money value, int decimals, bool grouped, const LocaleSymbols& symbols,
                   const LocaleSymbols::Affixes& affixes) {
@@ -70,7 +73,8 @@ std::string withoutSpaces(std::string_view text) {
 }
 
 bool peel(std::string_view& text, const std::string& prefix, const std::string& suffix) {
-    if (text.size() < prefix.size() + suffix.size() || !text.starts_with(prefix) || !text.ends_with(suffix)) return false;
+    if (text.size() < prefix.size() + suffix.size() || !text.starts_with(prefix) || !text.ends_with(suffix))
+        return false;
     text.remove_prefix(prefix.size());
     text.remove_suffix(suffix.size());
     return true;
@@ -118,7 +122,9 @@ std::string LocaleFormat::shortDate(Date date) const {
         while (at + run < pattern.size() && pattern[at + run] == token) ++run;
         char buffer[16];
         const int width = run == 1 ? 1 : static_cast<int>(run);
-        const int value = token == 'y' ? (run == 2 ? civil.year % 100 : civil.year) : token == 'M' ? civil.month : civil.day;
+        const int value = token == 'y'   ? (run == 2 ? civil.year % 100 : civil.year)
+                          : token == 'M' ? civil.month
+                                         : civil.day;
         if (token == 'y' || token == 'M' || token == 'd') {
             std::snprintf(buffer, sizeof buffer, "%0*d", width, value);
             text += buffer;
@@ -131,30 +137,44 @@ std::string LocaleFormat::shortDate(Date date) const {
 }
 
 std::string LocaleFormat::plainNumber(const ValueView& value) const {
-    std::string text = value.kind() == ValueKind::boolean ? std::to_string(value.toInt64()) : value.kind() == ValueKind::text ? Variant(value.toDouble()).toText() : value.toText();
+    std::string text = value.kind() == ValueKind::boolean ? std::to_string(value.toInt64())
+                       : value.kind() == ValueKind::text  ? Variant(value.toDouble()).toText()
+                                                          : value.toText();
     if (const auto point = text.find('.'); point != std::string::npos) text.replace(point, 1, symbols_.decimal);
     return text;
 }
 
 void LocaleFormat::appendGeneral(std::string& out, const ValueView& value) const {
     switch (value.kind()) {
-        case ValueKind::null: return;
-        case ValueKind::text: out += value.textView(); return;
-        case ValueKind::date: out += shortDate(value.toDate()); return;
-        case ValueKind::boolean: out += value.toText(); return;
-        default: out += plainNumber(value); return;
+        case ValueKind::null:
+            return;
+        case ValueKind::text:
+            out += value.textView();
+            return;
+        case ValueKind::date:
+            out += shortDate(value.toDate());
+            return;
+        case ValueKind::boolean:
+            out += value.toText();
+            return;
+        default:
+            out += plainNumber(value);
+            return;
     }
 }
 
 Money LocaleFormat::readMoney(std::string_view text) const {
-    const auto fail = [&]() -> Money { throw ConversionError("Type mismatch: \"" + std::string(text) + "\" is not an amount"); };
+    const auto fail = [&]() -> Money {
+        throw ConversionError("Type mismatch: \"" + std::string(text) + "\" is not an amount");
+    };
     const std::string compact = withoutSpaces(text);
     bool negative = false;
     std::string_view digits;
     const LocaleSymbols::Affixes* all[] = {&symbols_.currency, &symbols_.number};
     const auto matches = [&](const std::string& prefix, const std::string& suffix) {
         digits = compact;
-        return peel(digits, withoutSpaces(prefix), withoutSpaces(suffix)) && !digits.empty() && digits.front() >= '0' && digits.front() <= '9';
+        return peel(digits, withoutSpaces(prefix), withoutSpaces(suffix)) && !digits.empty() && digits.front() >= '0' &&
+               digits.front() <= '9';
     };
     bool found = false;
     for (const auto* affixes : all) {
@@ -165,7 +185,8 @@ Money LocaleFormat::readMoney(std::string_view text) const {
             found = matches(affixes->positivePrefix, affixes->positiveSuffix);
         }
     }
-    if (!found && compact.size() > 2 && compact.front() == '(' && compact.back() == ')') return -readMoney(std::string_view(compact).substr(1, compact.size() - 2));
+    if (!found && compact.size() > 2 && compact.front() == '(' && compact.back() == ')')
+        return -readMoney(std::string_view(compact).substr(1, compact.size() - 2));
     if (!found) return fail();
 
     const std::string group = withoutSpaces(symbols_.group);
@@ -207,7 +228,9 @@ NumberFormat::Picture NumberFormat::compilePicture(std::string_view part, std::s
     picture.suffix = part.substr(last + 1);
     const std::string_view body = part.substr(first, last + 1 - first);
     const auto point = body.find('.');
-    if (body.find_first_not_of("#0,.") != std::string_view::npos || body.find('.', point == std::string_view::npos ? 0 : point + 1) != std::string_view::npos) refuse();
+    if (body.find_first_not_of("#0,.") != std::string_view::npos ||
+        body.find('.', point == std::string_view::npos ? 0 : point + 1) != std::string_view::npos)
+        refuse();
     picture.grouped = body.find(',') != std::string_view::npos;
     picture.decimals = point == std::string_view::npos ? 0 : static_cast<int>(body.size() - point - 1);
     if (picture.decimals > 4) refuse();
@@ -238,7 +261,8 @@ NumberFormat NumberFormat::compile(std::string_view picture) {
 void NumberFormat::append(std::string& out, const ValueView& value, const LocaleFormat& locale) const {
     if (value.isNull()) return;
     const bool wantsNumber = kind_ != Kind::general && kind_ != Kind::date;
-    if (kind_ == Kind::general || (wantsNumber && !value.isNumber()) || (kind_ == Kind::date && value.kind() != ValueKind::date)) {
+    if (kind_ == Kind::general || (wantsNumber && !value.isNumber()) ||
+        (kind_ == Kind::date && value.kind() != ValueKind::date)) {
         locale.appendGeneral(out, value);
         return;
     }

@@ -12,10 +12,13 @@ namespace {
 using Wide = __int128;
 static_assert(sizeof(Wide) == 16);
 
-[[noreturn]] void overflow() { throw OverflowError("Overflow: the amount is too large"); }
+[[noreturn]] void overflow() {
+    throw OverflowError("Overflow: the amount is too large");
+}
 
 std::int64_t narrow(Wide value) {
-    if (value > std::numeric_limits<std::int64_t>::max() || value < std::numeric_limits<std::int64_t>::min()) overflow();
+    if (value > std::numeric_limits<std::int64_t>::max() || value < std::numeric_limits<std::int64_t>::min())
+        overflow();
     return static_cast<std::int64_t>(value);
 }
 
@@ -29,7 +32,8 @@ Wide divideRounded(Wide numerator, Wide divisor, Tie tie) {
     Wide quotient = numerator / divisor;
     const Wide remainder = numerator % divisor;
     const Wide twice = 2 * (remainder < 0 ? -remainder : remainder);
-    if (twice > divisor || (twice == divisor && (tie == Tie::away || quotient % 2 != 0))) quotient += numerator < 0 ? -1 : 1;
+    if (twice > divisor || (twice == divisor && (tie == Tie::away || quotient % 2 != 0)))
+        quotient += numerator < 0 ? -1 : 1;
     return quotient;
 }
 
@@ -51,7 +55,9 @@ long double scaled(double value, long double power) {
 
 }  // namespace
 
-Money Money::fromInteger(std::int64_t units) { return fromRaw(narrow(static_cast<Wide>(units) * scale)); }
+Money Money::fromInteger(std::int64_t units) {
+    return fromRaw(narrow(static_cast<Wide>(units) * scale));
+}
 
 Money Money::fromDouble(double value) {
     const long double product = scaled(value, scale);
@@ -131,7 +137,8 @@ Money roundAmount(double value, int digits) {
 
 Money roundProduct(Money amount, double rate, int digits) {
     const std::int64_t step = stepOf(digits);
-    return Money::fromRaw(narrow(divideRounded(exactProduct(amount, rate), static_cast<Wide>(rateScale) * step, Tie::away) * step));
+    return Money::fromRaw(
+        narrow(divideRounded(exactProduct(amount, rate), static_cast<Wide>(rateScale) * step, Tie::away) * step));
 }
 
 }  // namespace quillo

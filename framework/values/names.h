@@ -8,10 +8,13 @@
 // Names of columns, sections, controls and properties compare without case (ASCII letters).
 namespace quillo {
 
-constexpr char lowerLetter(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter; }
+constexpr char lowerLetter(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
+}
 
 inline bool equalNames(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lowerLetter(x) == lowerLetter(y); });
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lowerLetter(x) == lowerLetter(y); });
 }
 
 inline std::string foldedName(std::string_view name) {
@@ -30,7 +33,8 @@ struct NameHash {
     using is_transparent = void;
     std::size_t operator()(std::string_view name) const {
         std::size_t hash = 14695981039346656037ULL;
-        for (const char letter : name) hash = (hash ^ static_cast<unsigned char>(lowerLetter(letter))) * 1099511628211ULL;
+        for (const char letter : name)
+            hash = (hash ^ static_cast<unsigned char>(lowerLetter(letter))) * 1099511628211ULL;
         return hash;
     }
 };

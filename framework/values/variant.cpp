@@ -106,29 +106,36 @@ ValueView ValueView::ofText(std::string_view value) {
 }
 
 bool ValueView::isNumber() const {
-    return kind_ == ValueKind::int32 || kind_ == ValueKind::int64 || kind_ == ValueKind::real || kind_ == ValueKind::money;
+    return kind_ == ValueKind::int32 || kind_ == ValueKind::int64 || kind_ == ValueKind::real ||
+           kind_ == ValueKind::money;
 }
 
 double ValueView::toDouble() const {
     switch (kind_) {
-        case ValueKind::boolean: return integer_ != 0 ? -1.0 : 0.0;
+        case ValueKind::boolean:
+            return integer_ != 0 ? -1.0 : 0.0;
         case ValueKind::int32:
-        case ValueKind::int64: return static_cast<double>(integer_);
-        case ValueKind::money: return Money::fromRaw(integer_).toDouble();
+        case ValueKind::int64:
+            return static_cast<double>(integer_);
+        case ValueKind::money:
+            return Money::fromRaw(integer_).toDouble();
         case ValueKind::real:
-        case ValueKind::date: return real_;
+        case ValueKind::date:
+            return real_;
         case ValueKind::text: {
             double value = 0;
             if (parseNumber(text_, value)) return value;
             break;
         }
-        case ValueKind::null: break;
+        case ValueKind::null:
+            break;
     }
     cannot(*this, "a number");
 }
 
 bool ValueView::toBool() const {
-    if (kind_ == ValueKind::boolean || kind_ == ValueKind::int32 || kind_ == ValueKind::int64 || kind_ == ValueKind::money)
+    if (kind_ == ValueKind::boolean || kind_ == ValueKind::int32 || kind_ == ValueKind::int64 ||
+        kind_ == ValueKind::money)
         return integer_ != 0;
     if (kind_ == ValueKind::text) {
         if (equalNames(text_, "True")) return true;
@@ -151,15 +158,18 @@ std::int32_t ValueView::toInt32() const {
 
 Money ValueView::toMoney() const {
     switch (kind_) {
-        case ValueKind::money: return Money::fromRaw(integer_);
+        case ValueKind::money:
+            return Money::fromRaw(integer_);
         case ValueKind::int32:
-        case ValueKind::int64: return Money::fromInteger(integer_);
+        case ValueKind::int64:
+            return Money::fromInteger(integer_);
         case ValueKind::text: {
             Money exact;
             if (parseExact(text_, exact)) return exact;
             [[fallthrough]];
         }
-        default: return Money::fromDouble(toDouble());
+        default:
+            return Money::fromDouble(toDouble());
     }
 }
 
@@ -176,14 +186,21 @@ Date ValueView::toDate() const {
 
 std::string ValueView::toText() const {
     switch (kind_) {
-        case ValueKind::null: throw ConversionError("Invalid use of Null");
-        case ValueKind::boolean: return integer_ != 0 ? "True" : "False";
+        case ValueKind::null:
+            throw ConversionError("Invalid use of Null");
+        case ValueKind::boolean:
+            return integer_ != 0 ? "True" : "False";
         case ValueKind::int32:
-        case ValueKind::int64: return std::to_string(integer_);
-        case ValueKind::real: return shortest(real_);
-        case ValueKind::money: return Money::fromRaw(integer_).toText();
-        case ValueKind::date: return Date{real_}.isoText();
-        case ValueKind::text: return std::string(text_);
+        case ValueKind::int64:
+            return std::to_string(integer_);
+        case ValueKind::real:
+            return shortest(real_);
+        case ValueKind::money:
+            return Money::fromRaw(integer_).toText();
+        case ValueKind::date:
+            return Date{real_}.isoText();
+        case ValueKind::text:
+            return std::string(text_);
     }
     return {};
 }
@@ -207,7 +224,8 @@ bool sameValue(const ValueView& a, const ValueView& b) {
         if (a.kind() == b.kind()) return a.textView() == b.textView();
         return a.toText() == b.toText();
     }
-    if (a.kind() == b.kind() && a.kind() != ValueKind::real && a.kind() != ValueKind::date && a.kind() != ValueKind::boolean)
+    if (a.kind() == b.kind() && a.kind() != ValueKind::real && a.kind() != ValueKind::date &&
+        a.kind() != ValueKind::boolean)
         return a.kind() == ValueKind::money ? a.toMoney() == b.toMoney() : a.toInt64() == b.toInt64();
     return a.toDouble() == b.toDouble();
 }

@@ -6,27 +6,38 @@ namespace {
 using Text = std::string;
 
 // SQL: an amount as whole cents.
-Text cents(const Text& amount) { return "CAST(ROUND(COALESCE(" + amount + ", 0) * 100) AS INTEGER)"; }
+Text cents(const Text& amount) {
+    return "CAST(ROUND(COALESCE(" + amount + ", 0) * 100) AS INTEGER)";
+}
 
 // SQL: an amount in home currency as whole cents, half a cent away from zero. A missing rate is 1.
 Text homeOf(const Text& wholeCents, const Text& rate) {
     const Text product = "(" + wholeCents + " * CAST(ROUND(COALESCE(" + rate + ", 1) * 1000000) AS INTEGER))";
     return "((" + product + " + CASE WHEN " + product + " < 0 THEN -500000 ELSE 500000 END) / 1000000)";
 }
-Text home(const Text& amount, const Text& rate) { return homeOf(cents(amount), rate); }
+Text home(const Text& amount, const Text& rate) {
+    return homeOf(cents(amount), rate);
+}
 
 // SQL: a quantity as whole hundredths, counted like cents.
-Text hundredths(const Text& quantity) { return cents(quantity); }
+Text hundredths(const Text& quantity) {
+    return cents(quantity);
+}
 
-Text sum(const Text& expression, const Text& from) { return "SELECT SUM(" + expression + ") FROM " + from; }
+Text sum(const Text& expression, const Text& from) {
+    return "SELECT SUM(" + expression + ") FROM " + from;
+}
 
 // What is open on each document of the receivables, in cents of its own currency.
-const Text openDocuments =
-    "(SELECT InvoiHdr.InInvoiId, InvoiHdr.ExCurrencyId, InvoiHdr.ExchangeRate, " + cents("InvoiHdr.TotAmnt") + " AS Total, " +
-    cents("InvoiHdr.TotAmnt") + " - " + cents("InvoiHdr.RecAmnt") + " - COALESCE(Settled.Amount, 0) AS Open"
-    " FROM InvoiHdr LEFT JOIN (SELECT ExInvoiId, SUM(" + cents("PmtAmnt") + " + " + cents("PmtDisc") + ") AS Amount"
-    " FROM PmtDet GROUP BY ExInvoiId) AS Settled ON Settled.ExInvoiId = InvoiHdr.InInvoiId"
-    " WHERE InvoiHdr.InvoiType IN (1, 2, 3, 4))";
+const Text openDocuments = "(SELECT InvoiHdr.InInvoiId, InvoiHdr.ExCurrencyId, InvoiHdr.ExchangeRate, " +
+                           cents("InvoiHdr.TotAmnt") + " AS Total, " + cents("InvoiHdr.TotAmnt") + " - " +
+                           cents("InvoiHdr.RecAmnt") +
+                           " - COALESCE(Settled.Amount, 0) AS Open"
+                           " FROM InvoiHdr LEFT JOIN (SELECT ExInvoiId, SUM(" +
+                           cents("PmtAmnt") + " + " + cents("PmtDisc") +
+                           ") AS Amount"
+                           " FROM PmtDet GROUP BY ExInvoiId) AS Settled ON Settled.ExInvoiId = InvoiHdr.InInvoiId"
+                           " WHERE InvoiHdr.InvoiType IN (1, 2, 3, 4))";
 
 class Checker {
 public:
@@ -55,31 +66,42 @@ private:
 };
 
 void checkLedger(Checker& checker) {
-    checker.equalPair("Transactions; those in balance",
-                      "SELECT COUNT(*) * 100, SUM(Net = 0) * 100 FROM (SELECT SUM(" + cents("DetAmnt") + ") AS Net FROM GLDet GROUP BY SeqNo)");
-    checker.equalPair("Trial balance: debits; credits",
-                      "SELECT SUM(MAX(Net, 0)), SUM(MAX(-Net, 0)) FROM (SELECT SUM(" + cents("DetAmnt") + ") AS Net FROM GLDet GROUP BY ExAcctId)");
+    checker.equalPair("Transactions; those in balance", "SELECT COUNT(*) * 100, SUM(Net = 0) * 100 FROM (SELECT SUM(" +
+                                                            cents("DetAmnt") + ") AS Net FROM GLDet GROUP BY SeqNo)");
+    checker.equalPair("Trial balance: debits; credits", "SELECT SUM(MAX(Net, 0)), SUM(MAX(-Net, 0)) FROM (SELECT SUM(" +
+                                                            cents("DetAmnt") +
+                                                            ") AS Net FROM GLDet GROUP BY ExAcctId)");
 }
 
 void checkReceivables(Checker& checker) {
     const Text homeCurrency = "(SELECT CAST(Value AS INTEGER) FROM CompanyFact WHERE Name = 'HomeCurrencyId')";
-    sqlite::Statement currencies(checker.database(),
-        "SELECT DISTINCT AccountGroup.ExCurrencyId, WorldCurrency.CurrencyCode, AccountGroup.ExCurrencyId = " + homeCurrency +
-        " FROM AccountGroup LEFT JOIN WorldCurrency ON WorldCurrency.InCurrencyId = AccountGroup.ExCurrencyId"
-        " WHERE AccountGroup.Code = 'CustGLAR' ORDER BY 1");
+    sqlite::Statement currencies(
+        checker.database(),
+        "SELECT DISTINCT AccountGroup.ExCurrencyId, WorldCurrency.CurrencyCode, AccountGroup.ExCurrencyId = " +
+            homeCurrency +
+            " FROM AccountGroup LEFT JOIN WorldCurrency ON WorldCurrency.InCurrencyId = AccountGroup.ExCurrencyId"
+            " WHERE AccountGroup.Code = 'CustGLAR' ORDER BY 1");
     while (currencies.step()) {
         const Text key = std::to_string(currencies.integer(0));
         const Text code(currencies.text(1));
-        const Text lines = "GLDet WHERE ExAcctId IN (SELECT ExGLAcctId FROM AccountGroup WHERE Code = 'CustGLAR' AND ExCurrencyId = " + key + ")";
+        const Text lines =
+            "GLDet WHERE ExAcctId IN (SELECT ExGLAcctId FROM AccountGroup WHERE Code = 'CustGLAR' AND ExCurrencyId = " +
+            key + ")";
         const Text adjustments = lines + " AND ARAPAdjustmentEntry <> 0";
         const Text documents = openDocuments + " WHERE COALESCE(ExCurrencyId, " + homeCurrency + ") = " + key;
-        const Text corrections = "CustHomeAdjustment INNER JOIN Cust ON Cust.InCustId = CustHomeAdjustment.ExCustId WHERE COALESCE(Cust.ExCurrencyId, " + homeCurrency + ") = " + key;
-        checker.equal("Receivables " + code + ": accounts; open documents and adjustments", sum(cents("DetAmnt"), lines),
+        const Text corrections =
+            "CustHomeAdjustment INNER JOIN Cust ON Cust.InCustId = CustHomeAdjustment.ExCustId WHERE "
+            "COALESCE(Cust.ExCurrencyId, " +
+            homeCurrency + ") = " + key;
+        checker.equal("Receivables " + code + ": accounts; open documents and adjustments",
+                      sum(cents("DetAmnt"), lines),
                       "SELECT COALESCE((" + sum(homeOf("Open", "ExchangeRate"), documents) + "), 0) + COALESCE((" +
-                          sum(cents("DetAmnt"), adjustments) + "), 0) + COALESCE((" + sum(cents("AdjustAmnt"), corrections) + "), 0)");
+                          sum(cents("DetAmnt"), adjustments) + "), 0) + COALESCE((" +
+                          sum(cents("AdjustAmnt"), corrections) + "), 0)");
         if (currencies.integer(2) != 0) continue;
         checker.equal("Receivables " + code + " in that currency", sum(cents("ForeignAmnt"), lines),
-                      "SELECT COALESCE((" + sum("Open", documents) + "), 0) + COALESCE((" + sum(cents("ForeignAmnt"), adjustments) + "), 0)");
+                      "SELECT COALESCE((" + sum("Open", documents) + "), 0) + COALESCE((" +
+                          sum(cents("ForeignAmnt"), adjustments) + "), 0)");
     }
     checker.equalPair("Documents; those not settled beyond their total",
                       "SELECT COUNT(*) * 100, SUM(Open * Total >= 0) * 100 FROM " + openDocuments);
@@ -87,42 +109,60 @@ void checkReceivables(Checker& checker) {
 
 void checkCash(Checker& checker) {
     const auto cashBy = [](const Text& source) {
-        return sum(cents("GLDet.DetAmnt"), "GLDet INNER JOIN GLAcct ON GLAcct.InGLAcctId = GLDet.ExAcctId WHERE GLAcct.ChqAcct <> 0 AND GLDet.Source = '" + source + "'");
+        return sum(cents("GLDet.DetAmnt"),
+                   "GLDet INNER JOIN GLAcct ON GLAcct.InGLAcctId = GLDet.ExAcctId WHERE GLAcct.ChqAcct <> 0 AND "
+                   "GLDet.Source = '" +
+                       source + "'");
     };
-    const Text counted = "(SELECT ExInvoiId, SUM(" + home("RecAmnt", "ExchangeRate") + ") AS Amount FROM InvoiRecDet GROUP BY ExInvoiId)";
+    const Text counted = "(SELECT ExInvoiId, SUM(" + home("RecAmnt", "ExchangeRate") +
+                         ") AS Amount FROM InvoiRecDet GROUP BY ExInvoiId)";
     checker.equal("Cash by documents: accounts; receipts", cashBy("INV"),
                   sum("COALESCE(Counted.Amount, " + home("InvoiHdr.RecAmnt", "InvoiHdr.ExchangeRate") + ")",
                       "InvoiHdr LEFT JOIN " + counted + " AS Counted ON Counted.ExInvoiId = InvoiHdr.InInvoiId"));
-    checker.equal("Cash by payments: accounts; payments", cashBy("PMT"), sum(home("PmtTotAmnt", "ExchangeRate"), "PmtHdr"));
-    checker.equal("Cash by deposits: accounts; receipts without document", cashBy("DEP"),
-                  sum(home("DepDet.RecAmnt", "DepHdr.ExchangeRate"), "DepDet INNER JOIN DepHdr ON DepHdr.InDepID = DepDet.ExDepID WHERE DepDet.RecExSrcKeyVal IS NULL"));
+    checker.equal("Cash by payments: accounts; payments", cashBy("PMT"),
+                  sum(home("PmtTotAmnt", "ExchangeRate"), "PmtHdr"));
+    checker.equal(
+        "Cash by deposits: accounts; receipts without document", cashBy("DEP"),
+        sum(home("DepDet.RecAmnt", "DepHdr.ExchangeRate"),
+            "DepDet INNER JOIN DepHdr ON DepHdr.InDepID = DepDet.ExDepID WHERE DepDet.RecExSrcKeyVal IS NULL"));
     checker.equal("Cash by sales taxes: accounts; returns", cashBy("TAX"), sum(cents("Amnt"), "TaxTrxDet"));
-    checker.equal("Registers: received by header; by method", sum(home("InvoiHdr.RecAmnt", "InvoiHdr.ExchangeRate"), "InvoiHdr WHERE InInvoiId IN (SELECT ExInvoiId FROM InvoiRecDet)"),
+    checker.equal("Registers: received by header; by method",
+                  sum(home("InvoiHdr.RecAmnt", "InvoiHdr.ExchangeRate"),
+                      "InvoiHdr WHERE InInvoiId IN (SELECT ExInvoiId FROM InvoiRecDet)"),
                   sum(home("RecAmnt", "ExchangeRate"), "InvoiRecDet"));
 }
 
 void checkHeaders(Checker& checker) {
     checker.equalPair("Documents: totals; net, freight and taxes",
-                      "SELECT SUM(" + cents("TotAmnt") + "), SUM(" + cents("DetAmnt") + " + " + cents("ShipAmnt") + " + " + cents("TaxAmnt") + ") FROM InvoiHdr WHERE TotAmnt IS NOT NULL");
+                      "SELECT SUM(" + cents("TotAmnt") + "), SUM(" + cents("DetAmnt") + " + " + cents("ShipAmnt") +
+                          " + " + cents("TaxAmnt") + ") FROM InvoiHdr WHERE TotAmnt IS NOT NULL");
     checker.equal("Documents: net amounts; lines", sum(cents("DetAmnt"), "InvoiHdr"),
-                  sum("CASE WHEN InvoiHdr.InvoiType = 3 THEN -1 ELSE 1 END * " + cents("InvoiDet.BaseRowTotal"), "InvoiDet INNER JOIN InvoiHdr ON InvoiHdr.InInvoiId = InvoiDet.ExInvoiId"));
+                  sum("CASE WHEN InvoiHdr.InvoiType = 3 THEN -1 ELSE 1 END * " + cents("InvoiDet.BaseRowTotal"),
+                      "InvoiDet INNER JOIN InvoiHdr ON InvoiHdr.InInvoiId = InvoiDet.ExInvoiId"));
     checker.equal("Payments: amounts; lines", sum(cents("PmtTotAmnt"), "PmtHdr"), sum(cents("PmtAmnt"), "PmtDet"));
     checker.equal("Payments: discounts; lines", sum(cents("DiscTotAmnt"), "PmtHdr"), sum(cents("PmtDisc"), "PmtDet"));
 }
 
 void checkStock(Checker& checker) {
     checker.equal("Stock: counts after the last movement; movements",
-                  sum(hundredths("RunningQty"), "InvenDet WHERE InTrxId IN (SELECT MAX(InTrxId) FROM InvenDet GROUP BY ExItemId, ExWarehouseId)"),
+                  sum(hundredths("RunningQty"),
+                      "InvenDet WHERE InTrxId IN (SELECT MAX(InTrxId) FROM InvenDet GROUP BY ExItemId, ExWarehouseId)"),
                   sum(hundredths("Qty"), "InvenDet"));
-    checker.equal("Stock sold: movements; document lines", "SELECT -SUM(" + hundredths("Qty") + ") FROM InvenDet WHERE Source = 'INV'",
-                  sum(hundredths("ItemConsumedUnits_View.Qty"), "ItemConsumedUnits_View INNER JOIN Item ON Item.InItemId = ItemConsumedUnits_View.InItemId"
-                                                                " WHERE ItemConsumedUnits_View.TrxType = 7 AND (Item.IsKit = 0 OR Item.IsKit IS NULL)"));
-    checker.equal("Assemblies: components used; lines", "SELECT -SUM(" + hundredths("Qty") + ") FROM InvenDet WHERE Source = 'ASB' AND Qty < 0",
+    checker.equal("Stock sold: movements; document lines",
+                  "SELECT -SUM(" + hundredths("Qty") + ") FROM InvenDet WHERE Source = 'INV'",
+                  sum(hundredths("ItemConsumedUnits_View.Qty"),
+                      "ItemConsumedUnits_View INNER JOIN Item ON Item.InItemId = ItemConsumedUnits_View.InItemId"
+                      " WHERE ItemConsumedUnits_View.TrxType = 7 AND (Item.IsKit = 0 OR Item.IsKit IS NULL)"));
+    checker.equal("Assemblies: components used; lines",
+                  "SELECT -SUM(" + hundredths("Qty") + ") FROM InvenDet WHERE Source = 'ASB' AND Qty < 0",
                   sum(hundredths("Qty"), "AssemblyDet"));
-    checker.equal("Assemblies: products made; headers", sum(hundredths("Qty"), "InvenDet WHERE Source = 'ASB' AND Qty > 0"), sum(hundredths("Qty"), "AssemblyHdr"));
+    checker.equal("Assemblies: products made; headers",
+                  sum(hundredths("Qty"), "InvenDet WHERE Source = 'ASB' AND Qty > 0"),
+                  sum(hundredths("Qty"), "AssemblyHdr"));
     const Text accounts = "AccountGroup WHERE Code = 'StockGL'";
     if (sqlite::Statement(checker.database(), "SELECT 1 FROM " + accounts).step())
-        checker.equal("Stock value: accounts; movements", sum(cents("DetAmnt"), "GLDet WHERE ExAcctId IN (SELECT ExGLAcctId FROM " + accounts + ")"),
+        checker.equal("Stock value: accounts; movements",
+                      sum(cents("DetAmnt"), "GLDet WHERE ExAcctId IN (SELECT ExGLAcctId FROM " + accounts + ")"),
                       sum(cents("CostAmnt"), "InvenDet"));
 }
 

@@ -26,7 +26,8 @@ using Shape = std::map<std::string, Relation>;  // by lowered name
 
 Shape shapeOf(const sqlite::Database& database) {
     Shape shape;
-    sqlite::Statement relations(database, "SELECT type, name FROM sqlite_master WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite%'");
+    sqlite::Statement relations(
+        database, "SELECT type, name FROM sqlite_master WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite%'");
     while (relations.step()) {
         Relation relation{std::string(relations.text(0)), std::string(relations.text(1)), {}, {}};
         sqlite::Statement columns(database, "SELECT name FROM pragma_table_info(?1)");
@@ -60,7 +61,8 @@ void compareRelations(const Shape& wanted, const Shape& found, std::vector<std::
             continue;
         }
         for (const auto& column : relation.columns)
-            if (!match->second.lowered.contains(lower(column))) lacks.push_back("column " + relation.name + "." + column + " is missing");
+            if (!match->second.lowered.contains(lower(column)))
+                lacks.push_back("column " + relation.name + "." + column + " is missing");
     }
 }
 
@@ -73,7 +75,8 @@ std::vector<std::string> compare(const sqlite::Database& database) {
     const std::int64_t version = versionOf(database);
     const std::int64_t wanted = versionOf(model);
     if (version != wanted)
-        lacks.push_back("the company is of version " + std::to_string(version) + ", this program reads version " + std::to_string(wanted));
+        lacks.push_back("the company is of version " + std::to_string(version) + ", this program reads version " +
+                        std::to_string(wanted));
     compareRelations(shapeOf(model), found, lacks);
     if (!found.contains("companyfact")) return lacks;
     const auto facts = factsOf(database);

@@ -57,7 +57,9 @@ void dsrCustCustomFieldList::ActiveReport_FetchData(bool& eof) {
     STEP(Fields.Item("FieldValue").Value = field.value);
 }
 
-void dsrCustCustomFieldList::PageHeader_Format() { STEP(ReplacePageHeaderControls()); }
+void dsrCustCustomFieldList::PageHeader_Format() {
+    STEP(ReplacePageHeaderControls());
+}
 
 void dsrCustCustomFieldList::ReplacePageHeaderControls() {
     Line1.Y1 = Line1.Y2 = belowFilter(dsrFilterAndSortByInfoSubreport);
@@ -77,6 +79,8 @@ void dsrCustCustomFieldList::Detail_Format() {
     STEP(link(plainTag(rcsCustCustomFieldList.Collect("InCustId")), {&fldValue}));
 }
 
-void dsrCustCustomFieldList::ReportFooter_Format() { STEP(setEndLine(lblEnd, 7622)); }
+void dsrCustCustomFieldList::ReportFooter_Format() {
+    STEP(setEndLine(lblEnd, 7622));
+}
 
 }  // namespace quillo

@@ -17,7 +17,8 @@ void stack(float top, std::initializer_list<Label*> captions) {
 
 }  // namespace
 
-dsrCustList::dsrCustList(HostContext& context) : FilterableReport("dsrCustList", context, {.titleId = 6219, .keepsDates = false}) {
+dsrCustList::dsrCustList(HostContext& context)
+    : FilterableReport("dsrCustList", context, {.titleId = 6219, .keepsDates = false}) {
     onFormat("PageHeader", &dsrCustList::PageHeader_Format);
     onFormat("Detail", &dsrCustList::Detail_Format);
     onFormat("ReportFooter", &dsrCustList::ReportFooter_Format);
@@ -46,9 +47,13 @@ void dsrCustList::ActiveReport_ReportStart() {
     STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport));
 }
 
-void dsrCustList::ActiveReport_ReportEnd() { m_objCustStats = nullptr; }
+void dsrCustList::ActiveReport_ReportEnd() {
+    m_objCustStats = nullptr;
+}
 
-void dsrCustList::PageHeader_Format() { STEP(ReplacePageHeaderControls()); }
+void dsrCustList::PageHeader_Format() {
+    STEP(ReplacePageHeaderControls());
+}
 
 void dsrCustList::ReplacePageHeaderControls() {
     Line1.Y1 = Line1.Y2 = belowFilter(dsrFilterAndSortByInfoSubreport);
@@ -80,7 +85,9 @@ void dsrCustList::Detail_Format() {
 
 void dsrCustList::showTerms() {
     const Variant code = rcsCustList.Collect("TermId");
-    fldTermes.Caption = code.isNull() ? "" : m_bTermCodes ? code.toText() : rcsCustList.Collect("TermDescr").textOrEmpty();
+    fldTermes.Caption = code.isNull()  ? ""
+                        : m_bTermCodes ? code.toText()
+                                       : rcsCustList.Collect("TermDescr").textOrEmpty();
 }
 
 void dsrCustList::showLastSale(int customerId) {
@@ -92,17 +99,21 @@ void dsrCustList::showLastSale(int customerId) {
 std::string dsrCustList::GetTaxGroup(int InTaxGroupId) {
     std::string text;
     std::unique_ptr<HostRecordset> group;
-    STEP(group = context().company().Database().OpenRecordset(
-             "SELECT TaxGroupId,TaxGroupDescr FROM TaxGroup "
-             "WHERE InTaxGroupId = ?",
-             2, 0, InTaxGroupId));
-    STEP(if (group && !group->atEnd()) text = group->Value(m_bTaxGroupCodes ? "TaxGroupId" : "TaxGroupDescr", ValueType::text).textOrEmpty());
+    STEP(group = context().company().Database().OpenRecordset("SELECT TaxGroupId,TaxGroupDescr FROM TaxGroup "
+                                                              "WHERE InTaxGroupId = ?",
+                                                              2, 0, InTaxGroupId));
+    STEP(if (group && !group->atEnd()) text =
+             group->Value(m_bTaxGroupCodes ? "TaxGroupId" : "TaxGroupDescr", ValueType::text).textOrEmpty());
     return text;
 }
 
 // The name of a language in the user's own.
-void dsrCustList::CheckNameLang() { fldNameLang.Text = context().company().dictionary().Translate(rcsCustList.Collect("DisplayName").textOrEmpty()); }
+void dsrCustList::CheckNameLang() {
+    fldNameLang.Text = context().company().dictionary().Translate(rcsCustList.Collect("DisplayName").textOrEmpty());
+}
 
-void dsrCustList::ReportFooter_Format() { STEP(setEndLine(lblEnd, 7622)); }
+void dsrCustList::ReportFooter_Format() {
+    STEP(setEndLine(lblEnd, 7622));
+}
 
 }  // namespace quillo

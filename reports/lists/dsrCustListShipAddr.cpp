@@ -4,7 +4,8 @@
 
 namespace quillo {
 
-dsrCustListShipAddr::dsrCustListShipAddr(HostContext& context) : FilterableReport("dsrCustListShipAddr", context, {.titleId = 5991}) {
+dsrCustListShipAddr::dsrCustListShipAddr(HostContext& context)
+    : FilterableReport("dsrCustListShipAddr", context, {.titleId = 5991}) {
     onFormat("PageHeader", &dsrCustListShipAddr::PageHeader_Format);
     onFormat("ghCustId", &dsrCustListShipAddr::ghCustId_Format);
     onFormat("Detail", &dsrCustListShipAddr::Detail_Format);
@@ -33,7 +34,9 @@ void dsrCustListShipAddr::ActiveReport_ReportStart() {
     STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport));
 }
 
-void dsrCustListShipAddr::PageHeader_Format() { STEP(ReplacePageHeaderControls()); }
+void dsrCustListShipAddr::PageHeader_Format() {
+    STEP(ReplacePageHeaderControls());
+}
 
 void dsrCustListShipAddr::ReplacePageHeaderControls() {
     constexpr float lineDistance = 270;
@@ -50,7 +53,8 @@ void dsrCustListShipAddr::ghCustId_Format() {
     STEP(link(plainTag(rcsCustListShipAddr.Collect("InCustId")), {&fldCustId, &fldName, &fldContact}));
     STEP(fldWeb.Hyperlink = webTag(fldWeb.Text));
     STEP(fldEmail.Hyperlink = mailTag(fldEmail.Text));
-    STEP(fldNameLang.Text = context().company().dictionary().Translate(rcsCustListShipAddr.Collect("DisplayName").textOrEmpty()));
+    STEP(fldNameLang.Text =
+             context().company().dictionary().Translate(rcsCustListShipAddr.Collect("DisplayName").textOrEmpty()));
     STEP(++m_lngRecordCount);
 }
 
@@ -72,6 +76,8 @@ std::string dsrCustListShipAddr::addressText() const {
     return text;
 }
 
-void dsrCustListShipAddr::ReportFooter_Format() { STEP(setEndLine(lblEnd, 7622)); }
+void dsrCustListShipAddr::ReportFooter_Format() {
+    STEP(setEndLine(lblEnd, 7622));
+}
 
 }  // namespace quillo

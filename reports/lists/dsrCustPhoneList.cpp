@@ -4,7 +4,8 @@
 
 namespace quillo {
 
-dsrCustPhoneList::dsrCustPhoneList(HostContext& context) : FilterableReport("dsrCustPhoneList", context, {.titleId = 6216}) {
+dsrCustPhoneList::dsrCustPhoneList(HostContext& context)
+    : FilterableReport("dsrCustPhoneList", context, {.titleId = 6216}) {
     onFormat("PageHeader", &dsrCustPhoneList::PageHeader_Format);
     onFormat("Detail", &dsrCustPhoneList::Detail_Format);
     onFormat("ReportFooter", &dsrCustPhoneList::ReportFooter_Format);
@@ -56,6 +57,8 @@ void dsrCustPhoneList::Detail_Format() {
     STEP(++m_lngRecordCount);
 }
 
-void dsrCustPhoneList::ReportFooter_Format() { STEP(setEndLine(lblEnd, 7622)); }
+void dsrCustPhoneList::ReportFooter_Format() {
+    STEP(setEndLine(lblEnd, 7622));
+}
 
 }  // namespace quillo

@@ -14,7 +14,11 @@ constexpr int invoice = 1, quote = 50, order = 51;
 }  // namespace
 
 dsrDocumentsToApprove::dsrDocumentsToApprove(HostContext& context)
-    : FilterableReport("dsrDocumentsToApprove", context, {.dateOptions = DateDisplay::range, .titleId = 7568, .companyCurrency = true, .foreign = Foreign::keptGatesSections}) {
+    : FilterableReport("dsrDocumentsToApprove", context,
+                       {.dateOptions = DateDisplay::range,
+                        .titleId = 7568,
+                        .companyCurrency = true,
+                        .foreign = Foreign::keptGatesSections}) {
     onFormat("PageHeader", &dsrDocumentsToApprove::PageHeader_Format);
     onFormat("ghCurrency", &dsrDocumentsToApprove::ghCurrency_Format);
     onFormat("Detail", &dsrDocumentsToApprove::Detail_Format);
@@ -24,10 +28,12 @@ dsrDocumentsToApprove::dsrDocumentsToApprove(HostContext& context)
 
 void dsrDocumentsToApprove::ActiveReport_ReportStart() {
     if (!askFilter("InvoiHdr, InvoiType, Cust")) return;
-    const std::string kinds = std::to_string(InvoiceType::invoice) + "," + std::to_string(InvoiceType::order) + "," + std::to_string(InvoiceType::quote);
+    const std::string kinds = std::to_string(InvoiceType::invoice) + "," + std::to_string(InvoiceType::order) + "," +
+                              std::to_string(InvoiceType::quote);
     // One text for both kinds of database: "+" joins the currency's description also on Jet.
     std::string sql =
-        "SELECT InvoiHdr.InInvoiId, InvoiHdr.InvoiDate, InvoiHdr.InvoiId, InvoiHdr.ExCurrencyId, InvoiHdr.ExchangeRate, "
+        "SELECT InvoiHdr.InInvoiId, InvoiHdr.InvoiDate, InvoiHdr.InvoiId, InvoiHdr.ExCurrencyId, "
+        "InvoiHdr.ExchangeRate, "
         "Cust.InCustId, Cust.CustId, Cust.Name, InvoiHdr.TotAmnt, "
         "Cust.ExCurrencyId AS CustExCurrencyId, WorldCurrency.CurrencyCode, "
         "WorldCurrency.Descr, (WorldCurrency.CurrencyCode + ' - ' + WorldCurrency.Descr) as FullCurrencyDescr, "
@@ -46,17 +52,21 @@ void dsrDocumentsToApprove::ActiveReport_ReportStart() {
     // the order that the approver asks for.
     STEP(sql += orderClause(filterParts(), " Order By CurrencyCode, CustId, InvoiHdr.InvoiDate, InvoiHdr.InvoiId ASC"));
     STEP(rsDocument.Recordset = execute(sql, {m_dtDateFrom, m_dtDateTo}));
-    STEP(if (m_bDisplayForeignCurrency) dynamic_cast<Field&>(*section("gfCurrency").find("txtCurrencyTotalCode")).Text = "");
+    STEP(if (m_bDisplayForeignCurrency) dynamic_cast<Field&>(*section("gfCurrency").find("txtCurrencyTotalCode")).Text =
+             "");
     STEP(Translate());
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(setDateCaption(lblDateFromDateTo));
     STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport));
 }
 
-void dsrDocumentsToApprove::PageHeader_Format() { STEP(ReplacePageHeaderControls()); }
+void dsrDocumentsToApprove::PageHeader_Format() {
+    STEP(ReplacePageHeaderControls());
+}
 
 void dsrDocumentsToApprove::ReplacePageHeaderControls() {
-    replaceCaptions(dsrFilterAndSortByInfoSubreport, lblDateCap, {&lblDocNoCap, &lblTotAmntCap, &lblNameCap, &lblDocType});
+    replaceCaptions(dsrFilterAndSortByInfoSubreport, lblDateCap,
+                    {&lblDocNoCap, &lblTotAmntCap, &lblNameCap, &lblDocType});
 }
 
 void dsrDocumentsToApprove::ghCurrency_Format() {
@@ -68,14 +78,17 @@ void dsrDocumentsToApprove::ghCurrency_Format() {
 }
 
 double dsrDocumentsToApprove::factor() {
-    const bool converts = currencies().CieIsForeignCurrencyUsed() && rsDocument.Collect("ExCurrencyId").int32OrZero() != m_lngHomeCurrencyId && !m_bDisplayForeignCurrency;
+    const bool converts = currencies().CieIsForeignCurrencyUsed() &&
+                          rsDocument.Collect("ExCurrencyId").int32OrZero() != m_lngHomeCurrencyId &&
+                          !m_bDisplayForeignCurrency;
     return converts ? rsDocument.Collect("ExchangeRate").toDouble() : 1.0;
 }
 
 void dsrDocumentsToApprove::showAmount() {
     const Variant total = rsDocument.Collect("TotAmnt");
     if (total.isNull()) return;
-    if (!m_amounts.show(roundProduct(total.toMoney(), factor(), 2), m_bIncludeZeroOrders, txtTotAmnt, locale())) LayoutAction = LayoutActions::dropRow;
+    if (!m_amounts.show(roundProduct(total.toMoney(), factor(), 2), m_bIncludeZeroOrders, txtTotAmnt, locale()))
+        LayoutAction = LayoutActions::dropRow;
 }
 
 void dsrDocumentsToApprove::Detail_Format() {
@@ -89,7 +102,9 @@ void dsrDocumentsToApprove::Detail_Format() {
     STEP(link(drillTag(Drill::customer, rsDocument.Collect("InCustId")), {&txtName}));
 }
 
-void dsrDocumentsToApprove::gfCurrency_Format() { STEP(txtCurrencyTotal.Text = locale().currency(m_amounts.currencyTotal())); }
+void dsrDocumentsToApprove::gfCurrency_Format() {
+    STEP(txtCurrencyTotal.Text = locale().currency(m_amounts.currencyTotal()));
+}
 
 void dsrDocumentsToApprove::ReportFooter_Format() {
     STEP(txtGrandTotal.Visible = Label6.Visible = !m_bDisplayForeignCurrency);

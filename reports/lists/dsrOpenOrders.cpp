@@ -11,7 +11,11 @@ constexpr int orders = 51;  // the InvoiType of an order
 }  // namespace
 
 dsrOpenOrders::dsrOpenOrders(HostContext& context)
-    : FilterableReport("dsrOpenOrders", context, {.dateOptions = DateDisplay::range, .titleId = 6314, .companyCurrency = true, .foreign = Foreign::keptGatesSections}) {
+    : FilterableReport("dsrOpenOrders", context,
+                       {.dateOptions = DateDisplay::range,
+                        .titleId = 6314,
+                        .companyCurrency = true,
+                        .foreign = Foreign::keptGatesSections}) {
     property("InvoiceType", InvoiceType);
     onFormat("PageHeader", &dsrOpenOrders::PageHeader_Format);
     onFormat("ghCurrency", &dsrOpenOrders::ghCurrency_Format);
@@ -20,7 +24,9 @@ dsrOpenOrders::dsrOpenOrders(HostContext& context)
     onFormat("ReportFooter", &dsrOpenOrders::ReportFooter_Format);
 }
 
-int dsrOpenOrders::titleId() const { return InvoiceType == orders ? 6089 : 6314; }
+int dsrOpenOrders::titleId() const {
+    return InvoiceType == orders ? 6089 : 6314;
+}
 
 void dsrOpenOrders::ActiveReport_ReportStart() {
     if (!askFilter("InvoiHdr, Cust, WorldCurrency")) return;
@@ -29,8 +35,10 @@ void dsrOpenOrders::ActiveReport_ReportStart() {
         " InvoiHdr.ExchangeRate, InvoiHdr.ShipDate, InvoiHdr.TotAmnt, "
         " Cust.ExCurrencyId AS CustExCurrencyId, Cust.Name, Cust.InCustId, WorldCurrency.CurrencyCode, "
         " WorldCurrency.Descr, ";
-    STEP(sql += isJet(context()) ? " (WorldCurrency.CurrencyCode & ' - ' & WorldCurrency.Descr) as FullCurrencyDescr, InvoiHdr.InvoiType "
-                                 : " (WorldCurrency.CurrencyCode + ' - ' + WorldCurrency.Descr) as FullCurrencyDescr, InvoiHdr.InvoiType ");
+    STEP(sql +=
+         isJet(context())
+             ? " (WorldCurrency.CurrencyCode & ' - ' & WorldCurrency.Descr) as FullCurrencyDescr, InvoiHdr.InvoiType "
+             : " (WorldCurrency.CurrencyCode + ' - ' + WorldCurrency.Descr) as FullCurrencyDescr, InvoiHdr.InvoiType ");
     // The currency is the customer's, while the amounts convert by the document's: meant, a group is the
     // currency in which the customer is dealt with.
     sql +=
@@ -40,18 +48,24 @@ void dsrOpenOrders::ActiveReport_ReportStart() {
         " WHERE InvoiHdr.InvoiType = ? "
         " AND InvoiHdr.InvoiDate BETWEEN ? AND ? ";
     STEP(sql += whereClause(filterParts(), OwnWhere::yes));
-    STEP(sql += orderClauseKeeping(filterParts(), "WorldCurrency.CurrencyCode", " Order By CurrencyCode, InvoiHdr.RecDate, InvoiHdr.InvoiId ASC"));
+    STEP(sql += orderClauseKeeping(filterParts(), "WorldCurrency.CurrencyCode",
+                                   " Order By CurrencyCode, InvoiHdr.RecDate, InvoiHdr.InvoiId ASC"));
     STEP(rsOrder.Recordset = execute(sql, {InvoiceType, m_dtDateFrom, m_dtDateTo}));
-    STEP(if (m_bDisplayForeignCurrency) dynamic_cast<Field&>(*section("gfCurrency").find("txtCurrencyTotalCode")).Text = "");
+    STEP(if (m_bDisplayForeignCurrency) dynamic_cast<Field&>(*section("gfCurrency").find("txtCurrencyTotalCode")).Text =
+             "");
     STEP(Translate());
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(setDateCaption(lblDateFromDateTo));
     STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport));
 }
 
-void dsrOpenOrders::PageHeader_Format() { STEP(ReplacePageHeaderControls()); }
+void dsrOpenOrders::PageHeader_Format() {
+    STEP(ReplacePageHeaderControls());
+}
 
-void dsrOpenOrders::ReplacePageHeaderControls() { replaceCaptions(dsrFilterAndSortByInfoSubreport, lblNo, {&lblName, &lblDateCap, &lblTotAmnt}); }
+void dsrOpenOrders::ReplacePageHeaderControls() {
+    replaceCaptions(dsrFilterAndSortByInfoSubreport, lblNo, {&lblName, &lblDateCap, &lblTotAmnt});
+}
 
 void dsrOpenOrders::ghCurrency_Format() {
     if (rsOrder.atEnd()) {
@@ -63,14 +77,17 @@ void dsrOpenOrders::ghCurrency_Format() {
 
 // What an amount is multiplied by: amounts are in home currency unless foreign display is asked for.
 double dsrOpenOrders::factor() {
-    const bool converts = currencies().CieIsForeignCurrencyUsed() && rsOrder.Collect("ExCurrencyId").int32OrZero() != m_lngHomeCurrencyId && !m_bDisplayForeignCurrency;
+    const bool converts = currencies().CieIsForeignCurrencyUsed() &&
+                          rsOrder.Collect("ExCurrencyId").int32OrZero() != m_lngHomeCurrencyId &&
+                          !m_bDisplayForeignCurrency;
     return converts ? rsOrder.Collect("ExchangeRate").toDouble() : 1.0;
 }
 
 void dsrOpenOrders::showAmount() {
     const Variant total = rsOrder.Collect("TotAmnt");
     if (total.isNull()) return;
-    if (!m_amounts.show(roundProduct(total.toMoney(), factor(), 2), m_bIncludeZeroOrders, txtTotAmnt, locale())) LayoutAction = LayoutActions::dropRow;
+    if (!m_amounts.show(roundProduct(total.toMoney(), factor(), 2), m_bIncludeZeroOrders, txtTotAmnt, locale()))
+        LayoutAction = LayoutActions::dropRow;
 }
 
 void dsrOpenOrders::Detail_Format() {
@@ -83,7 +100,9 @@ void dsrOpenOrders::Detail_Format() {
     STEP(link(drillTag(Drill::customer, rsOrder.Collect("InCustId")), {&txtName}));
 }
 
-void dsrOpenOrders::gfCurrency_Format() { STEP(txtCurrencyTotal.Text = locale().currency(m_amounts.currencyTotal())); }
+void dsrOpenOrders::gfCurrency_Format() {
+    STEP(txtCurrencyTotal.Text = locale().currency(m_amounts.currencyTotal()));
+}
 
 void dsrOpenOrders::ReportFooter_Format() {
     // A sum over several currencies means nothing.

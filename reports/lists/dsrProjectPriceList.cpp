@@ -62,6 +62,8 @@ void dsrProjectPriceList::Detail_Format() {
               {&fldProjId, &fldDescr, &fldBegDate, &fldEndDate, &txtEstSale, &txtEstPurch, &txtEstHours}));
 }
 
-void dsrProjectPriceList::ReportFooter_Format() { STEP(txtProjCount.Text = std::to_string(m_lngRecordCount) + " " + GetText(4766) + "(s)"); }
+void dsrProjectPriceList::ReportFooter_Format() {
+    STEP(txtProjCount.Text = std::to_string(m_lngRecordCount) + " " + GetText(4766) + "(s)");
+}
 
 }  // namespace quillo

@@ -31,17 +31,21 @@ void dsrTermList::ActiveReport_ReportStart() {
     STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport));
 }
 
-void dsrTermList::PageHeader_Format() { STEP(ReplacePageHeaderControls()); }
+void dsrTermList::PageHeader_Format() {
+    STEP(ReplacePageHeaderControls());
+}
 
 void dsrTermList::ReplacePageHeaderControls() {
-    replaceCaptions(dsrFilterAndSortByInfoSubreport, lblDescr, {&lblTermMode, &lblDue, &lblEscomptePers, &lblEscompteDelay, &lblNextDue});
+    replaceCaptions(dsrFilterAndSortByInfoSubreport, lblDescr,
+                    {&lblTermMode, &lblDue, &lblEscomptePers, &lblEscompteDelay, &lblNextDue});
 }
 
 void dsrTermList::Detail_Format() {
     if (rsTerms.atEnd()) return;
     STEP(showMode(rsTerms.Collect("TermMode")));
     STEP(++m_lngRecordCount);
-    STEP(link(plainTag(rsTerms.Collect("InTermId")), {&txtDescr, &txtDiscDelay, &txtDiscPercent, &txtDue, &txtDueNxtMonth, &txtTermMode}));
+    STEP(link(plainTag(rsTerms.Collect("InTermId")),
+              {&txtDescr, &txtDiscDelay, &txtDiscPercent, &txtDue, &txtDueNxtMonth, &txtTermMode}));
 }
 
 // An unknown or missing mode keeps the figures as the row before left them: this is meant, as a term list is read
@@ -61,12 +65,17 @@ void dsrTermList::showMode(const Variant& mode) {
         case TermMode::onReceipt:
             txtTermMode.Text = GetText(5727);
             return showFigures(false);
-        default: return;
+        default:
+            return;
     }
 }
 
-void dsrTermList::showFigures(bool shown) { txtDue.Visible = txtDiscPercent.Visible = txtDiscDelay.Visible = txtDueNxtMonth.Visible = shown; }
+void dsrTermList::showFigures(bool shown) {
+    txtDue.Visible = txtDiscPercent.Visible = txtDiscDelay.Visible = txtDueNxtMonth.Visible = shown;
+}
 
-void dsrTermList::ReportFooter_Format() { STEP(setEndLine(lblEnd, 7629)); }
+void dsrTermList::ReportFooter_Format() {
+    STEP(setEndLine(lblEnd, 7629));
+}
 
 }  // namespace quillo

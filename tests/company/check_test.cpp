@@ -31,7 +31,8 @@ TEST(CompanyCheck, TellsWhatAFileLacks) {
     EXPECT_EQ(lacksOf("Frontier", ""), Lines{"no such text: Frontier"});
     EXPECT_EQ(lacksOf("  ICDTime              TIME TEXT,\n", ""), Lines{"column InvoiCashDeposit.ICDTime is missing"});
     EXPECT_EQ(lacksOf("CREATE TABLE Country (", "CREATE TABLE Countries ("), Lines{"table Country is missing"});
-    EXPECT_EQ(lacksOf("CREATE VIEW ItemSoldUnits_View", "CREATE VIEW Other_View"), Lines{"view ItemSoldUnits_View is missing"});
+    EXPECT_EQ(lacksOf("CREATE VIEW ItemSoldUnits_View", "CREATE VIEW Other_View"),
+              Lines{"view ItemSoldUnits_View is missing"});
     EXPECT_EQ(lacksOf(" AS TotalUnitsSold", " AS Units"), Lines{"column ItemSoldUnits_View.TotalUnitsSold is missing"});
     EXPECT_EQ(lacksOf("('Country', 'CA'), ", ""), Lines{"the company's Country is missing from CompanyFact"});
     EXPECT_EQ(lacksOf("PRAGMA user_version = 1;", "PRAGMA user_version = 9;"),
@@ -47,7 +48,8 @@ TEST(CompanyCheck, NamesAFileThatIsNoCompany) {
     std::ifstream file(whole.path(), std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     half.write(std::string_view(bytes).substr(0, bytes.size() / 2));
-    EXPECT_EQ(checkCompany(Database(empty.path(), Open::create)), std::vector<std::string>{"the file is empty: it has no tables"});
+    EXPECT_EQ(checkCompany(Database(empty.path(), Open::create)),
+              std::vector<std::string>{"the file is empty: it has no tables"});
     for (const auto* damaged : {&text, &half}) {
         const auto lacks = checkCompany(Database(damaged->path(), Open::readOnly));
         ASSERT_EQ(lacks.size(), 1u);
@@ -63,6 +65,7 @@ TEST(BooksCheck, FindsTheSlip) {
         const char* slip;
         const char* line;
     };
+    // clang-format off
     const Case cases[] = {
         {"UPDATE GLDet SET DetAmnt = DetAmnt + 0.01 WHERE InGLDetId = 700", "Transactions; those in balance"},
         {"DELETE FROM GLDet WHERE InGLDetId = 900", "Trial balance: debits; credits"},
@@ -85,6 +88,7 @@ TEST(BooksCheck, FindsTheSlip) {
         {"DELETE FROM AssemblyHdr WHERE Id = (SELECT MIN(Id) FROM AssemblyHdr)", "Assemblies: products made; headers"},
         {"UPDATE InvenDet SET CostAmnt = 0 WHERE InTrxId = 3000", "Stock value: accounts; movements"},
     };
+    // clang-format on
     for (const auto& one : cases) {
         company.execute("BEGIN");
         company.execute(one.slip);

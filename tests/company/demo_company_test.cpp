@@ -57,6 +57,7 @@ TEST(DemoCompany, HoldsWhatTheReportsAreAbout) {
         int least;
         const char* rows;
     };
+    // clang-format off
     const Case cases[] = {
         {"customers", 200, "Cust"},
         {"customers in US dollars", 8, "Cust WHERE ExCurrencyId = 2"},
@@ -109,7 +110,9 @@ TEST(DemoCompany, HoldsWhatTheReportsAreAbout) {
         {"long names", 1, "Cust WHERE length(Name) > 80"},
         {"big amounts", 1, "InvoiHdr WHERE TotAmnt >= 50000"},
     };
-    for (const auto& one : cases) EXPECT_GE(company.integer(std::string("SELECT COUNT(*) FROM ") + one.rows), one.least) << one.what;
+    // clang-format on
+    for (const auto& one : cases)
+        EXPECT_GE(company.integer(std::string("SELECT COUNT(*) FROM ") + one.rows), one.least) << one.what;
     EXPECT_FALSE(sqlite::Statement(company, "PRAGMA foreign_key_check").step()) << "a key leads nowhere";
 }
 

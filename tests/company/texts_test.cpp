@@ -15,7 +15,8 @@ namespace {
 namespace fs = std::filesystem;
 
 // The numbers that a pattern finds in the files of a folder, with the file that names each first.
-void collect(const char* folder, const std::set<std::string>& endings, const std::regex& pattern, std::map<int, std::string>& found) {
+void collect(const char* folder, const std::set<std::string>& endings, const std::regex& pattern,
+             std::map<int, std::string>& found) {
     const fs::path root = fs::path(QUILLO_SOURCE) / folder;
     if (!fs::exists(root)) return;
     for (const auto& entry : fs::recursive_directory_iterator(root)) {
@@ -40,7 +41,8 @@ TEST(Texts, NoNumberThatIsUsedLacksAText) {
         const Language language = Language::load(code, {});
         const auto known = language.textIds();
         const std::set<int> texts(known.begin(), known.end());
-        for (const auto& [id, file] : used) EXPECT_TRUE(texts.contains(id)) << code << " lacks " << id << ", used in " << file;
+        for (const auto& [id, file] : used)
+            EXPECT_TRUE(texts.contains(id)) << code << " lacks " << id << ", used in " << file;
     }
 }
 
@@ -49,7 +51,8 @@ TEST(Texts, NoneIsEmptyAndTitlesOfFoundationReportsCarryNoMark) {
         const Language language = Language::load(code, {});
         for (const int id : language.textIds()) EXPECT_FALSE(language.text(id).empty()) << code << " " << id;
         // These titles print as they stand.
-        for (const int id : {7785, 7786, 9107, 9469, 9470}) EXPECT_EQ(language.text(id).find('&'), std::string::npos) << code << " " << id;
+        for (const int id : {7785, 7786, 9107, 9469, 9470})
+            EXPECT_EQ(language.text(id).find('&'), std::string::npos) << code << " " << id;
         EXPECT_NE(language.text(5852).find("{0}"), std::string::npos) << code;
         EXPECT_NE(language.message(12802, {"2025-12-31"}).find("2025-12-31"), std::string::npos) << code;
         EXPECT_FALSE(language.message(12944, {}).empty()) << code;

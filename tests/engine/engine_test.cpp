@@ -24,16 +24,22 @@ public:
 };
 
 // A page of 3000 twips with margins of 500: the body is 2000 high.
-constexpr const char* smallPage = R"("page": {"width": 5000, "height": 3000, "left": 500, "right": 500, "top": 500, "bottom": 500})";
+constexpr const char* smallPage =
+    R"("page": {"width": 5000, "height": 3000, "left": 500, "right": 500, "top": 500, "bottom": 500})";
 
-std::string design(const std::string& sections) { return std::string("{\"name\": \"Sample\", ") + smallPage + ", \"sections\": [" + sections + "]}"; }
+std::string design(const std::string& sections) {
+    return std::string("{\"name\": \"Sample\", ") + smallPage + ", \"sections\": [" + sections + "]}";
+}
 
-std::string section(const std::string& name, const std::string& kind, int height, const std::string& controls = "", const std::string& more = "") {
-    return R"({"name": ")" + name + R"(", "kind": ")" + kind + R"(", "height": )" + std::to_string(height) + (more.empty() ? "" : ", " + more) + R"(, "controls": [)" + controls + "]}";
+std::string section(const std::string& name, const std::string& kind, int height, const std::string& controls = "",
+                    const std::string& more = "") {
+    return R"({"name": ")" + name + R"(", "kind": ")" + kind + R"(", "height": )" + std::to_string(height) +
+           (more.empty() ? "" : ", " + more) + R"(, "controls": [)" + controls + "]}";
 }
 
 std::string bound(const std::string& name, const std::string& column, const std::string& more = "") {
-    return R"({"kind": "Field", "name": ")" + name + R"(", "top": 0, "width": 1000, "height": 200, "dataField": ")" + column + "\"" + (more.empty() ? "" : ", " + more) + "}";
+    return R"({"kind": "Field", "name": ")" + name + R"(", "top": 0, "width": 1000, "height": 200, "dataField": ")" +
+           column + "\"" + (more.empty() ? "" : ", " + more) + "}";
 }
 
 constexpr const char* dataControl = R"({"kind": "DataControl", "name": "rs"})";
@@ -54,27 +60,41 @@ struct Bench {
     }
 };
 
-const std::string grouped = design(
-    section("PageHeader", "pageHeader", 100) + "," + section("ghOuter", "groupHeader", 100, bound("outer", "Outer"), R"("dataField": "Outer")") + "," +
-    section("ghInner", "groupHeader", 0, "", R"("dataField": "Inner")") + "," + section("Detail", "detail", 100, bound("amount", "Amount") + "," + dataControl) + "," +
-    section("gfInner", "groupFooter", 100, bound("innerLast", "=[Outer] & \\\"/\\\" & [Inner]") + "," + bound("innerSum", "Amount", R"("sum": "ghInner", "format": "#,##0.00")")) + "," +
-    section("gfOuter", "groupFooter", 100, bound("outerSum", "Amount", R"("sum": "ghOuter")")) + "," + section("PageFooter", "pageFooter", 0) + "," +
-    section("ReportFooter", "reportFooter", 100, bound("total", "Amount", R"("sum": "report")")));
+const std::string grouped =
+    design(section("PageHeader", "pageHeader", 100) + "," +
+           section("ghOuter", "groupHeader", 100, bound("outer", "Outer"), R"("dataField": "Outer")") + "," +
+           section("ghInner", "groupHeader", 0, "", R"("dataField": "Inner")") + "," +
+           section("Detail", "detail", 100, bound("amount", "Amount") + "," + dataControl) + "," +
+           section("gfInner", "groupFooter", 100,
+                   bound("innerLast", "=[Outer] & \\\"/\\\" & [Inner]") + "," +
+                       bound("innerSum", "Amount", R"("sum": "ghInner", "format": "#,##0.00")")) +
+           "," + section("gfOuter", "groupFooter", 100, bound("outerSum", "Amount", R"("sum": "ghOuter")")) + "," +
+           section("PageFooter", "pageFooter", 0) + "," +
+           section("ReportFooter", "reportFooter", 100, bound("total", "Amount", R"("sum": "report")")));
 
 Rows groupedRows() {
-    return {{"A", 1, Money::fromInteger(10)}, {"A", 1, Money::fromInteger(5)}, {"A", 2, Money::fromInteger(7)}, {"B", 2, Money::fromInteger(100)}, {"B", 2, Variant()}};
+    return {{"A", 1, Money::fromInteger(10)},
+            {"A", 1, Money::fromInteger(5)},
+            {"A", 2, Money::fromInteger(7)},
+            {"B", 2, Money::fromInteger(100)},
+            {"B", 2, Variant()}};
 }
 
 TEST(Engine, GroupsBreakFromOutsideInAndFootersShowTheirOwnGroup) {
     Bench bench;
     auto report = bench.report(grouped);
-    report->start = [](Sample& r) { r.dataControl()->Recordset = Bench::rows({"Outer", "Inner", "Amount"}, groupedRows()); };
+    report->start = [](Sample& r) {
+        r.dataControl()->Recordset = Bench::rows({"Outer", "Inner", "Amount"}, groupedRows());
+    };
     // The inner value stays 2 when the outer one changes: the inner group breaks all the same.
     std::string seen;
-    report->section("gfInner").Format = [&] { seen += report->dataControl()->atEnd() ? "end;" : report->dataControl()->Collect("Amount").toText() + ";"; };
-    EXPECT_EQ(bench.run(*report),
-              "-- 1\nPageHeader\nghOuter A\nDetail 10\nDetail 5\ngfInner A/1 15.00\nDetail 7\ngfInner A/2 7.00\ngfOuter 22\n"
-              "ghOuter B\nDetail 100\nDetail \ngfInner B/2 100.00\ngfOuter 100\nReportFooter 122\n");
+    report->section("gfInner").Format = [&] {
+        seen += report->dataControl()->atEnd() ? "end;" : report->dataControl()->Collect("Amount").toText() + ";";
+    };
+    EXPECT_EQ(
+        bench.run(*report),
+        "-- 1\nPageHeader\nghOuter A\nDetail 10\nDetail 5\ngfInner A/1 15.00\nDetail 7\ngfInner A/2 7.00\ngfOuter 22\n"
+        "ghOuter B\nDetail 100\nDetail \ngfInner B/2 100.00\ngfOuter 100\nReportFooter 122\n");
     EXPECT_EQ(seen, "7;100;end;") << "in a footer's event the recordset stands on the next row";
     EXPECT_TRUE(bench.pages.finished);
     EXPECT_TRUE(bench.host.boxes.empty());
@@ -83,7 +103,9 @@ TEST(Engine, GroupsBreakFromOutsideInAndFootersShowTheirOwnGroup) {
 TEST(Engine, DroppedRowsPrintNothingAndAddToNoSum) {
     Bench bench;
     auto report = bench.report(grouped);
-    report->start = [](Sample& r) { r.dataControl()->Recordset = Bench::rows({"Outer", "Inner", "Amount"}, groupedRows()); };
+    report->start = [](Sample& r) {
+        r.dataControl()->Recordset = Bench::rows({"Outer", "Inner", "Amount"}, groupedRows());
+    };
     report->section("Detail").Format = [&] {
         if (report->field("amount").Text == "5") report->LayoutAction = LayoutActions::dropRow;
     };
@@ -101,13 +123,15 @@ TEST(Engine, WithoutRowsTheFramePrintsAlone) {
         EXPECT_EQ(bench.run(*report), "-- 1\nPageHeader\nReportFooter 0\n");
     }
     Bench bench;
-    auto report = bench.report(design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "l", "caption": "once"})")));
+    auto report =
+        bench.report(design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "l", "caption": "once"})")));
     EXPECT_EQ(bench.run(*report), "-- 1\nDetail once\n") << "no data control and no fetch: one detail";
 }
 
 TEST(Engine, RowsFedByHandFillBoundFieldsUntilTheEnd) {
     Bench bench;
-    auto report = bench.report(design(section("gh", "groupHeader", 100, bound("g", "Key"), R"("dataField": "Key")") + "," + section("Detail", "detail", 100, bound("v", "Value")) + "," +
+    auto report = bench.report(design(section("gh", "groupHeader", 100, bound("g", "Key"), R"("dataField": "Key")") +
+                                      "," + section("Detail", "detail", 100, bound("v", "Value")) + "," +
                                       section("gf", "groupFooter", 100, bound("s", "Value", R"("sum": "gh")"))));
     report->Fields.Add("Key");
     report->Fields.Add("Value");
@@ -122,8 +146,10 @@ TEST(Engine, RowsFedByHandFillBoundFieldsUntilTheEnd) {
 
 TEST(Engine, FormatRunsOnceForASectionThatMovesToTheNextPage) {
     Bench bench;
-    auto report = bench.report(design(section("PageHeader", "pageHeader", 500) + "," + section("Detail", "detail", 800, bound("v", "V") + "," + dataControl) + "," +
-                                      section("PageFooter", "pageFooter", 100, R"({"kind": "Label", "name": "foot", "caption": "foot"})")));
+    auto report = bench.report(
+        design(section("PageHeader", "pageHeader", 500) + "," +
+               section("Detail", "detail", 800, bound("v", "V") + "," + dataControl) + "," +
+               section("PageFooter", "pageFooter", 100, R"({"kind": "Label", "name": "foot", "caption": "foot"})")));
     report->dataControl()->Recordset = Bench::rows({"V"}, {{1}, {2}, {3}, {4}});
     int formatted = 0, printed = 0;
     report->section("Detail").Format = [&] { ++formatted; };
@@ -139,37 +165,48 @@ TEST(Engine, FormatRunsOnceForASectionThatMovesToTheNextPage) {
 
 TEST(Engine, HeadersRepeatOnEachPageOfTheirGroupAndKeepWithTheirFirstRow) {
     Bench bench;
-    auto report = bench.report(design(section("gh", "groupHeader", 400, bound("g", "G"), R"("dataField": "G", "repeat": true, "groupKeepTogether": "firstDetail")") + "," +
-                                      section("Detail", "detail", 600, bound("v", "V") + "," + dataControl) + "," + section("gf", "groupFooter", 0)));
+    auto report =
+        bench.report(design(section("gh", "groupHeader", 400, bound("g", "G"),
+                                    R"("dataField": "G", "repeat": true, "groupKeepTogether": "firstDetail")") +
+                            "," + section("Detail", "detail", 600, bound("v", "V") + "," + dataControl) + "," +
+                            section("gf", "groupFooter", 0)));
     report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"a", 2}, {"a", 3}, {"a", 4}, {"b", 5}});
     // Page 2 holds the repeated header and two rows; header b fits there alone, but not with its row.
-    EXPECT_EQ(bench.run(*report), "-- 1\ngh a\nDetail 1\nDetail 2\n-- 2\ngh a\nDetail 3\nDetail 4\n-- 3\ngh b\nDetail 5\n");
+    EXPECT_EQ(bench.run(*report),
+              "-- 1\ngh a\nDetail 1\nDetail 2\n-- 2\ngh a\nDetail 3\nDetail 4\n-- 3\ngh b\nDetail 5\n");
 }
 
 TEST(Engine, AGroupKeptTogetherMovesWholeAndIsSplitWhenNoPageHoldsIt) {
     Bench bench;
-    const std::string text = design(section("gh", "groupHeader", 100, bound("g", "G"), R"("dataField": "G", "groupKeepTogether": "all")") + "," +
-                                    section("Detail", "detail", 600, bound("v", "V") + "," + dataControl) + "," + section("gf", "groupFooter", 100));
+    const std::string text =
+        design(section("gh", "groupHeader", 100, bound("g", "G"), R"("dataField": "G", "groupKeepTogether": "all")") +
+               "," + section("Detail", "detail", 600, bound("v", "V") + "," + dataControl) + "," +
+               section("gf", "groupFooter", 100));
     auto report = bench.report(text);
-    report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"b", 2}, {"b", 3}, {"c", 4}, {"c", 5}, {"c", 6}, {"c", 7}, {"d", 8}});
-    EXPECT_EQ(bench.run(*report), "-- 1\ngh a\nDetail 1\ngf\n-- 2\ngh b\nDetail 2\nDetail 3\ngf\n-- 3\ngh c\nDetail 4\nDetail 5\nDetail 6\n-- 4\nDetail 7\ngf\ngh d\nDetail 8\ngf\n");
+    report->dataControl()->Recordset =
+        Bench::rows({"G", "V"}, {{"a", 1}, {"b", 2}, {"b", 3}, {"c", 4}, {"c", 5}, {"c", 6}, {"c", 7}, {"d", 8}});
+    EXPECT_EQ(bench.run(*report),
+              "-- 1\ngh a\nDetail 1\ngf\n-- 2\ngh b\nDetail 2\nDetail 3\ngf\n-- 3\ngh c\nDetail 4\nDetail 5\nDetail "
+              "6\n-- 4\nDetail 7\ngf\ngh d\nDetail 8\ngf\n");
 }
 
 TEST(Engine, ATextThatGrowsPushesDownWhatStandsBelow) {
     Bench bench;
-    auto report = bench.report(design(section("Detail", "detail", 700,
-                                              R"({"kind": "Field", "name": "long", "top": 0, "width": 1000, "height": 200, "canGrow": true},)"
-                                              R"({"kind": "Label", "name": "beside", "left": 1500, "top": 100, "height": 200, "caption": "beside"},)"
-                                              R"({"kind": "Label", "name": "below", "top": 300, "height": 200, "caption": "below"})")));
+    auto report = bench.report(design(
+        section("Detail", "detail", 700,
+                R"({"kind": "Field", "name": "long", "top": 0, "width": 1000, "height": 200, "canGrow": true},)"
+                R"({"kind": "Label", "name": "beside", "left": 1500, "top": 100, "height": 200, "caption": "beside"},)"
+                R"({"kind": "Label", "name": "below", "top": 300, "height": 200, "caption": "below"})")));
     report->field("long").Text = std::string(35, 'x');  // four lines of ten letters
     EXPECT_EQ(bench.run(*report, true), "-- 1\nDetail@500+1300 " + std::string(35, 'x') + "@0 beside@100 below@900\n");
 }
 
 TEST(Engine, ASectionHigherThanAPageIsSplitBetweenLinesAndLosesNothing) {
     Bench bench;
-    auto report = bench.report(design(section("Detail", "detail", 300,
-                                              R"({"kind": "Field", "name": "long", "top": 0, "width": 1000, "height": 200, "canGrow": true},)"
-                                              R"({"kind": "Label", "name": "below", "top": 200, "height": 100, "caption": "below"})")));
+    auto report = bench.report(
+        design(section("Detail", "detail", 300,
+                       R"({"kind": "Field", "name": "long", "top": 0, "width": 1000, "height": 200, "canGrow": true},)"
+                       R"({"kind": "Label", "name": "below", "top": 200, "height": 100, "caption": "below"})")));
     std::string text;
     for (int i = 0; i < 25; ++i) text += "line " + std::to_string(100 + i) + "..";
     report->field("long").Text = text;
@@ -184,7 +221,8 @@ TEST(Engine, ASectionHigherThanAPageIsSplitBetweenLinesAndLosesNothing) {
 
 TEST(Engine, APageThatCanPlaceNothingStopsTheRunByName) {
     Bench bench;
-    auto report = bench.report(design(section("Detail", "detail", 2500, R"({"kind": "Label", "name": "tower", "top": 0, "height": 2400, "caption": "x"})")));
+    auto report = bench.report(design(section(
+        "Detail", "detail", 2500, R"({"kind": "Label", "name": "tower", "top": 0, "height": 2400, "caption": "x"})")));
     try {
         bench.run(*report);
         FAIL() << "the run went on";
@@ -193,7 +231,8 @@ TEST(Engine, APageThatCanPlaceNothingStopsTheRunByName) {
     }
     EXPECT_FALSE(bench.pages.finished);
 
-    auto header = bench.report(design(section("PageHeader", "pageHeader", 2000) + "," + section("Detail", "detail", 100)));
+    auto header =
+        bench.report(design(section("PageHeader", "pageHeader", 2000) + "," + section("Detail", "detail", 100)));
     EXPECT_THROW(bench.run(*header), EngineError);
 }
 
@@ -217,12 +256,14 @@ TEST(Engine, LimitsAndStopsEndARunWithoutFinishingTheSink) {
 }
 
 // A footer of two page breaks with a sub-report behind them, as the journals have it.
-const std::string breaking = design(section("Detail", "detail", 100, bound("v", "V") + "," + dataControl) + "," +
-                                    section("ReportFooter", "reportFooter", 500,
-                                            R"({"kind": "Label", "name": "total", "top": 0, "height": 200, "caption": "total"},)"
-                                            R"({"kind": "PageBreak", "name": "b1", "top": 250, "visible": false}, {"kind": "PageBreak", "name": "b2", "top": 260},)"
-                                            R"({"kind": "SubReport", "name": "sub", "top": 280, "width": 4000, "height": 200})",
-                                            R"("keepTogether": false)"));
+const std::string breaking = design(
+    section("Detail", "detail", 100, bound("v", "V") + "," + dataControl) + "," +
+    section(
+        "ReportFooter", "reportFooter", 500,
+        R"({"kind": "Label", "name": "total", "top": 0, "height": 200, "caption": "total"},)"
+        R"({"kind": "PageBreak", "name": "b1", "top": 250, "visible": false}, {"kind": "PageBreak", "name": "b2", "top": 260},)"
+        R"({"kind": "SubReport", "name": "sub", "top": 280, "width": 4000, "height": 200})",
+        R"("keepTogether": false)"));
 const std::string lines = design(section("Detail", "detail", 450, bound("line", "L") + "," + dataControl));
 
 std::shared_ptr<Sample> breakingReport(Bench& bench, int subRows) {
@@ -251,14 +292,22 @@ TEST(Engine, TheEmptyPageBetweenTwoBreaksCanBeRemovedBehindASubReportOfAnyLength
         ASSERT_EQ(bench.pages.pages.size(), rows == 2 ? 2U : 4U) << text;
         EXPECT_EQ(text.substr(0, text.find("-- 2")), "-- 1\nDetail 1\nReportFooter total\n");
         for (int i = 1; i <= rows; ++i) EXPECT_NE(text.find("Detail " + std::to_string(i)), std::string::npos) << text;
-        for (std::size_t i = 0; i < bench.pages.pages.size(); ++i) EXPECT_EQ(bench.pages.pages[i]->number, static_cast<int>(i) + 1);
+        for (std::size_t i = 0; i < bench.pages.pages.size(); ++i)
+            EXPECT_EQ(bench.pages.pages[i]->number, static_cast<int>(i) + 1);
     }
 }
 
 TEST(Engine, SubReportsNestAndRunAnewForEachRow) {
     Bench bench;
-    const std::string holder = design(section("Detail", "detail", 200, R"({"kind": "SubReport", "name": "sub", "width": 3000, "height": 100}, {"kind": "SubReport", "name": "other", "top": 100, "width": 3000, "height": 100})") + "," + section("ReportFooter", "reportFooter", 0));
-    auto report = bench.report(design(section("Detail", "detail", 100, bound("v", "V") + "," + dataControl + R"(, {"kind": "SubReport", "name": "sub", "top": 0, "width": 3000, "height": 100})")));
+    const std::string holder = design(
+        section(
+            "Detail", "detail", 200,
+            R"({"kind": "SubReport", "name": "sub", "width": 3000, "height": 100}, {"kind": "SubReport", "name": "other", "top": 100, "width": 3000, "height": 100})") +
+        "," + section("ReportFooter", "reportFooter", 0));
+    auto report = bench.report(
+        design(section("Detail", "detail", 100,
+                       bound("v", "V") + "," + dataControl +
+                           R"(, {"kind": "SubReport", "name": "sub", "top": 0, "width": 3000, "height": 100})")));
     auto middle = bench.report(holder);
     auto inner = bench.report(lines), other = bench.report(lines);
     report->subReport("sub").Object = middle;
@@ -277,9 +326,14 @@ TEST(Engine, SubReportsNestAndRunAnewForEachRow) {
 
 TEST(Engine, AHeaderThatItsRowsUnderlayAndTheFooterBelowBoth) {
     Bench bench;
-    auto report = bench.report(design(section("gh", "groupHeader", 600, bound("g", "G"), R"("dataField": "G", "underlayNext": true)") + "," + section("Detail", "detail", 200, bound("v", "V") + "," + dataControl) + "," + section("gf", "groupFooter", 100)));
+    auto report = bench.report(
+        design(section("gh", "groupHeader", 600, bound("g", "G"), R"("dataField": "G", "underlayNext": true)") + "," +
+               section("Detail", "detail", 200, bound("v", "V") + "," + dataControl) + "," +
+               section("gf", "groupFooter", 100)));
     report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"a", 2}, {"b", 3}});
-    EXPECT_EQ(bench.run(*report, true), "-- 1\ngh@500+600 a@0\nDetail@500+200 1@0\nDetail@700+200 2@0\ngf@1100+100\ngh@1200+600 b@0\nDetail@1200+200 3@0\ngf@1800+100\n");
+    EXPECT_EQ(bench.run(*report, true),
+              "-- 1\ngh@500+600 a@0\nDetail@500+200 1@0\nDetail@700+200 2@0\ngf@1100+100\ngh@1200+600 "
+              "b@0\nDetail@1200+200 3@0\ngf@1800+100\n");
 }
 
 TEST(Engine, HiddenSectionsAreFormattedAndMayShowThemselves) {
@@ -296,15 +350,21 @@ TEST(Engine, HiddenSectionsAreFormattedAndMayShowThemselves) {
 
 TEST(Engine, BindingFindsQualifiedNamesAndPrintsMissingColumnsEmpty) {
     Bench bench;
-    auto report = bench.report(design(section("Detail", "detail", 100, bound("a", "InvoiHdr.ExCurrencyId") + "," + bound("b", "Nowhere") + "," + bound("c", "x", R"("format": "Currency")") + "," + bound("run", "x", R"("sum": "report", "running": "all")") + "," + dataControl)));
-    report->dataControl()->Recordset = Bench::rows({"excurrencyid", "X"}, {{2, Money::fromDouble(1234.5)}, {3, Money::fromDouble(-0.004)}});
+    auto report = bench.report(
+        design(section("Detail", "detail", 100,
+                       bound("a", "InvoiHdr.ExCurrencyId") + "," + bound("b", "Nowhere") + "," +
+                           bound("c", "x", R"("format": "Currency")") + "," +
+                           bound("run", "x", R"("sum": "report", "running": "all")") + "," + dataControl)));
+    report->dataControl()->Recordset =
+        Bench::rows({"excurrencyid", "X"}, {{2, Money::fromDouble(1234.5)}, {3, Money::fromDouble(-0.004)}});
     EXPECT_EQ(bench.run(*report), "-- 1\nDetail 2  $1,234.50 1234.5\nDetail 3  $0.00 1234.496\n");
     EXPECT_TRUE(bench.host.boxes.empty()) << bench.host.boxes.front();
 }
 
 TEST(Engine, WhatAReportWritesInFormatPrintsAndARebindTakesTheOtherColumn) {
     Bench bench;
-    auto report = bench.report(design(section("Detail", "detail", 100, bound("a", "One") + "," + bound("b", "One") + "," + dataControl)));
+    auto report = bench.report(
+        design(section("Detail", "detail", 100, bound("a", "One") + "," + bound("b", "One") + "," + dataControl)));
     report->dataControl()->Recordset = Bench::rows({"One", "Two"}, {{"1", "2"}, {"3", "4"}});
     report->section("Detail").Format = [&] {
         report->field("a").Text += "!";
@@ -330,16 +390,26 @@ TEST(Design, DamageIsRefusedWithItsPlace) {
         std::string design, message;
     } cases[] = {
         {"{", "Design Sample: [json.exception"},
-        {design(section("Detail", "detail", 100, R"({"kind": "Lable", "name": "x"})")), "section Detail, control x: there is no control kind \"Lable\""},
-        {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x", "widht": 5})")), "control x: unknown key \"widht\""},
-        {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x"}, {"kind": "Line", "name": "X"})")), "control X: the name stands twice"},
-        {design(section("Detail", "detail", 100, R"({"kind": "Field", "name": "x", "style": "nope"})")), "there is no style \"nope\""},
+        {design(section("Detail", "detail", 100, R"({"kind": "Lable", "name": "x"})")),
+         "section Detail, control x: there is no control kind \"Lable\""},
+        {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x", "widht": 5})")),
+         "control x: unknown key \"widht\""},
+        {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x"}, {"kind": "Line", "name": "X"})")),
+         "control X: the name stands twice"},
+        {design(section("Detail", "detail", 100, R"({"kind": "Field", "name": "x", "style": "nope"})")),
+         "there is no style \"nope\""},
         {design(section("Detail", "detail", 100, bound("x", "=[A & [B]"))), "The expression"},
         {design(section("Detail", "detail", 100, bound("x", "A", R"("format": "#.##.0")"))), "The format"},
-        {design(section("gh", "groupHeader", 100) + "," + section("Detail", "detail", 1)), "each group header needs its footer"},
-        {design(section("gh", "groupHeader", 1, bound("x", "A", R"("sum": "report")")) + "," + section("gf", "groupFooter", 1)), "belongs into a footer"},
-        {design(section("gh", "groupHeader", 1) + "," + section("gf", "groupFooter", 1, bound("x", "A", R"("sum": "ghh")"))), "there is no group \"ghh\""},
-        {design(section("ReportFooter", "reportFooter", 1) + "," + section("Detail", "detail", 1)), "stands out of order"},
+        {design(section("gh", "groupHeader", 100) + "," + section("Detail", "detail", 1)),
+         "each group header needs its footer"},
+        {design(section("gh", "groupHeader", 1, bound("x", "A", R"("sum": "report")")) + "," +
+                section("gf", "groupFooter", 1)),
+         "belongs into a footer"},
+        {design(section("gh", "groupHeader", 1) + "," +
+                section("gf", "groupFooter", 1, bound("x", "A", R"("sum": "ghh")"))),
+         "there is no group \"ghh\""},
+        {design(section("ReportFooter", "reportFooter", 1) + "," + section("Detail", "detail", 1)),
+         "stands out of order"},
     };
     for (const auto& [text, message] : cases) {
         try {

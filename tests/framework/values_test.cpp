@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "framework/query_builder.h"
 #include "framework/drill_tags.h"
+#include "framework/query_builder.h"
 #include "framework/values/errors.h"
 #include "framework/values/locale_format.h"
 #include "framework/values/names.h"
@@ -11,13 +11,19 @@
 namespace quillo {
 namespace {
 
-Money money(const char* text) { return ValueView::ofText(text).toMoney(); }
+Money money(const char* text) {
+    return ValueView::ofText(text).toMoney();
+}
 
 TEST(Money, DoublesRoundHalfToEvenAtTheFourthDecimal) {
     const struct {
         double value;
         std::int64_t raw;
-    } cases[] = {{0.1, 1000}, {0.00005, 0}, {0.00015, 2}, {0.00025, 2}, {-0.00015, -2}, {1234567.89, 12345678900}, {0.1 + 0.2, 3000}, {1.00005, 10000}, {-2.675, -26750}, {1e10 / 3, 33333333333333}};
+    } cases[] = {{0.1, 1000},       {0.00005, 0},
+                 {0.00015, 2},      {0.00025, 2},
+                 {-0.00015, -2},    {1234567.89, 12345678900},
+                 {0.1 + 0.2, 3000}, {1.00005, 10000},
+                 {-2.675, -26750},  {1e10 / 3, 33333333333333}};
     for (const auto& [value, raw] : cases) EXPECT_EQ(Money::fromDouble(value).raw(), raw) << value;
     EXPECT_THROW(Money::fromDouble(1e15), OverflowError);
     EXPECT_THROW(Money::fromDouble(std::numeric_limits<double>::quiet_NaN()), OverflowError);
@@ -28,11 +34,14 @@ TEST(Money, AmountsRoundHalfAwayFromZero) {
         const char* value;
         int digits;
         const char* rounded;
-    } cases[] = {{"0.005", 2, "0.01"}, {"-0.005", 2, "-0.01"}, {"0.0049", 2, "0"}, {"2.5", 0, "3"}, {"-2.5", 0, "-3"}, {"1.23456", 4, "1.2346"}, {"999999.995", 2, "1000000"}};
-    for (const auto& [value, digits, rounded] : cases) EXPECT_EQ(roundAmount(money(value), digits).toText(), rounded) << value;
+    } cases[] = {{"0.005", 2, "0.01"}, {"-0.005", 2, "-0.01"},   {"0.0049", 2, "0"},          {"2.5", 0, "3"},
+                 {"-2.5", 0, "-3"},    {"1.23456", 4, "1.2346"}, {"999999.995", 2, "1000000"}};
+    for (const auto& [value, digits, rounded] : cases)
+        EXPECT_EQ(roundAmount(money(value), digits).toText(), rounded) << value;
     EXPECT_EQ(roundAmount(1.005, 2).toText(), "1.01") << "the decimal value counts, not its binary neighbour";
     EXPECT_EQ(roundAmount(-1.005, 2).toText(), "-1.01");
-    EXPECT_EQ(roundProduct(money("0.0050"), 0.9998, 2).toText(), "0") << "a product is rounded once, not first to four decimals";
+    EXPECT_EQ(roundProduct(money("0.0050"), 0.9998, 2).toText(), "0")
+        << "a product is rounded once, not first to four decimals";
     EXPECT_EQ(roundProduct(money("100.10"), 1.35, 2).toText(), "135.14");
     EXPECT_EQ(roundProduct(money("100.10"), -1.35, 2).toText(), "-135.14");
 }
@@ -55,13 +64,16 @@ TEST(Dates, CountFromTheDayBeforeTheCentury) {
     const struct {
         const char* text;
         double days;
-    } cases[] = {{"1899-12-30", 0}, {"1899-12-31", 1}, {"1900-03-01", 61}, {"2024-02-29", 45351}, {"9999-12-31", 2958465}, {"2024-02-29 12:00", 45351.5}};
+    } cases[] = {{"1899-12-30", 0},     {"1899-12-31", 1},       {"1900-03-01", 61},
+                 {"2024-02-29", 45351}, {"9999-12-31", 2958465}, {"2024-02-29 12:00", 45351.5}};
     for (const auto& [text, days] : cases) {
         ASSERT_TRUE(Date::parseIso(text)) << text;
         EXPECT_EQ(Date::parseIso(text)->days, days) << text;
         EXPECT_EQ(Date::parseIso(text)->isoText(), std::string(text).substr(0, 10));
     }
-    for (const char* bad : {"2023-02-29", "2023-13-01", "2023-1-1", "20230101", "2023-01-01x", "2023-01-01 25:00", "-123-01-01", ""}) EXPECT_FALSE(Date::parseIso(bad)) << bad;
+    for (const char* bad :
+         {"2023-02-29", "2023-13-01", "2023-1-1", "20230101", "2023-01-01x", "2023-01-01 25:00", "-123-01-01", ""})
+        EXPECT_FALSE(Date::parseIso(bad)) << bad;
 }
 
 TEST(Variants, ConvertByOneTable) {
@@ -95,15 +107,19 @@ LocaleFormat french() {
 
 TEST(LocaleFormats, WriteAndReadBackTheSameAmount) {
     for (const LocaleFormat& locale : {LocaleFormat(), french()}) {
-        for (const char* text : {"0", "0.01", "-0.01", "1", "999.99", "1000", "-1234567.89", "92233720368547.58", "-12345678901234.5", "100000"}) {
+        for (const char* text : {"0", "0.01", "-0.01", "1", "999.99", "1000", "-1234567.89", "92233720368547.58",
+                                 "-12345678901234.5", "100000"}) {
             const Money amount = money(text);
             ASSERT_EQ(amount.toText(), text);
             EXPECT_EQ(locale.readMoney(locale.currency(amount)), roundAmount(amount, 2)) << locale.currency(amount);
             EXPECT_EQ(locale.readMoney(locale.number(amount, 2)), roundAmount(amount, 2));
         }
-        for (const char* bad : {"", "$", "abc", "1.2.3", "1,2,,3.4.5", "--5", "12x"}) EXPECT_THROW(locale.readMoney(bad), ConversionError) << bad;
+        for (const char* bad : {"", "$", "abc", "1.2.3", "1,2,,3.4.5", "--5", "12x"})
+            EXPECT_THROW(locale.readMoney(bad), ConversionError) << bad;
     }
-    EXPECT_EQ(french().currency(money("-1234.5")), "-1\xC2\xA0" "234,50\xC2\xA0$");
+    EXPECT_EQ(french().currency(money("-1234.5")),
+              "-1\xC2\xA0"
+              "234,50\xC2\xA0$");
     EXPECT_EQ(LocaleFormat().currency(money("-0.004")), "$0.00") << "what rounds to nothing has no sign";
     EXPECT_EQ(LocaleFormat().readMoney("(1,234.50)").toText(), "-1234.5");
     EXPECT_EQ(french().shortDate(*Date::parseIso("2023-05-06")), "6.05.23");
@@ -114,9 +130,15 @@ TEST(LocaleFormats, WriteAndReadBackTheSameAmount) {
 TEST(NumberFormats, FollowTheirPicture) {
     const struct {
         const char *picture, *value, *text;
-    } cases[] = {{"#,##0.00", "1234.5", "1,234.50"},  {"#,##0.00", "-1234.5", "-1,234.50"}, {"#,##0.00;(#,##0.00)", "-1234.5", "(1,234.50)"},
-                 {"#,##0.00;(#,##0.00)", "0", "0.00"}, {"0", "2.5", "3"},                    {"0.000", "1.2345", "1.235"},
-                 {"Currency", "-5", "-$5.00"},         {"#,##0.00 kg", "7", "7.00 kg"},      {"Percent", "0.5", "50.00%"},
+    } cases[] = {{"#,##0.00", "1234.5", "1,234.50"},
+                 {"#,##0.00", "-1234.5", "-1,234.50"},
+                 {"#,##0.00;(#,##0.00)", "-1234.5", "(1,234.50)"},
+                 {"#,##0.00;(#,##0.00)", "0", "0.00"},
+                 {"0", "2.5", "3"},
+                 {"0.000", "1.2345", "1.235"},
+                 {"Currency", "-5", "-$5.00"},
+                 {"#,##0.00 kg", "7", "7.00 kg"},
+                 {"Percent", "0.5", "50.00%"},
                  {"#,##0.00;(#,##0.00)", "-0.001", "0.00"}};
     for (const auto& [picture, value, text] : cases) {
         std::string out;
@@ -128,7 +150,8 @@ TEST(NumberFormats, FollowTheirPicture) {
     EXPECT_EQ(out, "");
     NumberFormat::compile("#,##0.00").append(out, ValueView::ofText("n/a"), LocaleFormat());
     EXPECT_EQ(out, "n/a");
-    for (const char* bad : {"abc", "#.#.0", "0.00000", "#0a0"}) EXPECT_THROW(NumberFormat::compile(bad), InputError) << bad;
+    for (const char* bad : {"abc", "#.#.0", "0.00000", "#0a0"})
+        EXPECT_THROW(NumberFormat::compile(bad), InputError) << bad;
 }
 
 TEST(Filters, MergeIntoTheText) {
@@ -148,9 +171,12 @@ TEST(Filters, MergeIntoTheText) {
         EXPECT_EQ(whereClause(parts, OwnWhere::yes), own) << filter;
         EXPECT_EQ(orderClause(parts, " ORDER BY Descr"), order) << filter;
     }
-    const auto keeping = [](const char* filter) { return orderClauseKeeping(splitFilter(filter), "WorldCurrency.CurrencyCode", " ORDER BY own"); };
+    const auto keeping = [](const char* filter) {
+        return orderClauseKeeping(splitFilter(filter), "WorldCurrency.CurrencyCode", " ORDER BY own");
+    };
     EXPECT_EQ(keeping("|Cust.Name"), " ORDER BY WorldCurrency.CurrencyCode, Cust.Name");
-    EXPECT_EQ(keeping("|worldcurrency.CURRENCYCODE DESC, Cust.Name"), " ORDER BY worldcurrency.CURRENCYCODE DESC, Cust.Name");
+    EXPECT_EQ(keeping("|worldcurrency.CURRENCYCODE DESC, Cust.Name"),
+              " ORDER BY worldcurrency.CURRENCYCODE DESC, Cust.Name");
     EXPECT_EQ(keeping("x=1|"), " ORDER BY own");
     EXPECT_EQ(orderClauseBehind(splitFilter("|Name"), "GLAcctId, ", " ORDER BY own"), " ORDER BY GLAcctId, Name");
 }

@@ -16,7 +16,8 @@ namespace quillo::test {
 
 class MemoryRecordset final : public Recordset {
 public:
-    MemoryRecordset(std::vector<std::string> columns, std::vector<std::vector<Variant>> rows) : columns_(std::move(columns)), rows_(std::move(rows)) {}
+    MemoryRecordset(std::vector<std::string> columns, std::vector<std::vector<Variant>> rows)
+        : columns_(std::move(columns)), rows_(std::move(rows)) {}
     bool atEnd() const override { return at_ >= rows_.size(); }
     void moveNext() override { ++at_; }
     int columnCount() const override { return static_cast<int>(columns_.size()); }
@@ -69,11 +70,14 @@ public:
 // One line a section: "Detail@1440 +300: name=text ..."; controls of sub-reports in brackets.
 inline std::string describe(const PlacedSection& section, bool geometry) {
     std::string line = section.info->name;
-    if (geometry) line += "@" + std::to_string(static_cast<int>(section.top)) + "+" + std::to_string(static_cast<int>(section.height));
+    if (geometry)
+        line += "@" + std::to_string(static_cast<int>(section.top)) + "+" +
+                std::to_string(static_cast<int>(section.height));
     for (const PlacedControl& control : section.controls) {
         if (control.info->kind == ControlKind::subReport) {
             line += " [";
-            for (const PlacedSection& inner : control.sections) line += (line.back() == '[' ? "" : " | ") + describe(inner, geometry);
+            for (const PlacedSection& inner : control.sections)
+                line += (line.back() == '[' ? "" : " | ") + describe(inner, geometry);
             line += "]";
         } else {
             line += " " + std::string(control.text);
