@@ -81,6 +81,26 @@ void ReportFrame::replaceCaptions(const SubReport& filter, Label& first, std::in
     section("PageHeader").Height = first.Top + first.Height;
 }
 
+void ReportFrame::removeEmptyPage() {
+    if (Pages == nullptr) return;
+    const int index = Pages->PageNumber() - 2;
+    if (!Pages->isEmpty(index)) return;
+    Pages->Remove(index);
+    Pages->Commit();
+}
+
+std::string ReportFrame::rateLine(int currencyId, Money rate) const {
+    const Currencies& known = currencies().currencies();
+    const ReportUtils& utils = context().utils();
+    const auto code = [&](int id) { return known.Item(std::to_string(id)).CurrencyCode; };
+    return utils.NumberText(Variant("1")) + " " + code(currencyId) + " " + GetText(1849) + " " +
+           utils.NumberText(Variant(rate)) + " " + code(currencies().CieHomeCurrencyId());
+}
+
+bool ReportFrame::usesAccountNumbers() const {
+    return Variant(context().company().GetParameter("UseAccountNumbers", "True")).toBool();
+}
+
 void ReportFrame::setEndLine(Label& lblEnd, int textId) {
     lblEnd.Caption = std::to_string(m_lngRecordCount) + " " + GetText(textId);
 }
