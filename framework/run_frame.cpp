@@ -105,13 +105,13 @@ void ReportFrame::setEndLine(Label& lblEnd, int textId) {
     lblEnd.Caption = std::to_string(m_lngRecordCount) + " " + GetText(textId);
 }
 
-bool FilterableReport::askFilter(const std::string& tables, bool flagA, std::source_location step) {
+bool FilterableReport::askFilter(const std::string& tables, bool flagA, int line) {
     bool cancel = false;
     try {
         if (m_objFilterTool == nullptr) throw NameError("The report has no filter tool");
         m_objFilterTool->GetFilter(tables, flagA, true, cancel, true, true);
     } catch (const std::exception& failure) {
-        showFailure(failure.what(), "ActiveReport_ReportStart", static_cast<int>(step.line()));
+        showFailure(failure.what(), "ActiveReport_ReportStart", line);
     }
     return !cancel;
 }

@@ -2,7 +2,6 @@
 
 #include <initializer_list>
 #include <memory>
-#include <source_location>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -113,8 +112,7 @@ protected:
     using ReportFrame::ReportFrame;
     // Asks the filter tool, which leaves the choice in the filter string. False when the user cancelled. A step of
     // ActiveReport_ReportStart.
-    bool askFilter(const std::string& tables, bool flagA = true,
-                   std::source_location step = std::source_location::current());
+    bool askFilter(const std::string& tables, bool flagA = true, int line = __builtin_LINE());
     FilterParts filterParts() const { return splitFilter(m_strFilter); }
     // Puts the filter's text into the page header.
     void fillFilterInfo(SubReport& control, std::string_view segments = "");

@@ -10,7 +10,8 @@ constexpr float lowestMargin = 700;  // a lower one has no room for its part
 constexpr float topHeight = 460, topGap = 160;
 constexpr float bottomHeight = 230, bottomGap = 160;
 constexpr float titleShare = 0.6F;  // of the width; the company has the rest
-constexpr float textGap = 70;       // between a text and its rule
+constexpr float periodHeight = 190;
+constexpr float textGap = 70;  // between a text and its rule
 
 constexpr Color ink{32, 48, 71};
 constexpr Color softInk{96, 105, 117};
@@ -72,8 +73,15 @@ void PageFrame::addTop(const PageSetup& setup) {
     title.left = width - titleWidth;
     title.width = titleWidth;
     title.height = topHeight - textGap;
-    top_[0] = company, top_[1] = title, top_[2] = rule(topHeight, width);
-    addSection(SectionKind::pageHeader, "FrameTop", setup, setup.topMargin - topGap - topHeight, topHeight, top_);
+    PlacedControl period = text("lblFramePeriod", texts_.period, dateStyle);
+    period.width = company.width;
+    period.height = periodHeight;
+    period.top = topHeight - textGap - periodHeight;
+    if (!texts_.period.empty()) company.height -= periodHeight;
+    top_[0] = company, top_[1] = title, top_[2] = rule(topHeight, width), top_[3] = period;
+    const std::size_t shown = texts_.period.empty() ? 3 : 4;
+    addSection(SectionKind::pageHeader, "FrameTop", setup, setup.topMargin - topGap - topHeight, topHeight,
+               std::span(top_).first(shown));
 }
 
 void PageFrame::addBottom(const PageSetup& setup) {

@@ -13,10 +13,11 @@ struct PageFrameTexts {
     std::string title;
     std::string printedOn;  // "Printed on 2024-03-31"
     std::string pageWord;   // "Page", before the number
+    std::string period;     // the dates that the report covers, below the company; may be empty
 };
 
-// Gives the wrapped sink each page with the host's frame in its top and bottom margins: company and
-// title above a rule, date of printing and page number below one. A margin that is too low for its
+// Gives the wrapped sink each page with the host's frame in its top and bottom margins: company, dates
+// and title above a rule, date of printing and page number below one. A margin that is too low for its
 // part stays empty.
 class PageFrame final : public PageSink {
 public:
@@ -37,7 +38,7 @@ private:
     PageFrameTexts texts_;
     std::string pageNumber_;
     Page framed_;  // the page's own sections, which it does not own, and the frame's
-    PlacedControl top_[3], bottom_[3];
+    PlacedControl top_[4], bottom_[3];
 };
 
 }  // namespace quillo

@@ -226,8 +226,23 @@ private:
         output.shaper = std::move(shaper);
         output.frame = {session_->companyName(), output.title,
                         session_->GetText(20211) + " " + session_->locale().shortDate(output.sessionDate),
-                        session_->GetText(20212)};
+                        session_->GetText(20212), period()};
         return output;
+    }
+
+    // The dates that the run covers, where the report does not print them itself.
+    std::string period() const {
+        const auto date = [this](Date day) { return session_->locale().shortDate(day); };
+        const int option = contract_->IReport_DateDisplayOptions();
+        const auto* own =
+            option == DateDisplay::none ? nullptr : report_->section("PageHeader").find("lblDateFromDateTo");
+        if (option == DateDisplay::none || (own != nullptr && own->Visible)) return {};
+        if (option == DateDisplay::closingDate)
+            return to_ == noEndLimit ? session_->GetText(1376) : session_->GetText(1776) + " " + date(to_);
+        if (from_ == noStartLimit && to_ == noEndLimit) return session_->GetText(1376);
+        std::string text;
+        if (from_ != noStartLimit) text = session_->GetText(3013) + " " + date(from_) + " ";
+        return to_ == noEndLimit ? text : text + session_->GetText(3012) + " " + date(to_);
     }
 
     int print() {

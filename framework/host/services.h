@@ -176,7 +176,7 @@ class FilterInfoFiller {
 public:
     virtual ~FilterInfoFiller() = default;
     // Puts a report with the filter's text into the sub-report control and sizes it; without any text
-    // the control is 0 high. segments: the human-readable segment choice, empty for none.
+    // the control stays empty and one line high. segments: the human-readable segment choice, empty for none.
     virtual void FillFilterInfo(SubReport& control, const FilterInfo& info, Application& application,
                                 std::string_view segments) = 0;
 };

@@ -22,14 +22,12 @@ HeadlessFilterTool::HeadlessFilterTool(FilterChoice choice, const Catalogue& cat
 void HeadlessFilterTool::GetFilter(const std::string& Tables, bool, bool, bool& Cancel, bool, bool) {
     Cancel = choice_.cancel;
     if (Cancel) return;
-    Cancel = true;
     try {
         deliver_(checked(Tables));
     } catch (const InputError& refusal) {
         failure_ = refusal.what();
-        throw;
+        Cancel = true;
     }
-    Cancel = false;
 }
 
 std::string HeadlessFilterTool::checked(const std::string& tables) {

@@ -26,7 +26,7 @@ public:
     // IFilterableReport_Filter. Catalogue and context must outlive the tool.
     HeadlessFilterTool(FilterChoice choice, const Catalogue& catalogue, const HostContext& context, Deliver deliver);
 
-    // Throws InputError with the place of a fault; Cancel is then true, and failure() keeps its text.
+    // A choice that is refused cancels, as a user who sees the refusal would; failure() then tells the place.
     void GetFilter(const std::string& Tables, bool FlagA, bool FlagB, bool& Cancel, bool FlagC, bool FlagD) override;
     // Empty before a successful GetFilter.
     FilterInfo GetFilterInfo() override { return info_; }

@@ -16,6 +16,7 @@ constexpr std::string_view design = R"({
   ]
 })";
 constexpr float lineHeight = 210;
+constexpr float textShare = 0.66F;  // of the width; the dates of a report stand to the right
 
 // One growing line of text, as wide as the control that it is printed in.
 class FilterText final : public Report {
@@ -24,7 +25,7 @@ public:
         : Report("dsrFilterAndSortByInfo", context, design) {
         Label& line = label("lblFilter");
         line.Caption = text;
-        line.Width = width;
+        line.Width = width * textShare;
     }
 };
 
@@ -46,7 +47,7 @@ void FilterTextFiller::FillFilterInfo(SubReport& control, const FilterInfo& info
                                       std::string_view segments) {
     const std::string text = filterText(info, application, segments);
     control.Object = text.empty() ? nullptr : std::make_shared<FilterText>(context_, text, control.Width);
-    control.Height = text.empty() ? 0 : lineHeight;
+    control.Height = lineHeight;  // also without a text, so that the dates beside it keep their line
 }
 
 }  // namespace quillo

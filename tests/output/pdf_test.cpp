@@ -191,9 +191,14 @@ TEST(Pdf, MemoryDoesNotGrowWithPages) {
     PdfSink sink(std::make_unique<OutputFile>(folder.file("a.pdf")), {});
     for (int i = 0; i < 100; ++i) sink.page(page);
     const long before = residentBytes();
-    for (int i = 0; i < 2000; ++i) sink.page(page);
+    for (int i = 0; i < 6000; ++i) sink.page(page);
     sink.finish();
-    EXPECT_LT(residentBytes() - before, 4L << 20);
+#ifdef __SANITIZE_ADDRESS__
+    constexpr long allowed = 12L << 20;  // the sanitizer keeps freed memory for a while
+#else
+    constexpr long allowed = 4L << 20;
+#endif
+    EXPECT_LT(residentBytes() - before, allowed);
 }
 
 TEST(Frame, AddsCompanyTitleDateAndNumberInTheMargins) {
