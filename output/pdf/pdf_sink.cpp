@@ -26,7 +26,7 @@ public:
 private:
     static constexpr std::size_t pagesPerNode = 100;  // of the page tree
 
-    void writeLinks(std::uint32_t first);
+    void writeLinks(Bytes& out);
     void closeNode();
     void writeCatalog(std::uint32_t outline);
     void writeInformation();
@@ -60,33 +60,29 @@ void PdfSink::Document::page(const Page& page) {
     painter_.paint(page, canvas_);
     file_.stream(content, "", canvas_.content());
 
-    const auto linkCount = static_cast<std::uint32_t>(canvas_.links().size());
-    const std::uint32_t firstLink = file_.reserve(linkCount);
     Bytes& out = file_.object(number);
     out << "<</Type/Page/Parent " << node_.number << " 0 R/MediaBox[0 0 ";
     out.hundredths(std::lround(page.setup.width * 5)) << ' ';
     out.hundredths(std::lround(page.setup.height * 5))
         << "]/Resources " << resources_ << " 0 R/Contents " << content << " 0 R";
-    if (linkCount > 0) {
-        out << "/Annots[";
-        for (std::uint32_t i = 0; i < linkCount; ++i) out << firstLink + i << " 0 R ";
-        out << ']';
-    }
+    if (!canvas_.links().empty()) writeLinks(out);
     out << ">>";
-    writeLinks(firstLink);
     kids_.push_back(number);
     if (kids_.size() == pagesPerNode) closeNode();
 }
 
-void PdfSink::Document::writeLinks(std::uint32_t first) {
+// The links stand in the page itself: an object of its own for each would cost a number, a reference and a place in
+// the cross-reference, which a journal with a link on every row pays for.
+void PdfSink::Document::writeLinks(Bytes& out) {
+    out << "/Annots[";
     for (const PdfCanvas::Link& link : canvas_.links()) {
-        Bytes& out = file_.object(first++);
-        out << "<</Type/Annot/Subtype/Link/F 4/Border[0 0 0]/Rect[";
+        out << "<</Subtype/Link/F 4/Border[0 0 0]/Rect[";
         for (const std::int64_t side : {link.left, link.bottom, link.right, link.top}) out.hundredths(side) << ' ';
         const std::string_view tag = canvas_.tag(link);
         (out << "]/A<</S/URI/URI").literal(tag) << ">>/Contents";
         out.shown(tag) << ">>";
     }
+    out << ']';
 }
 
 void PdfSink::Document::closeNode() {

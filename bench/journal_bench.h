@@ -1,0 +1,25 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quillo::bench {
+
+// Seconds of one call.
+double seconds(const std::function<void()>& work);
+
+// Two pieces of work in turn, so that a machine that slows down slows both; medians of the rounds.
+struct Pair {
+    double work = 0, floor = 0;
+    double ratio() const { return work / floor; }
+};
+Pair measure(int rounds, const std::function<void()>& work, const std::function<void()>& floor);
+
+void printRow(const std::string& name, const Pair& pair, double aim);
+
+// Peak memory in KiB of this program run again with the arguments.
+long peakMemory(const std::vector<std::string>& arguments);
+
+}  // namespace quillo::bench
