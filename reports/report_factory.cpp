@@ -13,6 +13,7 @@
 #include "reports/lists/dsrOpenOrders.h"
 #include "reports/lists/dsrProjectPriceList.h"
 #include "reports/lists/dsrTermList.h"
+#include "reports/sales_journal/dsrSalesJournalDetail.h"
 
 namespace quillo {
 
@@ -75,7 +76,7 @@ clsReport::Object clsReport::SalesJournalSummary() {
     return missing("SalesJournalSummary", "dsrSalesJournalSummary");
 }
 clsReport::Object clsReport::SalesJournalDetail() {
-    return missing("SalesJournalDetail", "dsrSalesJournalDetail");
+    return create<dsrSalesJournalDetail>("SalesJournalDetail");
 }
 clsReport::Object clsReport::SalesJournalCompGraph() {
     return missing("SalesJournalCompGraph", "dsrSalesJournalCompGraph");
@@ -215,7 +216,7 @@ constexpr clsReport::Member catalogue[] = {
     MEMBER(SalesBySalesPersProfDetail, dsrSalesBySalesPersProfDetail, toCome),
     MEMBER(SalesBySalesPersProfSummary, dsrSalesBySalesPersProfSummary, toCome),
     MEMBER(SalesJournalSummary, dsrSalesJournalSummary, toCome),
-    MEMBER(SalesJournalDetail, dsrSalesJournalDetail, toCome),
+    MEMBER(SalesJournalDetail, dsrSalesJournalDetail, written),
     MEMBER(SalesJournalCompGraph, dsrSalesJournalCompGraph, toCome),
     MEMBER(SalesJournalCompGraphMonths, dsrSalesJournalCompGraphMonth, toCome),
     MEMBER(CustPhoneList, dsrCustPhoneList, written),
