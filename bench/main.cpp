@@ -53,16 +53,23 @@ constexpr std::string_view journalDesign = R"({
 
 constexpr const char* query = "SELECT SeqNo, DetDate, DetRef, AcctId, Descr, Debit, Credit FROM Journal ORDER BY Id";
 
-Money amountOf(int row) { return Money::fromRaw((row * 7919LL % 900000 + 100) * 100); }
+Money amountOf(int row) {
+    return Money::fromRaw((row * 7919LL % 900000 + 100) * 100);
+}
 
 void writeJournal(const std::string& path, int rows) {
     sqlite::Database database(path, sqlite::Open::create);
-    database.execute("CREATE TABLE Journal (Id INTEGER PRIMARY KEY, SeqNo INTEGER, DetDate DATE TEXT, DetRef TEXT, AcctId TEXT, Descr TEXT, Debit MONEY REAL, Credit MONEY REAL); BEGIN");
+    database.execute(
+        "CREATE TABLE Journal (Id INTEGER PRIMARY KEY, SeqNo INTEGER, DetDate DATE TEXT, DetRef TEXT, AcctId TEXT, "
+        "Descr TEXT, Debit MONEY REAL, Credit MONEY REAL); BEGIN");
     sqlite::Statement insert(database, "INSERT INTO Journal VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
     const char* names[] = {"Accounts receivable", "Sales - kitchens and counters", "GST payable", "QST payable"};
     for (int row = 0; row < rows; ++row) {
         const double amount = amountOf(row).toDouble();
-        insert.bind(1, row).bind(2, row / rowsInGroup).bind(3, Date{45000.0 + row / 1000}.isoText()).bind(4, "F" + std::to_string(100000 + row / rowsInGroup));
+        insert.bind(1, row)
+            .bind(2, row / rowsInGroup)
+            .bind(3, Date{45000.0 + row / 1000}.isoText())
+            .bind(4, "F" + std::to_string(100000 + row / rowsInGroup));
         insert.bind(5, std::to_string(1100 + row % rowsInGroup * 100)).bind(6, names[row % rowsInGroup]);
         insert.bind(7, row % rowsInGroup == 0 ? amount : 0.0).bind(8, row % rowsInGroup == 0 ? 0.0 : amount);
         insert.run();
@@ -87,13 +94,20 @@ public:
     ValueView value(int column) const override {
         const bool debit = row_ % rowsInGroup == 0;
         switch (column) {
-            case 0: return ValueView::ofInt32(row_ / rowsInGroup);
-            case 1: return ValueView::ofDate({45000.0 + row_ / 1000});
-            case 2: return ValueView::ofText({reference_, 7});
-            case 3: return ValueView::ofText("1100");
-            case 4: return ValueView::ofText("Sales - kitchens and counters");
-            case 5: return ValueView::ofMoney(debit ? amountOf(row_) : Money());
-            default: return ValueView::ofMoney(debit ? Money() : amountOf(row_));
+            case 0:
+                return ValueView::ofInt32(row_ / rowsInGroup);
+            case 1:
+                return ValueView::ofDate({45000.0 + row_ / 1000});
+            case 2:
+                return ValueView::ofText({reference_, 7});
+            case 3:
+                return ValueView::ofText("1100");
+            case 4:
+                return ValueView::ofText("Sales - kitchens and counters");
+            case 5:
+                return ValueView::ofMoney(debit ? amountOf(row_) : Money());
+            default:
+                return ValueView::ofMoney(debit ? Money() : amountOf(row_));
         }
     }
 
@@ -109,15 +123,14 @@ private:
 
 class Journal final : public Report {
 public:
-    Journal(HostContext& context, std::shared_ptr<Recordset> rows, bool links) : Report("Journal", context, journalDesign), links_(links) {
+    Journal(HostContext& context, std::shared_ptr<Recordset> rows, bool links)
+        : Report("Journal", context, journalDesign), links_(links) {
         dataControl()->Recordset = std::move(rows);
         if (links) onFormat("Detail", &Journal::Detail_Format);
     }
 
 private:
-    void Detail_Format() {
-        field("fldAcct").Hyperlink.assign("INV|").append(std::to_string(++key_));
-    }
+    void Detail_Format() { field("fldAcct").Hyperlink.assign("INV|").append(std::to_string(++key_)); }
     bool links_;
     int key_ = 0;
 };
@@ -194,7 +207,8 @@ std::size_t bareLoop(const std::string& path) {
     sqlite::Database database(path, sqlite::Open::readOnly);
     sqlite::Statement rows(database, query);
     const LocaleFormat locale;
-    const std::unique_ptr<libdeflate_compressor, void (*)(libdeflate_compressor*)> compressor(libdeflate_alloc_compressor(level), libdeflate_free_compressor);
+    const std::unique_ptr<libdeflate_compressor, void (*)(libdeflate_compressor*)> compressor(
+        libdeflate_alloc_compressor(level), libdeflate_free_compressor);
     std::string content, amount;
     std::vector<char> packed;
     std::size_t total = 0;
@@ -233,7 +247,8 @@ std::size_t bareLoop(const std::string& path) {
         }
         if (row % rowsOnPage != rowsOnPage - 1) continue;
         packed.resize(libdeflate_zlib_compress_bound(compressor.get(), content.size()));
-        total += libdeflate_zlib_compress(compressor.get(), content.data(), content.size(), packed.data(), packed.size());
+        total +=
+            libdeflate_zlib_compress(compressor.get(), content.data(), content.size(), packed.data(), packed.size());
         content.clear();
     }
     return total;
@@ -245,16 +260,38 @@ int benches(int rounds) {
     const std::string database = folder.file("journal.db"), pdf = folder.file("journal.pdf");
     writeJournal(database, rows);
     long kept = 0;
-    std::printf("%-58s %10s %10s %7s\n", "work, 200,000 rows; medians of rounds taken in turn", "work", "floor", "ratio");
+    std::printf("%-58s %10s %10s %7s\n", "work, 200,000 rows; medians of rounds taken in turn", "work", "floor",
+                "ratio");
     const auto floor1 = [&] { kept += stepQuery(database); };
-    printRow("(1) engine alone, rows in memory; floor: stepping the query", measure(rounds, [&] { NoPages sink; runJournal(std::make_shared<MadeRows>(rows), sink, false); }, floor1), 5);
-    printRow("(2) engine from SQLite; floor: stepping the query", measure(rounds, [&] { SqliteDatabase source(database); NoPages sink; runJournal(openJournal(source), sink, false); }, floor1), 5);
-    printRow("(3) to PDF, a link a row; floor: bare loop to deflated content", measure(rounds, [&] { journalToPdf(database, pdf); }, [&] { kept += static_cast<long>(bareLoop(database)); }), 1.6);
+    printRow("(1) engine alone, rows in memory; floor: stepping the query",
+             measure(
+                 rounds,
+                 [&] {
+                     NoPages sink;
+                     runJournal(std::make_shared<MadeRows>(rows), sink, false);
+                 },
+                 floor1),
+             5);
+    printRow("(2) engine from SQLite; floor: stepping the query",
+             measure(
+                 rounds,
+                 [&] {
+                     SqliteDatabase source(database);
+                     NoPages sink;
+                     runJournal(openJournal(source), sink, false);
+                 },
+                 floor1),
+             5);
+    printRow("(3) to PDF, a link a row; floor: bare loop to deflated content",
+             measure(
+                 rounds, [&] { journalToPdf(database, pdf); }, [&] { kept += static_cast<long>(bareLoop(database)); }),
+             1.6);
 
     const std::string small = folder.file("small.db");
     writeJournal(small, rows / 10);
     const long few = peakMemory({"--to-pdf", small, pdf}), many = peakMemory({"--to-pdf", database, pdf});
-    std::printf("peak memory to PDF: %ld KiB at 20,000 rows, %ld KiB at 200,000; difference %ld KiB (aim 4096) %s\n", few, many, many - few, many - few <= 4096 ? "met" : "MISSED");
+    std::printf("peak memory to PDF: %ld KiB at 20,000 rows, %ld KiB at 200,000; difference %ld KiB (aim 4096) %s\n",
+                few, many, many - few, many - few <= 4096 ? "met" : "MISSED");
     return kept == 0;
 }
 

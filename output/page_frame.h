@@ -13,7 +13,7 @@ struct PageFrameTexts {
     std::string title;
     std::string printedOn;  // "Printed on 2024-03-31"
     std::string pageWord;   // "Page", before the number
-    std::string period;     // the dates that the report covers, below the company; may be empty
+    std::string period{};   // the dates that the report covers, below the company; may be empty
 };
 
 // Gives the wrapped sink each page with the host's frame in its top and bottom margins: company, dates

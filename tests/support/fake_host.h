@@ -40,6 +40,9 @@ public:
 
     Company& company() override { throw NameError("This host has no company"); }
     std::string GetText(int id) const override { return "#" + std::to_string(id); }
+    std::string GetMessage(int number, std::string_view, const std::vector<std::string>&) const override {
+        return "#" + std::to_string(number);
+    }
     const LocaleFormat& locale() const override { return format; }
     const ReportUtils& utils() const override { throw NameError("This host has no utilities"); }
     ReportLocalizer& localizer() override { throw NameError("This host translates nothing"); }

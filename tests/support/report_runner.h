@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "framework/dialog_form.h"
 #include "framework/report_factory.h"
 #include "host/filter/filter_tool.h"
 #include "host/session/host_session.h"
@@ -30,6 +31,22 @@ struct ReportRun {
     int dialect = 0;
     std::map<int, std::string> settings{};
     std::map<std::string, std::string> parameters{};
+    bool cancelFilter = false;
+    std::map<std::string, bool> options{};  // boxes of the report's dialog
+};
+
+// The dialog of a test: sets the boxes that it names.
+class BoxSetter final : public DialogService {
+public:
+    explicit BoxSetter(const std::map<std::string, bool>& boxes) : boxes_(boxes) {}
+    void ShowModal(DialogForm& form) override {
+        for (CheckBox* box : form.checkBoxes())
+            if (const auto found = boxes_.find(box->Name); box->Visible && found != boxes_.end())
+                box->Value = found->second;
+    }
+
+private:
+    const std::map<std::string, bool>& boxes_;
 };
 
 // What the user sees of it: pages, failure boxes, and what the database was asked, a line a query.
@@ -97,6 +114,10 @@ inline ReportResult runReport(const ReportRun& run) {
     contract->IReport_DateTo(Date::parseIso(run.to).value_or(noEndLimit));
     contract->IReport_DisplayForeignCurrency(run.foreign);
     for (const auto& [name, value] : run.properties) report->setProperty(name, value);
+    if (auto* config = dynamic_cast<IReportConfig*>(report.get()); config != nullptr && !run.options.empty()) {
+        BoxSetter boxes(run.options);
+        config->IReportConfig_ShowConfigurationScreen(boxes);
+    }
     if (auto* segments = dynamic_cast<ISegmentFilter*>(report.get())) {
         segments->ISegmentFilter_SegmentFilter(run.segments);
         segments->ISegmentFilter_SegmentNoneFilter(run.noSegment);
@@ -105,6 +126,7 @@ inline ReportResult runReport(const ReportRun& run) {
     FilterChoice choice;
     choice.where = run.where;
     choice.order = run.order;
+    choice.cancel = run.cancelFilter;
     HeadlessFilterTool tool(choice, session.file().catalogue(), session,
                             [&](const std::string& filter) { filterable->IFilterableReport_Filter(filter); });
     if (filterable != nullptr) filterable->IFilterableReport_FilterTool(tool);

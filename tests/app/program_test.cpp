@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "apps/quillo/program.h"
+#include "tests/host/test_company.h"
+
+namespace quillo::test {
+namespace {
+
+struct Outcome {
+    int status;
+    std::string out, err;
+};
+
+Outcome program(std::vector<std::string> arguments) {
+    std::ostringstream out, err;
+    const app::Console console{out, err};
+    const int status = app::runProgram(arguments, console);
+    return {status, out.str(), err.str()};
+}
+
+class Program : public testing::Test {
+protected:
+    const TestCompany company{
+        "INSERT INTO Term (InTermId, TermId, Descr, TermMode, Due) VALUES (5, 'N', 'Net', 1, 30)"};
+    const TemporaryFile file{""};
+
+    Outcome run(std::vector<std::string> more) const {
+        std::vector<std::string> arguments = {"run", "TermList", "--company", company.path()};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return program(arguments);
+    }
+};
+
+TEST_F(Program, GivesPagesAsJson) {
+    const auto outcome = run({"--language", "ids", "--format", "json"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const auto json = nlohmann::json::parse(outcome.out);
+    EXPECT_EQ(json["report"], "dsrTermList");
+    EXPECT_EQ(json["member"], "TermList");
+    EXPECT_EQ(json["title"], "#6127");
+    EXPECT_TRUE(json["failures"].empty());
+    const auto& sections = json["pages"][0]["sections"];
+    EXPECT_EQ(sections.front()["name"], "PageHeader") << "the host's own frame is no part of the pages";
+    EXPECT_EQ(sections.back()["controls"][0]["text"], "1 #7629");
+}
+
+TEST_F(Program, WritesAFileWholeAndTheSameBytesTwice) {
+    const auto read = [](const std::string& path) {
+        std::ifstream input(path, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(input), {});
+    };
+    const TemporaryFile first(".pdf"), second(".pdf");
+    EXPECT_EQ(run({"--session-date", "2024-02-03", "-o", first.path()}).status, 0);
+    EXPECT_EQ(run({"--session-date", "2024-02-03", "-o", second.path()}).status, 0);
+    EXPECT_EQ(read(first.path()).substr(0, 5), "%PDF-");
+    EXPECT_EQ(read(first.path()), read(second.path()));
+    EXPECT_FALSE(run({"--session-date", "2024-02-04", "-o", second.path()}).status);
+    EXPECT_NE(read(first.path()), read(second.path())) << "the date is printed";
+}
+
+TEST_F(Program, TracesWhatTheReportAsked) {
+    const TemporaryFile trace(".jsonl");
+    EXPECT_EQ(run({"--where", "Due = 30", "--trace-sql", trace.path()}).status, 0);
+    std::ifstream input(trace.path());
+    std::string line;
+    ASSERT_TRUE(std::getline(input, line));
+    EXPECT_EQ(nlohmann::json::parse(line)["text"],
+              "SELECT InTermId, TermId, Descr, TermMode, Due, DiscPercent, DiscDelay, DueNxtMonth FROM Term WHERE (Due "
+              "= 30)  ORDER BY Descr");
+}
+
+TEST_F(Program, RefusesWhatCannotBeInOneLineAndWritesNothing) {
+    const struct {
+        std::vector<std::string> arguments;
+        int status;
+        const char* says;
+    } cases[] = {
+        {{"run", "NoSuchList", "--company", company.path()}, 2, "there is no report \"NoSuchList\""},
+        {{"run", "TermList"}, 2, "--company is required"},
+        {{"run", "TermList", "--company", "/nowhere/c.db"}, 3, "/nowhere/c.db"},
+        {{"run", "TermList", "--company", company.path(), "--frm", "x"}, 2, "--frm"},
+        {{"run", "TermList", "--company", company.path(), "--from", "2024-02-30"},
+         2,
+         "--from is a date such as 2024-12-31, not \"2024-02-30\""},
+        {{"run", "TermList", "--company", company.path(), "--from", "2024-02-01", "--to", "2024-01-01"},
+         2,
+         "--from is later than --to"},
+        {{"run", "TermList", "--company", company.path(), "--where", "Name = 'x'"}, 2, "Name"},
+        {{"run", "TermList", "--company", company.path(), "--where", "Due = 1; DROP TABLE Term"}, 2, ";"},
+        {{"run", "TermList", "--company", company.path(), "--where", "Descr = 'x"}, 2, "'x"},
+        {{"run", "TermList", "--company", company.path(), "--set", "InvoiceType=51"},
+         2,
+         "dsrTermList has no property \"InvoiceType\""},
+        {{"run", "TermList", "--company", company.path(), "--option", "chkIncludeKit=true"},
+         2,
+         "TermList has no options"},
+        {{"run", "OpenOrders", "--company", company.path(), "--option", "chkIncludeKit=true"},
+         2,
+         "it has chkIncludeZeroOrders"},
+        {{"run", "OpenOrders", "--company", company.path(), "--option", "chkIncludeZeroOrders=maybe"},
+         2,
+         "is true or false"},
+        {{"run", "TermList", "--company", company.path(), "--segments", "1"}, 2, "does not select segments"},
+        {{"run", "TermList", "--company", company.path(), "--rate", "USD=1.3"}, 2, "does not re-evaluate"},
+        {{"run", "TermList", "--company", company.path(), "--format", "pdf"}, 2, "needs a file"},
+        {{"run", "TermList", "--company", company.path(), "-o", "x.xlsx"}, 2, "comes with a later version"},
+        {{"run", "TermList", "--company", company.path(), "-o", "x.doc"}, 2, "there is no format \"doc\""},
+        {{"run", "TermList", "--company", company.path(), "-o", "/nowhere/x.pdf"}, 2, "/nowhere/x.pdf"},
+        {{"run", "TermList", "--company", company.path(), "--language", "xx"}, 2, "xx"},
+        {{"run", "TermList", "--company", company.path(), "--dialect", "oracle"}, 2, "--dialect is sqlserver or jet"},
+        {{"run", "SalesStatistic", "--company", company.path()}, 1, "dsrSalesStatistic is not written yet"},
+        {{"new", company.path()}, 2, "is there already"},
+        {{"demo", company.path()}, 2, "is there already"},
+        {{"check", "/nowhere/c.db"}, 3, "there is no such file"},
+    };
+    for (const auto& [arguments, status, says] : cases) {
+        const auto outcome = program(arguments);
+        EXPECT_EQ(outcome.status, status) << outcome.err;
+        EXPECT_NE(outcome.err.find(says), std::string::npos) << outcome.err;
+        EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+        EXPECT_EQ(outcome.out, "") << outcome.out;
+    }
+    EXPECT_FALSE(std::filesystem::exists("x.xlsx") || std::filesystem::exists("x.doc"));
+}
+
+TEST_F(Program, ShowsFailuresAndEndsWithStatusOne) {
+    sqlite::Database database(company.path(), sqlite::Open::readWrite);
+    database.execute("ALTER TABLE Term DROP COLUMN Due");
+    const auto outcome = run({"--format", "json"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("no such column: Due in Quillo.dsrTermList.ActiveReport_ReportStart at line"),
+              std::string::npos)
+        << outcome.err;
+    const auto json = nlohmann::json::parse(outcome.out);
+    ASSERT_EQ(json["failures"].size(), 1U);
+    EXPECT_EQ(json["pages"][0]["sections"].back()["controls"][0]["text"], "0 payment term(s)");
+}
+
+TEST_F(Program, MakesAndChecksCompanies) {
+    const TemporaryFile made;
+    EXPECT_EQ(program({"new", made.path()}).status, 0);
+    EXPECT_EQ(program({"check", made.path()}).status, 0);
+    EXPECT_EQ(program({"run", "CustList", "--company", made.path()}).status, 0);
+    sqlite::Database(made.path(), sqlite::Open::readWrite).execute("ALTER TABLE Cust DROP COLUMN Fax");
+    const auto lacking = program({"check", made.path()});
+    EXPECT_EQ(lacking.status, 3);
+    EXPECT_NE(lacking.out.find("Fax"), std::string::npos) << lacking.out;
+}
+
+TEST_F(Program, HelpTeaches) {
+    const auto help = program({"run", "OpenOrders", "--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find("--set InvoiceType="), std::string::npos) << help.out;
+    EXPECT_NE(help.out.find("--option chkIncludeZeroOrders=true|false  Include orders at zero"), std::string::npos);
+    EXPECT_NE(help.out.find("InvoiHdr, Cust, WorldCurrency"), std::string::npos);
+    const auto list = program({"list", "--language", "fr"});
+    EXPECT_NE(list.out.find("Liste des clients"), std::string::npos) << list.out;
+    EXPECT_NE(list.out.find("SalesStatistic"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quillo::test
