@@ -15,6 +15,7 @@
 namespace quillo {
 
 struct SubReport;
+class ExchangeRates;
 class Report;
 
 // --- application -------------------------------------------------------------------------------
@@ -121,6 +122,56 @@ public:
     virtual std::vector<CustomFieldValue> Values(std::string_view table, int recordId) = 0;
 };
 
+// Exchange rates as home currency for one unit of a currency. A day without a rate takes the last one before it;
+// the home currency counts 1 on every day.
+class DailyRates {
+public:
+    virtual ~DailyRates() = default;
+    // Throws NameError when the currency has no rate on the day or before it.
+    virtual double Rate(int currencyId, Date day) = 0;
+    // The rates of all currencies on one day; those without a rate on the day or before it are not among them.
+    virtual std::shared_ptr<ExchangeRates> RatesAt(Date day) = 0;
+};
+
+// A period of a fiscal year; both days belong to it.
+struct FiscalPeriod {
+    Date StartDate;
+    Date EndDate;
+};
+
+// A fiscal year: it may start on any day and have any number of periods of any length.
+struct FiscalYear {
+    int id = 0;
+    std::string name;  // printable: "2024-2025"
+    Date StartDate;
+    Date EndDate;
+    std::vector<FiscalPeriod> periods;  // in their order
+};
+
+// The years live as long as the calendar. All calls give null when there is no such year.
+class FiscalCalendar {
+public:
+    virtual ~FiscalCalendar() = default;
+    // The year that the day lies in.
+    virtual const FiscalYear* FiscalYearAt(Date day) = 0;
+    // The year before and the year after the one that the day lies in; for a day outside of all years the last that
+    // ended before it, the first that starts after it.
+    virtual const FiscalYear* FiscalYearBefore(Date day) = 0;
+    virtual const FiscalYear* FiscalYearAfter(Date day) = 0;
+};
+
+// What one unit of an item costs, in home currency.
+class ItemCostService {
+public:
+    virtual ~ItemCostService() = default;
+    // Reads the costs of all items at the first question and answers from memory. Setting it again forgets them.
+    virtual void setCached(bool cached) = 0;
+    // The cost at the end of a day: the running average or the last cost, as the company's parameter CostCalculMeth
+    // says; of a kit the sum over its components. An item that nothing tells a cost of costs 0. The three arguments
+    // behind the day are the host's. Throws NameError when there is no such item.
+    virtual Money ItemCost(int itemId, Date day, int argumentA, int argumentB, bool flag) = 0;
+};
+
 class Settings {
 public:
     virtual ~Settings() = default;
@@ -151,6 +202,9 @@ public:
     virtual AccountGroups& accountGroups() = 0;
     virtual DictionaryService& dictionary() = 0;
     virtual CustomFields& customFields() = 0;
+    virtual DailyRates& dailyRates() = 0;
+    virtual FiscalCalendar& fiscalCalendar() = 0;
+    virtual ItemCostService& itemCosts() = 0;
 };
 
 // --- print services ----------------------------------------------------------------------------
@@ -231,6 +285,10 @@ public:
     virtual Company& company() = 0;
     // The text service for callers that do not hold the application.
     virtual std::string GetText(int id) const = 0;
+    // A message of a source ("Korva") in the user's language, its arguments in their places. Throws NameError when
+    // there is no such source or number.
+    virtual std::string GetMessage(int number, std::string_view source,
+                                   const std::vector<std::string>& arguments) const = 0;
     virtual const LocaleFormat& locale() const = 0;
     virtual const ReportUtils& utils() const = 0;
     virtual ReportLocalizer& localizer() = 0;

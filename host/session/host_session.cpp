@@ -3,6 +3,7 @@
 #include <ctime>
 
 #include "framework/values/errors.h"
+#include "framework/values/names.h"
 #include "host/locale/icu_locale.h"
 
 namespace quillo {
@@ -43,5 +44,11 @@ HostSession::HostSession(const SessionOptions& options, Messages& messages)
       filterInfoFiller_(*this),
       messages_(messages),
       sessionDate_(options.sessionDate ? *options.sessionDate : today()) {}
+
+std::string HostSession::GetMessage(int number, std::string_view source,
+                                    const std::vector<std::string>& arguments) const {
+    if (!equalNames(source, "Korva")) throw NameError("There are no messages of the source " + std::string(source));
+    return language_.message(number, arguments);
+}
 
 }  // namespace quillo

@@ -38,6 +38,8 @@ public:
     // HostContext
     Company& company() override { return company_; }
     std::string GetText(int id) const override { return language_.text(id); }
+    std::string GetMessage(int number, std::string_view source,
+                           const std::vector<std::string>& arguments) const override;
     const LocaleFormat& locale() const override { return locale_; }
     const ReportUtils& utils() const override { return utils_; }
     ReportLocalizer& localizer() override { return localizer_; }

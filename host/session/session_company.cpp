@@ -17,7 +17,10 @@ SessionCompany::SessionCompany(CompanyFile& file, std::string_view language, std
       projects_(file.handle()),
       accountGroups_(file.handle()),
       customFields_(file.handle()),
-      generalLedger_(file.handle()) {}
+      generalLedger_(file.handle()),
+      dailyRates_(file.handle(), currencies_),
+      fiscalCalendar_(file.handle()),
+      itemCosts_(file.handle(), *this) {}
 
 std::string SessionCompany::GetParameter(std::string_view name, std::string_view defaultValue,
                                          std::string_view section) const {

@@ -10,7 +10,10 @@
 #include "host/services/company_lists.h"
 #include "host/services/currencies.h"
 #include "host/services/customer_statistics.h"
+#include "host/services/daily_rates.h"
 #include "host/services/dictionary.h"
+#include "host/services/fiscal_calendar.h"
+#include "host/services/item_costs.h"
 #include "host/services/settings.h"
 
 namespace quillo {
@@ -34,6 +37,9 @@ public:
     AccountGroups& accountGroups() override { return accountGroups_; }
     DictionaryService& dictionary() override { return dictionary_; }
     CustomFields& customFields() override { return customFields_; }
+    DailyRates& dailyRates() override { return dailyRates_; }
+    FiscalCalendar& fiscalCalendar() override { return fiscalCalendar_; }
+    ItemCostService& itemCosts() override { return itemCosts_; }
 
     CompanyCurrencies& currencies() { return currencies_; }
     GeneralLedgerQueries& generalLedger() { return generalLedger_; }
@@ -51,6 +57,9 @@ private:
     SqliteAccountGroups accountGroups_;
     SqliteCustomFields customFields_;
     SqliteLedgerQueries generalLedger_;
+    SqliteDailyRates dailyRates_;
+    SqliteFiscalCalendar fiscalCalendar_;
+    SqliteItemCosts itemCosts_;
 };
 
 }  // namespace quillo

@@ -160,6 +160,15 @@ TEST(HostSession, TakesFromTheCompanyWhatIsNotAskedFor) {
     EXPECT_THROW(asked->GetText(3), NameError);
 }
 
+TEST(HostSession, MessagesTakeTheirArguments) {
+    test::TestSession session(trade, french());
+    EXPECT_EQ(session->GetMessage(12802, "korva", {"2024-05-31"}),
+              "L'inventaire n'est à jour qu'au 2024-05-31; lancez la mise à jour pour obtenir des coûts exacts.");
+    EXPECT_EQ(session->GetMessage(12944, "Korva", {}), "Totaux par projet");
+    EXPECT_THROW(session->GetMessage(12944, "Other", {}), NameError);
+    EXPECT_THROW(session->GetMessage(1911, "Korva", {}), NameError) << "a text is no message";
+}
+
 TEST(HostSession, WrongChoicesAreErrors) {
     SessionOptions language;
     language.language = "xx";
