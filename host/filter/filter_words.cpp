@@ -5,6 +5,7 @@
 
 #include "framework/values/names.h"
 #include "host/language/host_texts.h"
+#include "host/language/placeholders.h"
 
 namespace quillo {
 namespace {
@@ -43,18 +44,7 @@ std::string valueInWords(const FilterOperand& operand, const HostContext& contex
 }
 
 std::string filled(int textId, const HostContext& context, const std::vector<std::string>& arguments) {
-    const std::string pattern = context.GetText(textId);
-    std::string text;
-    for (std::size_t i = 0; i < pattern.size(); ++i) {
-        const auto place = i + 1 < pattern.size() ? static_cast<std::size_t>(pattern[i + 1] - '1') : arguments.size();
-        if (pattern[i] == '%' && place < arguments.size()) {
-            text += arguments[place];
-            ++i;
-        } else {
-            text += pattern[i];
-        }
-    }
-    return text;
+    return withArguments(context.GetText(textId), arguments);
 }
 
 int comparisonText(std::string_view sign) {

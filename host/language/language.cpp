@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "framework/values/errors.h"
+#include "host/language/placeholders.h"
 
 namespace quillo {
 namespace {
@@ -103,18 +104,7 @@ std::string Language::text(int id) const {
 }
 
 std::string Language::message(int number, const std::vector<std::string>& arguments) const {
-    const std::string pattern = find(messages_, number, "message");
-    std::string message;
-    for (std::size_t i = 0; i < pattern.size(); ++i) {
-        const auto place = i + 1 < pattern.size() ? static_cast<std::size_t>(pattern[i + 1] - '1') : arguments.size();
-        if (pattern[i] == '%' && place < arguments.size()) {
-            message += arguments[place];
-            ++i;
-        } else {
-            message += pattern[i];
-        }
-    }
-    return message;
+    return withArguments(find(messages_, number, "message"), arguments);
 }
 
 std::vector<int> Language::textIds() const {

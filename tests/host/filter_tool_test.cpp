@@ -14,8 +14,11 @@ protected:
 
     // The filter string, or the refusal; "cancel" when the user cancelled.
     std::string filter(const FilterChoice& choice, const std::string& tables = "Cust, InvoiHdr ,WorldCurrency.Descr") {
+        return filter(choice, tables, *session_);
+    }
+    std::string filter(const FilterChoice& choice, const std::string& tables, HostSession& session) {
         std::string delivered = "nothing";
-        HeadlessFilterTool tool(choice, session_->file().catalogue(), *session_,
+        HeadlessFilterTool tool(choice, session.file().catalogue(), session,
                                 [&](const std::string& text) { delivered = text; });
         bool cancel = false;
         tool.GetFilter(tables, true, true, cancel, true, true);
@@ -117,21 +120,38 @@ TEST_F(FilterToolTest, RefusesEverythingElseWithItsPlace) {
 TEST_F(FilterToolTest, TellsTheFilterInWords) {
     struct Case {
         const char* where;
-        const char* words;
+        const char* english;
+        const char* french;
     };
     const Case cases[] = {
-        {"CustId BETWEEN 'A' AND 'M'", "Code from A to M"},
+        {"CustId BETWEEN 'A' AND 'M'", "Code from A to M", "Code de A à M"},
+        {"CustId NOT BETWEEN 'A' AND 'M'", "Code not from A to M", "Code sauf de A à M"},
         {"Name LIKE 'A%' OR Name LIKE '%Ltd%' AND Name LIKE '_x'",
-         "Company starting with A or (Company containing Ltd and Company like _x)"},
-        {"CreditLim >= 1000.5 AND NOT Contact IS NULL", "Credit limit from 1000.5 and not (Contact empty)"},
-        {"CustId IN ('A', 'B') AND CustId <> 'C'", "Code one of A, B and Code is not C"},
-        {"InvoiDate < '2024-02-09'", "Date below 2/9/2024"},
-        {"TelExt1 = Tel1", "TelExt1 is Telephone"},
+         "Company starting with A or (Company containing Ltd and Company like _x)",
+         "Entreprise commençant par A ou (Entreprise contenant Ltd et Entreprise de la forme _x)"},
+        {"Name NOT LIKE '%Ltd'", "Company not like %Ltd", "Entreprise sauf de la forme %Ltd"},
+        {"CreditLim >= 1000.5 AND NOT Contact IS NULL", "Credit limit from 1000.5 and not (Contact empty)",
+         "Limite de crédit à partir de 1000,5 et sauf (Contact vide)"},
+        {"CreditLim <= 5 OR CreditLim > 9 AND Contact IS NOT NULL",
+         "Credit limit up to 5 or (Credit limit above 9 and Contact not empty)",
+         "Limite de crédit jusqu'à 5 ou (Limite de crédit au-delà de 9 et Contact non vide)"},
+        {"CustId IN ('A', 'B') AND CustId <> 'C'", "Code one of A, B and Code is not C",
+         "Code parmi A, B et Code n'est pas C"},
+        {"CustId NOT IN ('A', 'B')", "Code none of A, B", "Code autre que A, B"},
+        {"InvoiDate < '2024-02-09'", "Date below 2/9/2024", "Date en deçà de 2024-02-09"},
+        {"TelExt1 = Tel1", "TelExt1 is Telephone", "TelExt1 est Téléphone"},
     };
+    SessionOptions options;
+    options.language = "fr";
+    options.locale = "fr_CA";
+    test::TestSession french("", options);
     for (const Case& one : cases) {
         filter({.where = one.where, .order = "Name, CustId DESC, ToApprove"});
-        EXPECT_EQ(info_.where, one.words);
+        EXPECT_EQ(info_.where, one.english);
         EXPECT_EQ(info_.order, "Company, Code (descending), ToApprove");
+        filter({.where = one.where, .order = "Name, CustId DESC"}, "Cust, InvoiHdr", *french);
+        EXPECT_EQ(info_.where, one.french);
+        EXPECT_EQ(info_.order, "Entreprise, Code (ordre décroissant)");
     }
 }
 
