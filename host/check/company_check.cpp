@@ -66,6 +66,19 @@ void compareRelations(const Shape& wanted, const Shape& found, std::vector<std::
     }
 }
 
+// Texts of the company's own that no number leads to, or two.
+void checkTexts(const sqlite::Database& database, std::vector<std::string>& lacks) {
+    sqlite::Statement rows(database,
+                           "SELECT Id, Language, COUNT(*) FROM TextOverride WHERE Text IS NOT NULL "
+                           "GROUP BY Language, Id HAVING COUNT(*) > 1 OR COALESCE(Id, 0) <= 0 ORDER BY Language, Id");
+    while (rows.step()) {
+        const std::string language(rows.text(1));
+        lacks.push_back(rows.integer(0) <= 0 ? "TextOverride has a text in " + language + " without a number"
+                                             : "TextOverride words the text " + std::string(rows.text(0)) + " in " +
+                                                   language + " " + std::string(rows.text(2)) + " times");
+    }
+}
+
 std::vector<std::string> compare(const sqlite::Database& database) {
     std::vector<std::string> lacks;
     sqlite::Database model(":memory:", sqlite::Open::create);
@@ -82,6 +95,7 @@ std::vector<std::string> compare(const sqlite::Database& database) {
     const auto facts = factsOf(database);
     for (const auto& fact : factsOf(model))
         if (!facts.contains(fact)) lacks.push_back("the company's " + fact + " is missing from CompanyFact");
+    if (lacks.empty()) checkTexts(database, lacks);
     return lacks;
 }
 

@@ -84,7 +84,13 @@ std::vector<std::pair<int, std::string>> CompanyFile::textOverrides(std::string_
     sqlite::Statement statement(
         handle(), "SELECT Id, Text FROM TextOverride WHERE Language = ? AND Text IS NOT NULL ORDER BY Id");
     statement.bind(1, language);
-    while (statement.step()) texts.emplace_back(static_cast<int>(statement.integer(0)), statement.text(1));
+    while (statement.step()) {
+        const int id = static_cast<int>(statement.integer(0));
+        if (id <= 0) throw InputError("The company file " + path_ + " has a text of its own without a number");
+        if (!texts.empty() && texts.back().first == id)
+            throw InputError("The company file " + path_ + " words the text " + std::to_string(id) + " twice");
+        texts.emplace_back(id, statement.text(1));
+    }
     return texts;
 }
 

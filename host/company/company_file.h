@@ -37,7 +37,8 @@ public:
     std::optional<std::string> setting(int number) const;
     // Without a section the parameter may stand in any.
     std::optional<std::string> parameter(std::string_view section, std::string_view name) const;
-    // The company's own words for texts of a language, by number.
+    // The company's own words for texts of a language, by number. Throws InputError for a text without a number or
+    // one that stands twice.
     std::vector<std::pair<int, std::string>> textOverrides(std::string_view language) const;
 
 private:

@@ -39,6 +39,12 @@ TEST(CompanyCheck, TellsWhatAFileLacks) {
               Lines{"the company is of version 9, this program reads version 1"});
     EXPECT_EQ(lacksOf("CREATE TABLE Country (", "CREATE TABLE Extra (Own TEXT); CREATE TABLE COUNTRY ("), Lines{})
         << "more than the schema, or other capitals, is no lack";
+    const std::string own =
+        "CREATE TABLE TextOverride (Language TEXT, Id INTEGER, Text TEXT); INSERT INTO TextOverride ";
+    EXPECT_EQ(lacksOf("CREATE TABLE TextOverride (",
+                      own + "VALUES ('en', 5, 'a'), ('fr', 5, 'b'), ('fr', 5, 'c'), ('en', NULL, 'd'), ('en', 5, NULL);"
+                            "CREATE TABLE Unused ("),
+              (Lines{"TextOverride has a text in en without a number", "TextOverride words the text 5 in fr 2 times"}));
 }
 
 TEST(CompanyCheck, NamesAFileThatIsNoCompany) {

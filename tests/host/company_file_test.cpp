@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "framework/values/errors.h"
 #include "tests/host/test_company.h"
@@ -19,6 +21,11 @@ std::string failureOf(const std::string& path) {
         return at == std::string::npos ? text : text.replace(at, path.size(), "F");
     }
     return "";
+}
+
+std::string bytesOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 TEST(CompanyFile, TellsWhatTheFileSays) {
@@ -68,6 +75,53 @@ TEST(CompanyFile, FilesThatAreNoCompany) {
     const test::TestCompany truncated;
     std::filesystem::resize_file(truncated.path(), std::filesystem::file_size(truncated.path()) / 2);
     EXPECT_EQ(failureOf(truncated.path()), "The company file F cannot be read: database disk image is malformed");
+}
+
+// A company that was cut off while it was made, behind each statement up to its facts.
+TEST(CompanyFile, HalfMadeFilesAreRefusedUnchanged) {
+    const std::string schema(companySchema());
+    const auto facts = schema.find("INSERT INTO CompanyFact");
+    int refused = 0;
+    for (auto end = schema.find(";\n"); end < facts; end = schema.find(";\n", end + 1), ++refused) {
+        const test::TemporaryFile half;
+        sqlite::Database(half.path(), sqlite::Open::create)
+            .execute("PRAGMA synchronous = OFF; BEGIN;" + schema.substr(0, end) + "; COMMIT");
+        const std::string before = bytesOf(half.path());
+        SessionOptions options;
+        options.company = half.path();
+        test::ListedMessages messages;
+        EXPECT_THROW(HostSession(options, messages), InputError) << "cut off at " << end;
+        EXPECT_EQ(bytesOf(half.path()), before);
+    }
+    EXPECT_GT(refused, 50);
+}
+
+TEST(CompanyFile, OwnTextsHaveANumberEachOnce) {
+    struct Case {
+        const char* rows;
+        const char* failure;
+    };
+    // The table of a company that was connected otherwise may lack the key.
+    const std::string keyless =
+        "DROP TABLE TextOverride; CREATE TABLE TextOverride (Language TEXT, Id INTEGER, Text TEXT);";
+    const Case cases[] = {
+        {"('en', 1911, 'a'), ('fr', 1911, 'b'), ('en', 1912, 'c'), ('en', 1911, NULL)", ""},
+        {"('en', 1911, 'a'), ('en', 1912, 'c'), ('en', 1911, 'b')", "words the text 1911 twice"},
+        {"('en', 1911, 'a'), ('en', NULL, 'b')", "has a text of its own without a number"},
+    };
+    for (const Case& one : cases) {
+        const test::TestCompany company(keyless + "INSERT INTO TextOverride VALUES " + one.rows);
+        std::string failure;
+        try {
+            (void)CompanyFile(company.path()).textOverrides("en");
+        } catch (const InputError& error) {
+            failure = error.what();
+        }
+        if (*one.failure == 0)
+            EXPECT_EQ(failure, "");
+        else
+            EXPECT_EQ(failure, "The company file " + company.path() + " " + one.failure);
+    }
 }
 
 }  // namespace
