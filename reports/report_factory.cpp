@@ -5,6 +5,7 @@
 #include "framework/run_frame.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "reports/cash_receipts/dsrCashReceiptsDetail.h"
 #include "reports/lists/dsrCustCustomFieldList.h"
 #include "reports/lists/dsrCustList.h"
 #include "reports/lists/dsrCustListShipAddr.h"
@@ -14,6 +15,7 @@
 #include "reports/lists/dsrProjectPriceList.h"
 #include "reports/lists/dsrTermList.h"
 #include "reports/sales_journal/dsrSalesJournalDetail.h"
+#include "reports/sales_journal/dsrSalesJournalSummary.h"
 
 namespace quillo {
 
@@ -53,7 +55,7 @@ clsReport::Object clsReport::CashReceiptsSummary() {
     return missing("CashReceiptsSummary", "dsrCashReceiptsSummary");
 }
 clsReport::Object clsReport::CashReceiptsDetail() {
-    return missing("CashReceiptsDetail", "dsrCashReceiptsDetail");
+    return create<dsrCashReceiptsDetail>("CashReceiptsDetail");
 }
 clsReport::Object clsReport::OpenOrders(const int& lngInvType) {
     auto report = create<dsrOpenOrders>("OpenOrders");
@@ -73,7 +75,7 @@ clsReport::Object clsReport::SalesBySalesPersProfSummary() {
     return missing("SalesBySalesPersProfSummary", "dsrSalesBySalesPersProfSummary");
 }
 clsReport::Object clsReport::SalesJournalSummary() {
-    return missing("SalesJournalSummary", "dsrSalesJournalSummary");
+    return create<dsrSalesJournalSummary>("SalesJournalSummary");
 }
 clsReport::Object clsReport::SalesJournalDetail() {
     return create<dsrSalesJournalDetail>("SalesJournalDetail");
@@ -208,14 +210,14 @@ constexpr clsReport::Member catalogue[] = {
     MEMBER(SalesBySalesPersonGraph, dsrSalesBySalesPersonGraph, toCome),
     MEMBER(SalesBySalesPersonSummary, dsrSalesBySalesPersonSummary, toCome),
     MEMBER(CashReceiptsSummary, dsrCashReceiptsSummary, toCome),
-    MEMBER(CashReceiptsDetail, dsrCashReceiptsDetail, toCome),
+    MEMBER(CashReceiptsDetail, dsrCashReceiptsDetail, written),
     clsReport::Member{"OpenOrders", "dsrOpenOrders", "lngInvType",
                       [](clsReport& factory) { return factory.OpenOrders(51); }, written},
     MEMBER(TermList, dsrTermList, written),
     MEMBER(SalesBySalesPersonDetail, dsrSalesBySalesPersonDetail, toCome),
     MEMBER(SalesBySalesPersProfDetail, dsrSalesBySalesPersProfDetail, toCome),
     MEMBER(SalesBySalesPersProfSummary, dsrSalesBySalesPersProfSummary, toCome),
-    MEMBER(SalesJournalSummary, dsrSalesJournalSummary, toCome),
+    MEMBER(SalesJournalSummary, dsrSalesJournalSummary, written),
     MEMBER(SalesJournalDetail, dsrSalesJournalDetail, written),
     MEMBER(SalesJournalCompGraph, dsrSalesJournalCompGraph, toCome),
     MEMBER(SalesJournalCompGraphMonths, dsrSalesJournalCompGraphMonth, toCome),
