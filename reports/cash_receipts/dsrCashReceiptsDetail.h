@@ -1,0 +1,81 @@
+#pragma once
+
+#include "framework/run_frame.h"
+#include "framework/shared/debit_credit.h"
+
+namespace quillo {
+
+class dsrCashReceiptsDetailSubreport;
+
+// The ledger postings of the cash receipts journal in a period, a block a transaction, with the distribution by
+// account at the end.
+class dsrCashReceiptsDetail final : public SegmentReport {
+public:
+    explicit dsrCashReceiptsDetail(HostContext& context);
+
+    int SeqNo = 0;                  // not 0: only that sequence
+    bool SubReportVisible = false;  // hides the footer with its totals and the distribution
+
+private:
+    void ActiveReport_ReportStart() override;
+    void ActiveReport_ReportEnd() override;
+    void PageHeader_Format();
+    void ghSeqNo_Format();
+    void ghForeignCurrency_Format();
+    void Detail_Format();
+    void gfSeqNo_Format();
+    void ReportFooter_Format();
+    std::string journalQuery() const;
+    std::string distributionQuery() const;
+    std::vector<Variant> queryValues() const;
+    void startDistribution();
+    void enterSequence();
+    void readCurrency();
+    std::string reference() const;
+    std::string tag() const;
+    void showAmount();
+    std::string foreignText() const;
+    std::string accountText() const;
+    void placeAmounts(Control& debit, Control& credit) const;
+    float accountWidth() const { return m_bDisplayForeignCurrency ? 2610.0F : 3330.0F; }
+
+    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
+    Label& lblDateFromDateTo = label("lblDateFromDateTo");
+    Label& lblSourceCap = label("lblSourceCap");
+    Label& lbldateCap = label("lbldateCap");
+    Label& lblNoDocCap = label("lblNoDocCap");
+    Label& lblAcctCap = label("lblAcctCap");
+    Label& lblCurrencyCap = label("lblCurrencyCap");
+    Label& lblDebitCap = label("lblDebitCap");
+    Label& lblCreditCap = label("lblCreditCap");
+    Label& lblProjCap = label("lblProjCap");
+    Field& txtSource = field("txtSource");
+    Field& fldDetDate = field("fldDetDate");
+    Field& txtDetRef = field("txtDetRef");
+    Field& fldDetDescr = field("fldDetDescr");
+    Field& lblAcctIdDescr = field("lblAcctIdDescr");
+    Field& txtCurrency = field("txtCurrency");
+    Field& txtDebit = field("txtDebit");
+    Field& txtCredit = field("txtCredit");
+    Field& txtProjId = field("txtProjId");
+    DataControl& rsInvoiJournal = data("rsInvoiJournal");
+    Label& lblEstEgalA = label("lblEstEgalA");
+    Field& txtDebitTotal = field("txtDebitTotal");
+    Field& txtCreditTotal = field("txtCreditTotal");
+    Field& txtDebitGrandTotal = field("txtDebitGrandTotal");
+    Field& txtCreditGrandTotal = field("txtCreditGrandTotal");
+    Field& txtEndTotal = field("txtEndTotal");
+    SubReport& dsrCashReceiptsDetailSubreport = subReport("dsrCashReceiptsDetailSubreport");
+
+    std::unique_ptr<Command> m_distributionCommand;
+    DebitCredit m_subtotal;  // of the current sequence
+    DebitCredit m_grandTotal;
+    int m_lngCurrentSeqNo = 0;
+    int m_lngHomeCurrencyId = 0;
+    bool m_bUsesProjects = false;
+    bool m_bRowIsForeign = false;
+    int m_lngRowCurrencyId = 0;  // the home currency when the row is not foreign
+    Money m_curRowRate;
+};
+
+}  // namespace quillo

@@ -1,0 +1,72 @@
+#include "reports/cash_receipts/dsrCashReceiptsDetailSubreport.h"
+
+#include "framework/run_frame.h"
+
+namespace quillo {
+
+dsrCashReceiptsDetailSubreport::dsrCashReceiptsDetailSubreport(HostContext& context)
+    : Report("dsrCashReceiptsDetailSubreport", context) {
+    property("ExGLAcctId", ExGLAcctId);
+    onFormat("ReportHeader", &dsrCashReceiptsDetailSubreport::ReportHeader_Format);
+    onFormat("ghGLAcct", &dsrCashReceiptsDetailSubreport::ghGLAcct_Format);
+    onFormat("Detail", &dsrCashReceiptsDetailSubreport::Detail_Format);
+    onFormat("gfGLAcct", &dsrCashReceiptsDetailSubreport::gfGLAcct_Format);
+    onFormat("ReportFooter", &dsrCashReceiptsDetailSubreport::ReportFooter_Format);
+    hideAccountNumbers();
+}
+
+// A company that does not use account numbers sees the descriptions in their place.
+void dsrCashReceiptsDetailSubreport::hideAccountNumbers() {
+    if (Variant(context().company().GetParameter("UseAccountNumbers", "True")).toBool()) return;
+    lblCompteCap.Visible = fldAccount.Visible = false;
+    const auto moveOver = [](Control& description, const Control& account) {
+        description.Width += description.Left - account.Left;
+        description.Left = account.Left;
+    };
+    moveOver(lblDescrCap, lblCompteCap);
+    moveOver(fldDescr, fldAccount);
+}
+
+void dsrCashReceiptsDetailSubreport::ActiveReport_ReportStart() {
+    m_grandTotal = {};
+    STEP(context().localizer().Translate(*this));
+}
+
+void dsrCashReceiptsDetailSubreport::ReportHeader_Format() {
+    m_grandTotal = {};
+}
+
+void dsrCashReceiptsDetailSubreport::ghGLAcct_Format() {
+    m_account = {};
+}
+
+void dsrCashReceiptsDetailSubreport::Detail_Format() {
+    if (rsInvoiJournal.atEnd()) return;
+    STEP(addAmount());
+}
+
+// Sums what is stored, unlike the body, which sums rounded amounts: meant, an account shows its books.
+void dsrCashReceiptsDetailSubreport::addAmount() {
+    const Money amount = rsInvoiJournal.Collect("DetAmnt").moneyOrZero();
+    if (amount.isZero()) {
+        LayoutAction = LayoutActions::dropRow;
+    } else {
+        m_account.add(amount);
+    }
+}
+
+void dsrCashReceiptsDetailSubreport::gfGLAcct_Format() {
+    const LocaleFormat& locale = context().locale();
+    DebitCredit net;
+    STEP(net = m_account.net());
+    STEP(txtTotalDebit.Text = net.debit.isZero() ? "" : locale.currency(net.debit));
+    STEP(txtTotalCredit.Text = net.credit.isZero() ? "" : locale.currency(net.credit));
+    STEP(m_grandTotal.add(net));
+}
+
+void dsrCashReceiptsDetailSubreport::ReportFooter_Format() {
+    STEP(txtGrTotalDebit.Text = context().locale().currency(m_grandTotal.debit));
+    STEP(txtGrTotalCredit.Text = context().locale().currency(m_grandTotal.credit));
+}
+
+}  // namespace quillo
