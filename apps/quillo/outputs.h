@@ -9,7 +9,7 @@
 #include "framework/engine/page.h"
 #include "framework/values/date.h"
 #include "output/page_frame.h"
-#include "output/text_shaper.h"
+#include "output/shaper.h"
 
 namespace quillo::app {
 

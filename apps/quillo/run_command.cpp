@@ -16,6 +16,7 @@
 #include "framework/values/names.h"
 #include "host/filter/filter_tool.h"
 #include "host/session/host_session.h"
+#include "output/shaper.h"
 #include "output/text_measure.h"
 
 namespace quillo::app {
@@ -246,7 +247,8 @@ private:
     }
 
     int print() {
-        const auto shaper = std::make_shared<TextShaper>();
+        // A character that no font has is told once and prints as a box.
+        const auto shaper = makeTextShaper([this](const std::string& failure) { messages_.Show(failure); });
         FontMeasure measure(shaper);
         const auto sink = openOutput(outputRequest(shaper), console_);
         ProgressLine line(console_);

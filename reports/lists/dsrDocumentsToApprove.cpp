@@ -107,7 +107,7 @@ void dsrDocumentsToApprove::gfCurrency_Format() {
 }
 
 void dsrDocumentsToApprove::ReportFooter_Format() {
-    STEP(txtGrandTotal.Visible = Label6.Visible = !m_bDisplayForeignCurrency);
+    STEP(txtGrandTotal.Visible = Label6.Visible = Label11.Visible = !m_bDisplayForeignCurrency);
     STEP(txtGrandTotal.Text = locale().currency(m_amounts.grandTotal()));
     STEP(setEndLine(lblEnd, 7633));
 }

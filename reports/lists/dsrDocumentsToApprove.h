@@ -40,6 +40,7 @@ private:
     Field& txtType = field("txtType");
     Field& txtCurrencyTotal = field("txtCurrencyTotal");
     Label& Label6 = label("Label6");
+    Label& Label11 = label("Label11");
     Field& txtGrandTotal = field("txtGrandTotal");
     Label& lblEnd = label("lblEnd");
 

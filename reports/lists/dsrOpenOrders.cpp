@@ -106,7 +106,7 @@ void dsrOpenOrders::gfCurrency_Format() {
 
 void dsrOpenOrders::ReportFooter_Format() {
     // A sum over several currencies means nothing.
-    STEP(txtGrandTotal.Visible = Label6.Visible = !m_bDisplayForeignCurrency);
+    STEP(txtGrandTotal.Visible = Label6.Visible = Label11.Visible = !m_bDisplayForeignCurrency);
     STEP(txtGrandTotal.Text = locale().currency(m_amounts.grandTotal()));
     STEP(setEndLine(lblEnd, 5860));
 }

@@ -40,6 +40,7 @@ private:
     DataControl& rsOrder = data("rsOrder");
     Field& txtCurrencyTotal = field("txtCurrencyTotal");
     Label& Label6 = label("Label6");
+    Label& Label11 = label("Label11");
     Field& txtGrandTotal = field("txtGrandTotal");
     Label& lblEnd = label("lblEnd");
 
