@@ -112,7 +112,7 @@ void SqliteItemCosts::readStandardCosts() {
 void SqliteItemCosts::readComponents() {
     sqlite::Statement rows(database_, "SELECT ExItemId, ExComponentItemId, Qty FROM ItemComponent");
     while (rows.step())
-        if (Item* const item = find(rows.integer(0)); item != nullptr && item->isKit)
+        if (Item* const item = find(rows.integer(0)))
             item->components.push_back({static_cast<int>(rows.integer(1)), rows.real(2)});
 }
 

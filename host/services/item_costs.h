@@ -29,7 +29,7 @@ private:
     using Steps = std::vector<CostStep>;  // by day, the last of a day in force
     struct Component {
         int itemId;
-        double quantity;  // for one unit of the kit
+        double quantity;  // for one unit
     };
     struct Item {
         std::string code;

@@ -10,14 +10,16 @@ namespace quillo {
 namespace {
 
 // 1 goods that move; 2 goods with standard costs alone; 3 a kit of both; 4 a kit with that kit; 5 and 6 kits of each
-// other; 7 a service; 8 goods whose first movement tells its costs; 9 a kit of nothing. Movements stand against their
-// days.
+// other; 7 a service; 8 goods whose first movement tells its costs; 9 a kit of nothing; 10 a kit of 3 and 4. Movements
+// stand against their days.
 const char* const stock =
     "INSERT INTO Item (InItemId, ItemId, Servc, IsKit) VALUES (1, 'A', 0, 0), (2, 'B', NULL, NULL), (3, 'K', 0, 1),"
-    " (4, 'KK', 0, 1), (5, 'LOOP', 0, 1), (6, 'POOL', 0, 1), (7, 'HOUR', 1, 0), (8, 'C', 0, 0), (9, 'NONE', 0, 1);"
+    " (4, 'KK', 0, 1), (5, 'LOOP', 0, 1), (6, 'POOL', 0, 1), (7, 'HOUR', 1, 0), (8, 'C', 0, 0), (9, 'NONE', 0, 1), "
+    "(10, 'PAIR', 0, 1);"
     "INSERT INTO ItemCost VALUES (1, '2024-01-01', 4.5), (2, '2024-01-01', 10), (2, '2024-02-01', 12), (2, "
     "'2024-03-01', NULL);"
-    "INSERT INTO ItemComponent VALUES (3, 1, 2), (3, 2, 0.5), (4, 3, 1), (4, 2, 3), (5, 6, 1), (6, 5, 1), (1, 2, 1);"
+    "INSERT INTO ItemComponent VALUES (3, 1, 2), (3, 2, 0.5), (4, 3, 1), (4, 2, 3), (5, 6, 1), (6, 5, 1), (10, 3, 1), "
+    "(10, 4, 1), (1, 2, 1);"
     "INSERT INTO InvenDet (InTrxId, ExItemId, DetDate, Source, Qty, CostAmnt) VALUES"
     " (1, 1, '2024-01-02', 'INV', -1, NULL), (2, 1, '2024-01-10', 'ADJ', 12, 66), (3, 1, '2024-01-20', 'PUR', 6, 48),"
     " (4, 1, '2024-01-20', 'INV', -2, NULL), (5, 1, '2024-02-01', 'INV', 1, 6.65), (6, 1, '2024-02-10', 'PUR', 3, 22),"
@@ -45,7 +47,7 @@ constexpr Cost costs[] = {
     {1, "9999-12-31", "4", "4"},      {2, "2024-01-31", "10", "10"},         {2, "2024-05-01", "12", "12"},
     {3, "2023-12-31", "0", "0"},      {3, "2024-01-31", "18.5", "21"},       {3, "2024-02-10", "19.7358", "20.6666"},
     {4, "2024-01-31", "48.5", "51"},  {7, "2024-01-31", "0", "0"},           {8, "2024-01-11", "5.1", "5.05"},
-    {8, "2024-01-12", "5.46", "6"},   {9, "2024-01-31", "0", "0"},
+    {8, "2024-01-12", "5.46", "6"},   {9, "2024-01-31", "0", "0"},           {10, "2024-01-31", "67", "72"},
 };
 
 TEST(ItemCosts, FollowTheMovementsByEitherMethod) {
@@ -88,10 +90,15 @@ TEST(ItemCosts, AreKeptUntilToldToForget) {
     const auto cost = [&] { return service.ItemCost(2, day, 0, 0, true).toText(); };
     service.setCached(true);
     EXPECT_EQ(cost(), "12");
-    sqlite::Database(session.company.path(), sqlite::Open::readWrite).execute("UPDATE ItemCost SET UnitCost = 15");
+    sqlite::Database file(session.company.path(), sqlite::Open::readWrite);
+    file.execute("UPDATE ItemCost SET UnitCost = 15");
     EXPECT_EQ(cost(), "12");
     service.setCached(true);
     EXPECT_EQ(cost(), "15");
+    service.setCached(false);
+    EXPECT_EQ(cost(), "15");
+    file.execute("UPDATE ItemCost SET UnitCost = 16");
+    EXPECT_EQ(cost(), "16");
 }
 
 // Over all items that moved, at four days.
