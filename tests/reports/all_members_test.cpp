@@ -55,7 +55,6 @@ TEST(AllMembers, RunOnADemoCompany) {
 
 TEST(AllMembers, HaveARowInTheDocuments) {
     const fs::path page = fs::path(QUILLO_SOURCE) / "docs/reports.md";
-    if (!fs::exists(page)) GTEST_SKIP() << "there is no page of the reports yet";
     std::ifstream file(page, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     for (const clsReport::Member& member : clsReport::members()) {
