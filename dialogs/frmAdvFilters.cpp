@@ -23,7 +23,14 @@ frmAdvFilters::frmAdvFilters(HostContext& context)
              boxFor("chkIncludeZeroOrders", Option::includeZeroOrders),
              boxFor("chkIncludePaiementReceipt", Option::includePaymentReceipt),
              boxFor("chkIncludeKit", Option::includeKit),
-             boxFor("chkIncludeKitComponent", Option::includeKitComponent)} {}
+             boxFor("chkIncludeKitComponent", Option::includeKitComponent)} {
+    Form_Load();
+}
+
+// What the window adds around its inside.
+void frmAdvFilters::Form_Load() {
+    m_sngBorder = Height - ScaleHeight;
+}
 
 void frmAdvFilters::showFailure(std::string_view description, std::string_view procedure, int line) const {
     context_.messages().Show(std::string(description) + "\r\nin Quillo.frmAdvFilters." + std::string(procedure) +

@@ -37,6 +37,7 @@ public:
     std::vector<CheckBox*> checkBoxes() override;
 
 private:
+    void Form_Load();
     void SetProperties(int Mask);
     void SetCheckBox(CheckBox& box, bool shown);
     void TranslateForm(int CaptionId);
@@ -46,8 +47,8 @@ private:
     HostContext& context_;
     Application* m_objApplication = nullptr;
     std::array<CheckBox, 6> boxes_;
-    int m_lngTop = 0;         // the next free top, twips
-    float m_sngBorder = 360;  // outer height less inner height
+    int m_lngTop = 0;       // the next free top, twips
+    float m_sngBorder = 0;  // outer height less inner height
     bool visible_ = false;
 };
 

@@ -24,8 +24,8 @@ struct CommandButton {
 struct DialogForm {
     virtual ~DialogForm() = default;
     std::string Caption;
-    float ScaleWidth = 4500, ScaleHeight = 0;  // inner size
-    float Height = 0;                          // outer height
+    float ScaleWidth = 4500, ScaleHeight = 2640;  // inner size
+    float Height = 3000;                          // outer height
     CommandButton cmdOk;
     virtual std::vector<CheckBox*> checkBoxes() = 0;
 };
