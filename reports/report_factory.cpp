@@ -6,6 +6,7 @@
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
 #include "reports/cash_receipts/dsrCashReceiptsDetail.h"
+#include "reports/cash_receipts/dsrCashReceiptsSummary.h"
 #include "reports/lists/dsrCustCustomFieldList.h"
 #include "reports/lists/dsrCustList.h"
 #include "reports/lists/dsrCustListShipAddr.h"
@@ -52,7 +53,7 @@ clsReport::Object clsReport::SalesBySalesPersonSummary() {
     return missing("SalesBySalesPersonSummary", "dsrSalesBySalesPersonSummary");
 }
 clsReport::Object clsReport::CashReceiptsSummary() {
-    return missing("CashReceiptsSummary", "dsrCashReceiptsSummary");
+    return create<dsrCashReceiptsSummary>("CashReceiptsSummary");
 }
 clsReport::Object clsReport::CashReceiptsDetail() {
     return create<dsrCashReceiptsDetail>("CashReceiptsDetail");
@@ -209,7 +210,7 @@ constexpr clsReport::Member catalogue[] = {
     MEMBER(ExpectedAndExceededPmtByCustDet, dsrExpectAndExceedPmtByCust, toCome),
     MEMBER(SalesBySalesPersonGraph, dsrSalesBySalesPersonGraph, toCome),
     MEMBER(SalesBySalesPersonSummary, dsrSalesBySalesPersonSummary, toCome),
-    MEMBER(CashReceiptsSummary, dsrCashReceiptsSummary, toCome),
+    MEMBER(CashReceiptsSummary, dsrCashReceiptsSummary, written),
     MEMBER(CashReceiptsDetail, dsrCashReceiptsDetail, written),
     clsReport::Member{"OpenOrders", "dsrOpenOrders", "lngInvType",
                       [](clsReport& factory) { return factory.OpenOrders(51); }, written},

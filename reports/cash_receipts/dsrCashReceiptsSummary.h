@@ -1,0 +1,106 @@
+#pragma once
+
+#include "framework/run_frame.h"
+#include "reports/cash_receipts/payment_methods.h"
+
+namespace quillo {
+
+class dsrCashReceiptsGLSubReport;
+class dsrCashReceiptsPmtSubReport;
+
+// The cash receipts of a period, a line a transaction, with the total of each payment method at the end: sales paid
+// on the spot, customer payments, tax transactions and deposits. With foreign display a part a currency.
+class dsrCashReceiptsSummary final : public SegmentReport {
+public:
+    explicit dsrCashReceiptsSummary(HostContext& context);
+    ~dsrCashReceiptsSummary() override;
+
+    bool IsWithPayments = false;  // shows what each payment settled, and the ledger lines of each transaction
+
+    std::string IReport_ReportTitle() override;
+
+private:
+    // What a transaction came to.
+    struct Receipt {
+        Money amount, discount;
+        Money rate = Money::fromInteger(1);
+        bool showLedger = false, showPayments = false;
+    };
+    struct MethodQuery;
+
+    int titleId() const override { return IsWithPayments ? 7615 : 6326; }
+    void ActiveReport_ReportStart() override;
+    void PageHeader_Format();
+    void ghCurrency_Format();
+    void Detail_Format();
+    void gfCurrency_Format();
+    void ReportFooter_Format();
+
+    std::string mainQuery() const;
+    std::string ledgerBranch() const;
+    std::string depositsBranch() const;
+    std::string segmentList(std::string_view opening) const;
+    void createSubReports();
+    int rowCurrency() const { return rsCashDisbJournal.Collect("ExCurrencyId").int32OrZero(); }
+    void enterCurrency();
+    void leaveCurrency();
+    std::unique_ptr<HostRecordset> lookUp(const std::string& sql) const;
+    void readPayment(Receipt& receipt);
+    void fillPayments(Receipt& receipt);
+    void readMethods(Receipt& receipt, const MethodQuery& query);
+    void fillLedger(const Receipt& receipt);
+    std::shared_ptr<Recordset> subQuery(const std::string& sql, const Variant& value);
+    template <class RowReport>
+    void tellRow(RowReport& target, const Receipt& receipt) const;
+    void addToTotals(const Receipt& receipt);
+    void SetDictionary(const std::string& key, const clsPmtMeth& method);
+    static void ClearCommandParam(Command& command);
+    void SetSubReportsControlsState(bool showLedger, bool showPayments);
+    void placeLedger(float top);
+    void giveMethods(SubReport& control) const;
+
+    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
+    Label& lblDateFromDateTo = label("lblDateFromDateTo");
+    Label& lblDateCap = label("lblDateCap");
+    Label& lblNoDocCap = label("lblNoDocCap");
+    Label& lblSourceCap = label("lblSourceCap");
+    Label& lblReferenceCap = label("lblReferenceCap");
+    Label& lblAmountCap = label("lblAmountCap");
+    Label& lblEscompteCap = label("lblEscompteCap");
+    Label& lblCurrencyName = label("lblCurrencyName");
+    Field& fldDate = field("fldDate");
+    Field& fldDocNo = field("fldDocNo");
+    Field& txtSource = field("txtSource");
+    Field& txtAmount = field("txtAmount");
+    Field& txtDisc = field("txtDisc");
+    Field& fldName = field("fldName");
+    DataControl& rsCashDisbJournal = data("rsCashDisbJournal");
+    Label& lblPaymentApplication = label("lblPaymentApplication");
+    SubReport& dsrCashReceiptsPmtSR = subReport("dsrCashReceiptsPmtSR");
+    Label& lblGLDistribution = label("lblGLDistribution");
+    SubReport& dsrCashReceiptsGLSR = subReport("dsrCashReceiptsGLSR");
+    Label& lblSequence = label("lblSequence");
+    Field& fldSeq = field("fldSeq");
+    Label& lblOffSet = label("lblOffSet");
+    Label& lblForeignTotalCap = label("lblForeignTotalCap");
+    SubReport& dsrForeignCashReceiptsSummarySubReport = subReport("dsrForeignCashReceiptsSummarySubReport");
+    Field& txtForeignTransaction = field("txtForeignTransaction");
+    Field& txtForeignDiscount = field("txtForeignDiscount");
+    Field& txtForeignGrTotal = field("txtForeignGrTotal");
+    SubReport& dsrCashReceiptsSummarySubReport = subReport("dsrCashReceiptsSummarySubReport");
+    Field& txtTransaction = field("txtTransaction");
+    Field& txtDiscount = field("txtDiscount");
+    Field& txtGrTotal = field("txtGrTotal");
+    Label& lblEnd = label("lblEnd");
+
+    std::unique_ptr<Command> m_subQuery;                      // of both sub-reports of a row
+    std::shared_ptr<dsrCashReceiptsPmtSubReport> m_payments;  // made once, filled again for each row
+    std::shared_ptr<dsrCashReceiptsGLSubReport> m_ledger;
+    std::shared_ptr<PaymentMethods> dicPmtMeth;
+    int m_lngCurrentCurrencyId = 0;
+    int m_lngCurrentKey = 0;
+    Money m_curGrandTotal;
+    Money m_curDiscountTotal;
+};
+
+}  // namespace quillo
