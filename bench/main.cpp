@@ -1,4 +1,3 @@
-#include <libdeflate.h>
 #include <unistd.h>
 
 #include <charconv>
@@ -9,7 +8,9 @@
 #include <memory>
 
 #include "apps/quillo/console.h"
-#include "bench/journal_bench.h"
+#include "bench/content_floor.h"
+#include "bench/measure.h"
+#include "bench/report_bench.h"
 #include "framework/engine/engine.h"
 #include "host/database/sqlite_database.h"
 #include "host/database/sqlite_handle.h"
@@ -24,8 +25,6 @@ namespace quillo::bench {
 namespace {
 
 constexpr int rowsInGroup = 4;
-constexpr int rowsOnPage = 34;
-constexpr int level = 1;  // of deflate, the writer's own
 
 constexpr std::string_view journalDesign = R"({
   "name": "Journal",
@@ -146,6 +145,7 @@ class BenchHost final : public HostContext, public Messages {
 public:
     Company& company() override { throw std::logic_error("no company"); }
     std::string GetText(int id) const override { return std::to_string(id); }
+    std::string GetMessage(int, std::string_view, const std::vector<std::string>&) const override { return {}; }
     const LocaleFormat& locale() const override { return format_; }
     const ReportUtils& utils() const override { throw std::logic_error("no utilities"); }
     ReportLocalizer& localizer() override { throw std::logic_error("no localizer"); }
@@ -155,17 +155,6 @@ public:
 
 private:
     LocaleFormat format_;
-};
-
-struct Folder {
-    Folder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "quillo-bench-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        path = pattern;
-    }
-    ~Folder() { std::filesystem::remove_all(path); }
-    std::string path;
-    std::string file(const char* name) const { return path + "/" + name; }
 };
 
 void runJournal(std::shared_ptr<Recordset> rows, PageSink& sink, bool links) {
@@ -206,55 +195,29 @@ long stepQuery(const std::string& path) {
 std::size_t bareLoop(const std::string& path) {
     sqlite::Database database(path, sqlite::Open::readOnly);
     sqlite::Statement rows(database, query);
-    const LocaleFormat locale;
-    const std::unique_ptr<libdeflate_compressor, void (*)(libdeflate_compressor*)> compressor(
-        libdeflate_alloc_compressor(level), libdeflate_free_compressor);
-    std::string content, amount;
-    std::vector<char> packed;
-    std::size_t total = 0;
+    ContentFloor content;
     Money debits, credits;
-    const auto show = [&](int left, int top, std::string_view text) {
-        char number[16];
-        content += "1 0 0 1 ";
-        content.append(number, std::to_chars(number, number + 16, left).ptr);
-        content += ' ';
-        content.append(number, std::to_chars(number, number + 16, top).ptr);
-        content += " Tm (";
-        content += text;
-        content += ") Tj\n";
-    };
-    const auto showAmount = [&](int left, int top, Money value) {
-        amount.clear();
-        locale.appendCurrency(amount, value);
-        show(left, top, amount);
-    };
     for (int row = 0; rows.step(); ++row) {
-        const int top = 700 - row % rowsOnPage * 18;
+        const int top = content.nextLine();
         if (row % rowsInGroup == 0) {
-            show(36, top, locale.shortDate(*Date::parseIso(rows.text(1))));
-            show(100, top, rows.text(2));
+            content.text(36, top, content.locale().shortDate(*Date::parseIso(rows.text(1))));
+            content.text(100, top, rows.text(2));
             debits = credits = Money();
         }
         const Money debit = Money::fromDouble(rows.real(5)), credit = Money::fromDouble(rows.real(6));
         debits += debit, credits += credit;
-        show(56, top, rows.text(3));
-        show(120, top, rows.text(4));
-        showAmount(400, top, debit);
-        showAmount(500, top, credit);
-        if (row % rowsInGroup == rowsInGroup - 1) {
-            showAmount(400, top - 12, debits);
-            showAmount(500, top - 12, credits);
-        }
-        if (row % rowsOnPage != rowsOnPage - 1) continue;
-        packed.resize(libdeflate_zlib_compress_bound(compressor.get(), content.size()));
-        total +=
-            libdeflate_zlib_compress(compressor.get(), content.data(), content.size(), packed.data(), packed.size());
-        content.clear();
+        content.text(56, top, rows.text(3));
+        content.text(120, top, rows.text(4));
+        content.amount(400, top, debit);
+        content.amount(500, top, credit);
+        if (row % rowsInGroup != rowsInGroup - 1) continue;
+        content.amount(400, top - 12, debits);
+        content.amount(500, top - 12, credits);
     }
-    return total;
+    return content.deflated();
 }
 
-int benches(int rounds) {
+int engineBenches(int rounds) {
     const Folder folder;
     constexpr int rows = 200000;
     const std::string database = folder.file("journal.db"), pdf = folder.file("journal.pdf");
@@ -305,7 +268,14 @@ int main(int count, char** values) {
             journalToPdf(values[2], values[3]);
             return 0;
         }
-        return benches(count > 1 ? std::atoi(values[1]) : 5);
+        if (count == 3 && std::strcmp(values[1], "--sales-journal") == 0) {
+            printSalesJournal(values[2]);
+            return 0;
+        }
+        const int rounds = count > 1 ? std::atoi(values[1]) : 5;
+        engineBenches(rounds);
+        reportBenches(rounds);
+        return 0;
     } catch (const std::exception& failure) {
         std::cerr << "bench: " << failure.what() << '\n';
         return 1;

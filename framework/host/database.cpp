@@ -1,26 +1,15 @@
 #include "framework/host/database.h"
 
 #include "framework/values/errors.h"
-#include "framework/values/names.h"
 
 namespace quillo {
-namespace {
-
-int indexOf(const std::vector<std::string>& names, std::string_view name) {
-    for (std::size_t i = 0; i < names.size(); ++i)
-        if (equalNames(names[i], name)) return static_cast<int>(i);
-    return -1;
-}
-
-}  // namespace
-
 int Recordset::find(std::string_view name) const {
-    if (names_.empty())
-        for (int i = 0; i < columnCount(); ++i) names_.emplace_back(columnName(i));
-    int found = indexOf(names_, name);
-    if (const auto point = name.rfind('.'); found < 0 && point != std::string_view::npos)
-        found = indexOf(names_, name.substr(point + 1));
-    return found;
+    if (columns_.empty())
+        for (int i = 0; i < columnCount(); ++i) columns_.try_emplace(std::string(columnName(i)), i);
+    auto found = columns_.find(name);
+    if (const auto point = name.rfind('.'); found == columns_.end() && point != std::string_view::npos)
+        found = columns_.find(name.substr(point + 1));
+    return found == columns_.end() ? -1 : found->second;
 }
 
 ValueView Recordset::view(std::string_view name) const {

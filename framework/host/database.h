@@ -3,8 +3,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
+#include "framework/values/names.h"
 #include "framework/values/variant.h"
 
 // The company database as the reports see it. Names of columns compare without case, and where a
@@ -33,7 +35,8 @@ public:
     ValueView view(std::string_view name) const;
 
 private:
-    mutable std::vector<std::string> names_;  // first use: the columns' names, to search without a virtual call each
+    using Columns = std::unordered_map<std::string, int, NameHash, NameEqual>;
+    mutable Columns columns_;  // made at first use; wide results are asked by name on every row
 };
 
 // Types that HostRecordset::Value is asked for.

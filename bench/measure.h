@@ -1,7 +1,11 @@
 #pragma once
 
+#include <unistd.h>
+
 #include <chrono>
+#include <filesystem>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -21,5 +25,17 @@ void printRow(const std::string& name, const Pair& pair, double aim);
 
 // Peak memory in KiB of this program run again with the arguments.
 long peakMemory(const std::vector<std::string>& arguments);
+
+// A folder for the bench's files, gone with the object.
+struct Folder {
+    Folder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "quillo-bench-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+        path = pattern;
+    }
+    ~Folder() { std::filesystem::remove_all(path); }
+    std::string path;
+    std::string file(const char* name) const { return path + "/" + name; }
+};
 
 }  // namespace quillo::bench

@@ -1,4 +1,4 @@
-#include "bench/journal_bench.h"
+#include "bench/measure.h"
 
 #include <sys/resource.h>
 #include <sys/wait.h>
