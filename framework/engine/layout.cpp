@@ -102,8 +102,9 @@ void place(Control& control, PlacedControl& placed, Arena& arena, RunState& run)
 }
 
 bool isPrinted(const Control& control) {
-    if (control.kind() == ControlKind::dataControl) return false;
-    return control.Visible && control.kind() != ControlKind::pageBreak;
+    if (control.kind() == ControlKind::dataControl || control.kind() == ControlKind::pageBreak) return false;
+    if (control.kind() == ControlKind::subReport && !static_cast<const SubReport&>(control).Object) return false;
+    return control.Visible;
 }
 
 float bottomOf(const PlacedControl& control) {

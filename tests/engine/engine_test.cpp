@@ -297,6 +297,13 @@ TEST(Engine, TheEmptyPageBetweenTwoBreaksCanBeRemovedBehindASubReportOfAnyLength
     }
 }
 
+TEST(Engine, BreaksBeforeASubReportThatWasNotGivenMakeNoPages) {
+    Bench bench;
+    auto report = bench.report(breaking);
+    report->end = [](Sample& r) { EXPECT_FALSE(r.Pages->isEmpty(r.Pages->PageNumber() - 2)); };
+    EXPECT_EQ(bench.run(*report), "-- 1\nReportFooter total\n");
+}
+
 TEST(Engine, SubReportsNestAndRunAnewForEachRow) {
     Bench bench;
     const std::string holder = design(
