@@ -1,11 +1,17 @@
 #pragma once
 
-#include <string>
+#include <optional>
 
 #include "framework/engine/controls.h"
+#include "framework/host/services.h"
 #include "framework/values/locale_format.h"
 
 namespace quillo {
+
+// A document's total in the currency that the list shows, rounded to cents: in home currency by the document's own rate
+// unless foreign display is asked for. Nothing when the document has no total.
+std::optional<Money> documentAmount(const DataControl& row, CurrencyInfo& currencies, int homeCurrencyId,
+                                    bool displayForeign);
 
 // The amounts of a list of documents that is grouped by currency: a total of the current currency and one of all.
 // Only amounts above zero count; the others print as zero, or their row is given up.

@@ -77,17 +77,9 @@ void dsrDocumentsToApprove::ghCurrency_Format() {
     STEP(m_amounts.enterCurrency(rsDocument.Collect("ExCurrencyId").int32OrZero()));
 }
 
-double dsrDocumentsToApprove::factor() {
-    const bool converts = currencies().CieIsForeignCurrencyUsed() &&
-                          rsDocument.Collect("ExCurrencyId").int32OrZero() != m_lngHomeCurrencyId &&
-                          !m_bDisplayForeignCurrency;
-    return converts ? rsDocument.Collect("ExchangeRate").toDouble() : 1.0;
-}
-
 void dsrDocumentsToApprove::showAmount() {
-    const Variant total = rsDocument.Collect("TotAmnt");
-    if (total.isNull()) return;
-    if (!m_amounts.show(roundProduct(total.toMoney(), factor(), 2), m_bIncludeZeroOrders, txtTotAmnt, locale()))
+    const auto amount = documentAmount(rsDocument, currencies(), m_lngHomeCurrencyId, m_bDisplayForeignCurrency);
+    if (amount && !m_amounts.show(*amount, m_bIncludeZeroOrders, txtTotAmnt, locale()))
         LayoutAction = LayoutActions::dropRow;
 }
 

@@ -21,7 +21,6 @@ private:
     void gfCurrency_Format();
     void ReportFooter_Format();
     void ReplacePageHeaderControls();
-    double factor();
     void showAmount();
 
     SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");

@@ -75,18 +75,9 @@ void dsrOpenOrders::ghCurrency_Format() {
     STEP(m_amounts.enterCurrency(rsOrder.Collect("ExCurrencyId").int32OrZero()));
 }
 
-// What an amount is multiplied by: amounts are in home currency unless foreign display is asked for.
-double dsrOpenOrders::factor() {
-    const bool converts = currencies().CieIsForeignCurrencyUsed() &&
-                          rsOrder.Collect("ExCurrencyId").int32OrZero() != m_lngHomeCurrencyId &&
-                          !m_bDisplayForeignCurrency;
-    return converts ? rsOrder.Collect("ExchangeRate").toDouble() : 1.0;
-}
-
 void dsrOpenOrders::showAmount() {
-    const Variant total = rsOrder.Collect("TotAmnt");
-    if (total.isNull()) return;
-    if (!m_amounts.show(roundProduct(total.toMoney(), factor(), 2), m_bIncludeZeroOrders, txtTotAmnt, locale()))
+    const auto amount = documentAmount(rsOrder, currencies(), m_lngHomeCurrencyId, m_bDisplayForeignCurrency);
+    if (amount && !m_amounts.show(*amount, m_bIncludeZeroOrders, txtTotAmnt, locale()))
         LayoutAction = LayoutActions::dropRow;
 }
 
