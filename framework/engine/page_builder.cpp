@@ -51,6 +51,13 @@ void fillPageHeader(BandRun& run) {
     }
 }
 
+// A sub-report that was not given is no reason for a page.
+bool hasContent(const PlacedSection& part) {
+    return std::any_of(part.controls.begin(), part.controls.end(), [](const PlacedControl& control) {
+        return control.info->kind != ControlKind::subReport || !control.sections.empty();
+    });
+}
+
 }  // namespace
 
 PageBuilder::PageBuilder(const Report& report, PageSink& sink, RunState& state)
@@ -191,7 +198,7 @@ void PageBuilder::placeSlices(Section& section, const PlacedSection& placed) {
             return;
         }
         PlacedSection part = slice(placed, from, last ? placed.height : breaks[i], last, arena());
-        if (!part.controls.empty()) placePiece(section, part);
+        if (hasContent(part)) placePiece(section, part);
         if (last) break;
         from = breaks[i];
         ++breaks_;
