@@ -241,6 +241,7 @@ TEST(SalesJournalDetail, ACancelledFilterAsksTheDatabaseNothing) {
     EXPECT_EQ(result.sql, Texts{});
     EXPECT_EQ(result.boxes, Texts{});
     EXPECT_EQ(result.texts("lblSource"), Texts{});
+    EXPECT_EQ(result.pageCount(), 1U);
     EXPECT_EQ(result.only("lblAcctCap"), "Compte du GL") << "a cancelled run is not translated";
 }
 
