@@ -266,10 +266,12 @@ int main(int count, char** values) {
     try {
         if (count == 4 && std::strcmp(values[1], "--to-pdf") == 0) {
             journalToPdf(values[2], values[3]);
+            printPeakMemory();
             return 0;
         }
         if (count == 3 && std::strcmp(values[1], "--sales-journal") == 0) {
             printSalesJournal(values[2]);
+            printPeakMemory();
             return 0;
         }
         const int rounds = count > 1 ? std::atoi(values[1]) : 5;

@@ -25,6 +25,8 @@ void printRow(const std::string& name, const Pair& pair, double aim);
 
 // Peak memory in KiB of this program run again with the arguments.
 long peakMemory(const std::vector<std::string>& arguments);
+// What a program that is run so ends with.
+void printPeakMemory();
 
 // A folder for the bench's files, gone with the object.
 struct Folder {
