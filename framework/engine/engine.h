@@ -36,7 +36,8 @@ enum class RunEnd { done, stopped };
 // - A design with a data control and no recordset gives no detail; one without data control and without
 //   fetchData gives one; with fetchData one a fetch until it says end.
 // - A row dropped by LayoutAction 4 prints nothing and adds to no engine sum.
-// - Controls that grow push down what stands below them. A section that does not fit moves to the next
+// - Controls that grow push down what stands below them. A section with a sub-report grows to hold it and what stands
+//   beside it, also when its height was set lower. A section that does not fit moves to the next
 //   page; one higher than a page, or not kept together, is split. A page on which nothing can be placed
 //   ends the run with an EngineError that names report and section.
 // - Of the finished pages two are held back, and those behind a page that is empty, for

@@ -145,6 +145,7 @@ PlacedSection layOut(Section& section, float width, Arena& arena, RunState& run)
         std::count_if(section.controls.begin(), section.controls.end(), [](const auto& c) { return isPrinted(*c); }));
     const auto controls = arena.array<PlacedControl>(count);
     std::vector<Growth> growths;
+    bool holdsReport = false;  // a section grows to hold the whole of its sub-reports and what stands beside them
     float oldBottom = 0;
     std::size_t next = 0;
     for (const auto& control : section.controls) {
@@ -155,12 +156,13 @@ PlacedSection layOut(Section& section, float width, Arena& arena, RunState& run)
         oldBottom = std::max(oldBottom, placed.top + height);
         if (placed.height > height && control->kind() != ControlKind::line)
             growths.push_back({placed.top, placed.top + height, placed.height - height});
+        holdsReport = holdsReport || control->kind() == ControlKind::subReport;
     }
     PlacedSection placed;
     placed.info = section.placedInfo;
     placed.width = width;
     placed.height = section.Height;
-    if (!growths.empty()) pushDown(placed, controls, growths, oldBottom);
+    if (!growths.empty() || holdsReport) pushDown(placed, controls, growths, oldBottom);
     placed.controls = controls;
     return placed;
 }

@@ -331,6 +331,24 @@ TEST(Engine, SubReportsNestAndRunAnewForEachRow) {
               "Detail@1500+1000 2@0 [Detail@0+1000 [Detail@0+450 20@0 | Detail@450+450 21@0] []]\n");
 }
 
+TEST(Engine, ASectionSetTooLowGrowsToHoldItsSubReportAndWhatStandsBeside) {
+    Bench bench;
+    auto report = bench.report(design(
+        section("Detail", "detail", 100,
+                R"({"kind": "SubReport", "name": "sub", "top": 100, "width": 3000, "height": 900},)"
+                R"({"kind": "Label", "name": "beside", "top": 800, "width": 100, "height": 400, "caption": "b"},)" +
+                    std::string(dataControl))));
+    auto inner = bench.report(lines);
+    inner->start = [](Sample& r) { r.dataControl()->Recordset = Bench::rows({"L"}, {{1}}); };
+    report->subReport("sub").Object = inner;
+    report->dataControl()->Recordset = Bench::rows({"V"}, {{1}, {2}});
+    report->section("Detail").Format = [&] {
+        if (report->dataControl()->Collect("V").toInt32() == 2)
+            report->subReport("sub").Visible = report->label("beside").Visible = false;
+    };
+    EXPECT_EQ(bench.run(*report, true), "-- 1\nDetail@500+1200 [Detail@0+450 1@0] b@800\nDetail@1700+100\n");
+}
+
 TEST(Engine, AHeaderThatItsRowsUnderlayAndTheFooterBelowBoth) {
     Bench bench;
     auto report = bench.report(
