@@ -18,21 +18,34 @@ public:
         if (ActiveConnection != connectionString_)
             throw DatabaseError("The command has no connection to the company's database");
         connection_->trace(CommandText, Parameters);
-        // A recordset that still walks the statement keeps it to itself.
-        if (query_ == nullptr || text_ != CommandText || query_.use_count() > 1) {
-            query_.reset();
-            query_ = std::make_shared<SqliteQuery>(connection_, CommandText);
-            text_ = CommandText;
-        }
-        query_->bind(Parameters);
-        return std::make_shared<SqliteRecordset>(query_, CommandTimeout);
+        const auto query = compiled();
+        query->bind(Parameters);
+        return std::make_shared<SqliteRecordset>(query, CommandTimeout);
     }
 
 private:
+    struct Compiled {
+        std::string text;
+        std::shared_ptr<SqliteQuery> query;
+    };
+
+    // The last statements stay compiled, because a report may alternate between a few. A recordset that still walks
+    // its statement keeps it to itself.
+    std::shared_ptr<SqliteQuery> compiled() {
+        constexpr std::size_t most = 4;
+        const auto known = std::find_if(compiled_.begin(), compiled_.end(), [this](const Compiled& one) {
+            return one.query.use_count() == 1 && one.text == CommandText;
+        });
+        if (known != compiled_.end()) return known->query;
+        auto query = std::make_shared<SqliteQuery>(connection_, CommandText);
+        if (compiled_.size() == most) compiled_.erase(compiled_.begin());
+        compiled_.push_back({CommandText, query});
+        return query;
+    }
+
     std::shared_ptr<SqliteConnection> connection_;
     std::string connectionString_;
-    std::string text_;
-    std::shared_ptr<SqliteQuery> query_;
+    std::vector<Compiled> compiled_;
 };
 
 bool hasMark(std::string_view text) {

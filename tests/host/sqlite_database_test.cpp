@@ -155,6 +155,38 @@ TEST_F(SqliteDatabaseTest, RecordsetsOfOneCommandWalkByThemselvesAndOutliveTheDa
 
 const char* const endless = "WITH RECURSIVE N(X) AS (SELECT 1 UNION ALL SELECT X + 1 FROM N) SELECT MAX(X) FROM N";
 
+// Runs of the statements that are compiled on a connection, each with how often it ran.
+std::vector<int> runsOfStatements(sqlite3* connection) {
+    std::vector<int> runs;
+    for (auto* at = sqlite3_next_stmt(connection, nullptr); at != nullptr; at = sqlite3_next_stmt(connection, at))
+        runs.push_back(sqlite3_stmt_status(at, SQLITE_STMTSTATUS_RUN, 0));
+    std::sort(runs.begin(), runs.end());
+    return runs;
+}
+
+TEST_F(SqliteDatabaseTest, ACommandThatAlternatesBetweenTextsCompilesEachOnce) {
+    const auto command = database_->newCommand();
+    command->ActiveConnection = database_->ConnectionString();
+    const auto ask = [&](const char* text, int id) {
+        command->CommandText = text;
+        command->Parameters = {id};
+        return command->Execute();
+    };
+    const char* code = "SELECT Code FROM T WHERE Id = ?";
+    const char* amount = "SELECT Amount FROM T WHERE Id = ?";
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(ask(code, 1 + round % 2)->view("Code").toText(), round % 2 == 0 ? "A1" : "a2");
+        EXPECT_EQ(ask(amount, 1)->view("Amount").toText(), "12.34");
+    }
+    EXPECT_EQ(runsOfStatements(database_->handle().get()), (std::vector<int>{3, 3}));
+    // A row that is still read keeps its own statement.
+    const auto held = ask(code, 1);
+    EXPECT_EQ(ask(code, 2)->view("Code").toText(), "a2");
+    EXPECT_EQ(held->view("Code").toText(), "A1");
+    for (int id = 0; id < 20; ++id) ask(("SELECT " + std::to_string(id) + " FROM T WHERE Id = ?").c_str(), 1);
+    EXPECT_LE(runsOfStatements(database_->handle().get()).size(), 5U) << "only the last few stay, and the held one";
+}
+
 TEST_F(SqliteDatabaseTest, ALongQueryCanBeStopped) {
     std::atomic<bool> stop = false;
     database_->setStopFlag(&stop);
