@@ -251,15 +251,16 @@ void dsrCashReceiptsSummary::fillPayments(Receipt& receipt) {
     receipt.showPayments = receipt.showLedger = true;
 }
 
-// A receipt without any method falls under "Other", and shows no ledger lines even with payments: meant, there is
-// nothing to explain about it.
+// What came in without a method falls under "Other". A receipt of which nothing is recorded shows no ledger lines even
+// with payments, meant: there is nothing to explain its amount by.
 void dsrCashReceiptsSummary::readMethods(Receipt& receipt, const MethodQuery& query) {
     auto methods = lookUp(query.text);
     if (!methods->hasRows() && query.otherwise != nullptr) methods = lookUp(query.otherwise);
     if (!methods->hasRows()) return SetDictionary(GetText(2369), {receipt.amount});
     for (; !methods->atEnd(); methods->MoveNext()) {
+        const Variant method = methods->Value("PmtMeth", ValueType::text);
         const Money total = methods->Value("TotAmnt", ValueType::currency).toMoney();
-        SetDictionary(methods->Value("PmtMeth", ValueType::text).textOrEmpty(),
+        SetDictionary(method.isNull() ? GetText(2369) : method.toText(),
                       {m_bDisplayForeignCurrency ? total : total * receipt.rate});
     }
     receipt.showLedger = IsWithPayments;
