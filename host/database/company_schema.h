@@ -8,4 +8,4 @@ namespace quillo {
 // company starts with, and its version in PRAGMA user_version.
 std::string_view companySchema();
 
-}
+}  // namespace quillo

@@ -13,9 +13,12 @@ void check(sqlite3* handle, int code) {
 
 int flagsOf(Open mode) {
     switch (mode) {
-        case Open::readOnly: return SQLITE_OPEN_READONLY;
-        case Open::readWrite: return SQLITE_OPEN_READWRITE;
-        case Open::create: return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+        case Open::readOnly:
+            return SQLITE_OPEN_READONLY;
+        case Open::readWrite:
+            return SQLITE_OPEN_READWRITE;
+        case Open::create:
+            return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     }
     return SQLITE_OPEN_READONLY;
 }
@@ -24,13 +27,16 @@ int flagsOf(Open mode) {
 
 Database::Database(const std::string& path, Open mode) {
     sqlite3* handle = nullptr;
-    const int code = sqlite3_open_v2(path.c_str(), &handle, flagsOf(mode) | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int code =
+        sqlite3_open_v2(path.c_str(), &handle, flagsOf(mode) | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     handle_.reset(handle);
     if (code != SQLITE_OK) fail(handle, code);
     registerCollation(handle);
 }
 
-void Database::execute(const char* sql) { check(get(), sqlite3_exec(get(), sql, nullptr, nullptr, nullptr)); }
+void Database::execute(const char* sql) {
+    check(get(), sqlite3_exec(get(), sql, nullptr, nullptr, nullptr));
+}
 
 std::int64_t Database::integer(const std::string& sql) {
     Statement statement(*this, sql);
@@ -70,7 +76,9 @@ bool Statement::step() {
     return false;
 }
 
-void Statement::reset() { sqlite3_reset(get()); }
+void Statement::reset() {
+    sqlite3_reset(get());
+}
 
 void Statement::run() {
     while (step()) {
