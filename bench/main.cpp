@@ -123,14 +123,13 @@ private:
 class Journal final : public Report {
 public:
     Journal(HostContext& context, std::shared_ptr<Recordset> rows, bool links)
-        : Report("Journal", context, journalDesign), links_(links) {
+        : Report("Journal", context, journalDesign) {
         dataControl()->Recordset = std::move(rows);
         if (links) onFormat("Detail", &Journal::Detail_Format);
     }
 
 private:
     void Detail_Format() { field("fldAcct").Hyperlink.assign("INV|").append(std::to_string(++key_)); }
-    bool links_;
     int key_ = 0;
 };
 

@@ -102,9 +102,7 @@ void place(Control& control, PlacedControl& placed, Arena& arena, RunState& run)
 }
 
 bool isPrinted(const Control& control) {
-    if (control.kind() == ControlKind::dataControl || control.kind() == ControlKind::pageBreak) return false;
-    if (control.kind() == ControlKind::subReport && !static_cast<const SubReport&>(control).Object) return false;
-    return control.Visible;
+    return control.Visible && control.kind() != ControlKind::dataControl && control.kind() != ControlKind::pageBreak;
 }
 
 float bottomOf(const PlacedControl& control) {
