@@ -23,6 +23,7 @@ dsrCashReceiptsDetail::dsrCashReceiptsDetail(HostContext& context)
 void dsrCashReceiptsDetail::ActiveReport_ReportStart() {
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(m_bUsesProjects = MUtils::HasUnknownProject(context()));
+    STEP(m_bAccountNumbers = usesAccountNumbers());
     if (!askFilter(m_bUsesProjects ? "GLDet, GLAcct, ProjInfo, WorldCurrency" : "GLDet, GLAcct, WorldCurrency", false))
         return;
     STEP(rsInvoiJournal.Recordset = execute(journalQuery(), queryValues()));
@@ -177,7 +178,7 @@ void dsrCashReceiptsDetail::showAmount() {
 
 std::string dsrCashReceiptsDetail::accountText() const {
     const std::string description = rsInvoiJournal.Collect("GLAcctDescr").textOrEmpty();
-    return usesAccountNumbers() ? rsInvoiJournal.Collect("GLAcctId").textOrEmpty() + " - " + description : description;
+    return m_bAccountNumbers ? rsInvoiJournal.Collect("GLAcctId").textOrEmpty() + " - " + description : description;
 }
 
 // Prints whatever the row's own currency, meant: a foreign amount on a home-currency row is a slip to be seen.

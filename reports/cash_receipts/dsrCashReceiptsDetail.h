@@ -73,6 +73,7 @@ private:
     int m_lngCurrentSeqNo = 0;
     int m_lngHomeCurrencyId = 0;
     bool m_bUsesProjects = false;
+    bool m_bAccountNumbers = true;  // asked for once, not for each line
     bool m_bRowIsForeign = false;
     int m_lngRowCurrencyId = 0;  // the home currency when the row is not foreign
     Money m_curRowRate;

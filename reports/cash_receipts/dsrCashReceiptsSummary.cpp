@@ -1,53 +1,12 @@
 #include "reports/cash_receipts/dsrCashReceiptsSummary.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "framework/drill_tags.h"
 #include "reports/cash_receipts/dsrCashReceiptsGLSubReport.h"
 #include "reports/cash_receipts/dsrCashReceiptsPmtSubReport.h"
 #include "reports/cash_receipts/dsrCashReceiptsSummarySubReport.h"
+#include "reports/cash_receipts/receipt_queries.h"
 
 namespace quillo {
-
-// How the money of a document came in, by the source of its posting.
-struct dsrCashReceiptsSummary::MethodQuery {
-    std::string_view source;
-    const char* text;
-    const char* otherwise = nullptr;  // when the first gives no rows
-
-    // Null for a source that has none.
-    static const MethodQuery* of(std::string_view source);
-};
-
-const dsrCashReceiptsSummary::MethodQuery* dsrCashReceiptsSummary::MethodQuery::of(std::string_view source) {
-    static constexpr MethodQuery all[] = {
-        {"INV",
-         "SELECT PmtMeth.PmtMeth, Sum(RecAmnt) as TotAmnt "
-         " FROM (InvoiRecDet "
-         " LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = InvoiRecDet.ExPmtMethId) "
-         " WHERE InvoiRecDet.ExInvoiId = ?"
-         " GROUP BY PmtMeth.PmtMeth",
-         "SELECT PmtMeth.PmtMeth, Sum(RecAmnt) as TotAmnt "
-         " FROM (InvoiHdr "
-         " LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = InvoiHdr.ExPmtMethId) "
-         " WHERE InvoiHdr.InInvoiId = ?"
-         " GROUP BY PmtMeth.PmtMeth"},
-        {"DEP",
-         "SELECT PmtMeth.PmtMeth, Sum(RecAmnt) As TotAmnt "
-         "FROM (DepDet LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = DepDet.ExPmtMethId) "
-         "WHERE DepDet.ExDepID = ? AND RecExSrcKeyVal IS NULL "
-         "GROUP BY PmtMeth.PmtMeth "},
-        {"TAX",
-         "SELECT PmtMeth.PmtMeth, Sum(Amnt) As TotAmnt "
-         "FROM (TaxTrxHdr LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = TaxTrxHdr.ExPmtMethId) "
-         "LEFT JOIN TaxTrxDet ON TaxTrxDet.ExTaxTrxID = TaxTrxHdr.InTaxTrxID "
-         "WHERE TaxTrxHdr.InTaxTrxID = ? "
-         "GROUP BY PmtMeth.PmtMeth "}};
-    const auto* found =
-        std::find_if(std::begin(all), std::end(all), [&](const MethodQuery& query) { return query.source == source; });
-    return found == std::end(all) ? nullptr : found;
-}
 
 dsrCashReceiptsSummary::dsrCashReceiptsSummary(HostContext& context)
     : SegmentReport("dsrCashReceiptsSummary", context,
@@ -72,81 +31,16 @@ void dsrCashReceiptsSummary::ActiveReport_ReportStart() {
     STEP(m_lngCurrentCurrencyId = currencies().CieHomeCurrencyId());
     STEP(section("ghCurrency").Visible = section("gfCurrency").Visible = m_bDisplayForeignCurrency);
     STEP(section("ReportFooter").Visible = !m_bDisplayForeignCurrency);
+    STEP(m_bAccountNumbers = usesAccountNumbers());
     if (!askFilter("GLDet, WorldCurrency", false)) return;
-    STEP(rsCashDisbJournal.Recordset = execute(mainQuery(), {m_dtDateFrom, m_dtDateTo, m_dtDateFrom, m_dtDateTo}));
+    STEP(rsCashDisbJournal.Recordset =
+             execute(receiptsQuery(segments("GLDet.ExSegmentId"), m_strFilter, context().company().DatabaseKind()),
+                     {m_dtDateFrom, m_dtDateTo, m_dtDateFrom, m_dtDateTo}));
     STEP(createSubReports());
     STEP(Translate());
     dicPmtMeth = std::make_shared<PaymentMethods>();
     STEP(setDateCaption(lblDateFromDateTo));
     STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport, m_strSegmentFilterDisplay));
-}
-
-// The order is fixed and the user's is never used, meant: the currencies must follow each other. The two forms differ
-// in blanks and in the case of a word, which no database minds.
-std::string dsrCashReceiptsSummary::mainQuery() const {
-    const std::string ledger = ledgerBranch();
-    if (m_strFilter.empty())
-        return "SELECT * FROM (" + ledger +
-               " "
-               "GROUP BY WorldCurrency.CurrencyCode, GLDet.SeqNo "
-               "HAVING "
-               "Sum(GLDet.DetAmnt) >= 0" +
-               depositsBranch() +
-               ") as MainRecodset "
-               "ORDER BY CurrencyCode, DetDate, DetRef, SeqNo";
-    return "SELECT * FROM (" + ledger + whereClause(filterParts(), OwnWhere::yes) +
-           " GROUP BY WorldCurrency.CurrencyCode, GLDet.SeqNo  HAVING "
-           "Sum(GLDet.DetAmnt) >= 0 " +
-           depositsBranch() +
-           ") AS MainRecodset "
-           "ORDER BY CurrencyCode, DetDate, DetRef, SeqNo";
-}
-
-// What reached the cash accounts.
-std::string dsrCashReceiptsSummary::ledgerBranch() const {
-    return "SELECT Sum(GLDet.DetAmnt) as DetAmnt, "
-           " Min(GLDet.DetRef) as DetRef, Min(GLDet.Source) as Source, "
-           " Min(GLDet.DetDesc) as DetDesc, Min(GLDet.DetDate) as DetDate, "
-           " GLDet.SeqNo, Min(GLDet.ExSrcKeyVal) as ExSrcKeyVal, "
-           " Min(GLDet.ExCurrencyId) as ExCurrencyId, Min(GLDet.ExchangeRate) "
-           " as ExchangeRate, WorldCurrency.CurrencyCode, Min(WorldCurrency.Descr) as WorldCurrencyDescr "
-           "FROM ((GLDet "
-           "INNER JOIN CashReceiptSequences_View ON "
-           "CashReceiptSequences_View.SeqNo = GLDet.SeqNo) "
-           "LEFT JOIN GLAcct ON GLAcct.InGLAcctId = GLDet.ExAcctId) "
-           "LEFT JOIN WorldCurrency ON GLDet.ExCurrencyId = WorldCurrency.InCurrencyId "
-           "WHERE GLDet.DetDate BETWEEN ? AND ? "
-           "AND GLAcct.ChqAcct <> 0 AND (GLDet.Source = 'INV' "
-           "OR GLDet.Source = 'PMT' OR GLDet.Source = 'TAX') " +
-           segments("GLDet.ExSegmentId");
-}
-
-// Deposits that are receipts themselves. They know no segments and no filter, meant.
-std::string dsrCashReceiptsSummary::depositsBranch() const {
-    std::string sql =
-        " UNION"
-        " SELECT Sum(DepDet.RecAmnt) as DetAmnt,"
-        " ";
-    const bool sqlServer = context().company().DatabaseKind() == 0;
-    sql += sqlServer ? "CAST(DepHdr.InDepID AS VARCHAR(8000))" : "CStr(DepHdr.InDepID)";
-    sql +=
-        " as DetRef,"
-        " 'DEP' as Source,"
-        " MIN(DepHdr.DepNo) as DetDesc,"
-        " MIN(DepHdr.DepDate) as DetDate,"
-        " MIN(GL.SeqNo) as SeqNo,"
-        " DepHdr.InDepID as ExSrcKeyVal,"
-        " Min(DepHdr.ExCurrencyId) as ExCurrencyId,"
-        " Min(DepHdr.ExchangeRate)  as ExchangeRate,"
-        " Min(WorldCurrency.CurrencyCode),"
-        " Min(WorldCurrency.Descr) As WorldCurrencyDescr"
-        " FROM ((DepHdr INNER JOIN DepDet ON DepDet.ExDepID = DepHdr.InDepID)"
-        " INNER JOIN (SELECT ExSrcKeyVal, MIN(SeqNo) as SeqNo FROM GlDet WHERE SOURCE = 'DEP' GROUP BY ExSrcKeyVal) GL"
-        " ON GL.ExSrcKeyVal = DepHdr.InDepID )"
-        " LEFT JOIN WorldCurrency ON DepHdr.ExCurrencyId = WorldCurrency.InCurrencyId"
-        " WHERE DepHdr.DepDate BETWEEN ? AND ? AND RecExSrcKeyVal IS NULL"
-        " GROUP BY DepHdr.InDepID HAVING Sum(DepDet.RecAmnt) >= 0 ";
-    return sql;
 }
 
 void dsrCashReceiptsSummary::createSubReports() {
@@ -191,7 +85,7 @@ void dsrCashReceiptsSummary::Detail_Format() {
     STEP(source = rsCashDisbJournal.Collect("Source").textOrEmpty());
     if (source == Drill::payment) {
         STEP(readPayment(receipt));
-    } else if (const MethodQuery* methods = MethodQuery::of(source)) {
+    } else if (const MethodQuery* methods = methodQueryOf(source)) {
         dsrCashReceiptsPmtSR.Object.reset();
         STEP(receipt.amount = rsCashDisbJournal.Collect("DetAmnt").toMoney());
         // The ledger is in home currency: meant, while the methods' amounts are taken as they are stored.
@@ -267,8 +161,8 @@ void dsrCashReceiptsSummary::readMethods(Receipt& receipt, const MethodQuery& qu
 }
 
 void dsrCashReceiptsSummary::fillLedger(const Receipt& receipt) {
-    std::string sql = usesAccountNumbers() ? "SELECT (GLAcct.GLAcctId + ' - ' + GLAcct.Descr) AS GLDescr"
-                                           : "SELECT GLAcct.Descr AS GLDescr";
+    std::string sql = m_bAccountNumbers ? "SELECT (GLAcct.GLAcctId + ' - ' + GLAcct.Descr) AS GLDescr"
+                                        : "SELECT GLAcct.Descr AS GLDescr";
     sql +=
         ", GLDet.DetAmnt "
         "FROM GLAcct INNER JOIN GLDet ON GLAcct.InGLAcctId = GLDet.ExAcctId "
@@ -331,7 +225,9 @@ void dsrCashReceiptsSummary::addToTotals(const Receipt& receipt) {
 }
 
 void dsrCashReceiptsSummary::giveMethods(SubReport& control) const {
-    control.Object = std::make_shared<quillo::dsrCashReceiptsSummarySubReport>(context(), dicPmtMeth);
+    const auto totals = std::make_shared<quillo::dsrCashReceiptsSummarySubReport>(context());
+    totals->dicPmtMeth = dicPmtMeth;
+    control.Object = totals;
 }
 
 void dsrCashReceiptsSummary::gfCurrency_Format() {

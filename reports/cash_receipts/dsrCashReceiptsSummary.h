@@ -7,6 +7,7 @@ namespace quillo {
 
 class dsrCashReceiptsGLSubReport;
 class dsrCashReceiptsPmtSubReport;
+struct MethodQuery;
 
 // The cash receipts of a period, a line a transaction, with the total of each payment method at the end: sales paid
 // on the spot, customer payments, tax transactions and deposits. With foreign display a part a currency.
@@ -26,7 +27,6 @@ private:
         Money rate = Money::fromInteger(1);
         bool showLedger = false, showPayments = false;
     };
-    struct MethodQuery;
 
     int titleId() const override { return IsWithPayments ? 7615 : 6326; }
     void ActiveReport_ReportStart() override;
@@ -36,9 +36,6 @@ private:
     void gfCurrency_Format();
     void ReportFooter_Format();
 
-    std::string mainQuery() const;
-    std::string ledgerBranch() const;
-    std::string depositsBranch() const;
     std::string segmentList(std::string_view opening) const;
     void createSubReports();
     int rowCurrency() const { return rsCashDisbJournal.Collect("ExCurrencyId").int32OrZero(); }
@@ -96,8 +93,9 @@ private:
     std::unique_ptr<Command> m_subQuery;                      // of both sub-reports of a row
     std::shared_ptr<dsrCashReceiptsPmtSubReport> m_payments;  // made once, filled again for each row
     std::shared_ptr<dsrCashReceiptsGLSubReport> m_ledger;
-    std::shared_ptr<PaymentMethods> dicPmtMeth;
+    std::shared_ptr<PaymentMethods> dicPmtMeth = std::make_shared<PaymentMethods>();
     int m_lngCurrentCurrencyId = 0;
+    bool m_bAccountNumbers = true;  // asked for once, not for each line
     int m_lngCurrentKey = 0;
     Money m_curGrandTotal;
     Money m_curDiscountTotal;

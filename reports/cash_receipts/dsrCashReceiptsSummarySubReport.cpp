@@ -4,9 +4,8 @@
 
 namespace quillo {
 
-dsrCashReceiptsSummarySubReport::dsrCashReceiptsSummarySubReport(HostContext& context,
-                                                                 std::shared_ptr<const PaymentMethods> methods)
-    : Report("dsrCashReceiptsSummarySubReport", context), dicPmtMeth(std::move(methods)) {
+dsrCashReceiptsSummarySubReport::dsrCashReceiptsSummarySubReport(HostContext& context)
+    : Report("dsrCashReceiptsSummarySubReport", context) {
     onFetchData(&dsrCashReceiptsSummarySubReport::ActiveReport_FetchData);
 }
 

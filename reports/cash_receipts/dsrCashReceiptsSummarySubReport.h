@@ -9,7 +9,9 @@ namespace quillo {
 // place where it prints.
 class dsrCashReceiptsSummarySubReport final : public Report {
 public:
-    dsrCashReceiptsSummarySubReport(HostContext& context, std::shared_ptr<const PaymentMethods> methods);
+    explicit dsrCashReceiptsSummarySubReport(HostContext& context);
+
+    std::shared_ptr<const PaymentMethods> dicPmtMeth = std::make_shared<PaymentMethods>();
 
 private:
     void ActiveReport_ReportStart() override { m_position = 0; }
@@ -18,7 +20,6 @@ private:
     Label& lblPmtMethCap = label("lblPmtMethCap");
     Field& txtPmtMeth = field("txtPmtMeth");
 
-    std::shared_ptr<const PaymentMethods> dicPmtMeth;
     int m_position = 0;
 };
 

@@ -363,6 +363,19 @@ TEST(CashReceiptsSummary, AFilterNarrowsTheLedgerAndNeverOrders) {
     EXPECT_EQ(runReport(run).texts("fldDocNo"), runReport(summary(company.path())).texts("fldDocNo"));
 }
 
+TEST(CashReceipts, ACancelledFilterAsksNothingAndStillEndsTheReport) {
+    const TestCompany company(receipts);
+    for (auto run : {detail(company.path()), summary(company.path()), summary(company.path(), true, "True")}) {
+        run.cancelFilter = true;
+        const auto result = runReport(run);
+        EXPECT_EQ(result.boxes, Texts{});
+        EXPECT_EQ(result.sql, Texts{});
+        EXPECT_EQ(result.pageCount(), 1U);
+        const auto end = result.texts(run.member == "CashReceiptsDetail" ? "txtEndTotal" : "lblEnd");
+        EXPECT_EQ(end, run.foreign ? Texts{} : Texts{"0 #5860"});
+    }
+}
+
 TEST(CashReceiptsSummary, WithoutReceiptsThereIsNoMethod) {
     const TestCompany company(receipts);
     auto run = summary(company.path());
