@@ -37,9 +37,9 @@ std::string orderClauseKeeping(const FilterParts& filter, std::string_view colum
     return orderClauseBehind(filter, named ? "" : std::string(column) + ", ", ownClause);
 }
 
-std::string segmentClause(std::string_view column, std::string_view list, bool none, std::string_view conditionSoFar) {
+std::string segmentClause(std::string_view column, std::string_view list, bool none, bool behindCondition) {
     if (list.empty() && !none) return {};
-    std::string clause = conditionSoFar.empty() ? "(" : " AND (";
+    std::string clause = behindCondition ? " AND (" : "(";
     if (!list.empty()) clause.append(column).append(" IN (").append(list).append(")");
     if (!list.empty() && none) clause += " OR ";
     if (none) clause.append(column).append(" IS NULL");

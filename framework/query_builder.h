@@ -31,8 +31,8 @@ std::string orderClauseBehind(const FilterParts& filter, std::string_view leadin
 std::string orderClauseKeeping(const FilterParts& filter, std::string_view column, std::string_view ownClause);
 
 // The segment condition, "(column IN (list) OR column IS NULL)" in the parts that are asked for, with " AND " in
-// front when there is a condition already; empty without a choice. The list goes in as the host gave it.
-std::string segmentClause(std::string_view column, std::string_view list, bool none, std::string_view conditionSoFar);
+// front where a condition stands before it; empty without a choice. The list goes in as the host gave it.
+std::string segmentClause(std::string_view column, std::string_view list, bool none, bool behindCondition);
 // The short form of queries that know no "without segment": " AND column IN (list) ".
 std::string segmentListClause(std::string_view column, std::string_view list);
 

@@ -131,7 +131,7 @@ public:
 protected:
     using FilterableReport::FilterableReport;
     std::string segments(std::string_view column) const {
-        return segmentClause(column, m_strSegmentFilter, m_bSegmentNoneFilter, "x");
+        return segmentClause(column, m_strSegmentFilter, m_bSegmentNoneFilter, true);
     }
 
     std::string m_strSegmentFilter;

@@ -28,7 +28,7 @@ Money GetARAdjustments(HostContext& context, Date DateTo, const std::string& Seg
                   accounts +
                   ") AND ARAPAdjustmentEntry<>0 AND ARAPAdjustmentEntry IS NOT NULL"
                   " AND DetDate<=?";
-        SqlText += segmentClause("ExSegmentId", SegmentFilter, SegmentNoneFilter, SqlText);
+        SqlText += segmentClause("ExSegmentId", SegmentFilter, SegmentNoneFilter, true);
         const auto total = company.Database().OpenRecordset(SqlText, 4, 0, DateTo);
         return total->atEnd() ? Money() : total->Value("Total", ValueType::currency).moneyOrZero();
     } catch (const std::exception& failure) {

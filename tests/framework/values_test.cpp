@@ -183,10 +183,10 @@ TEST(Filters, MergeIntoTheText) {
 
 TEST(Segments, ClauseHasTheAskedParts) {
     const std::string column = "GLDet.ExSegmentId";
-    EXPECT_EQ(segmentClause(column, "", false, "x"), "");
-    EXPECT_EQ(segmentClause(column, "1,2", false, ""), "(GLDet.ExSegmentId IN (1,2))");
-    EXPECT_EQ(segmentClause(column, "", true, "x"), " AND (GLDet.ExSegmentId IS NULL)");
-    EXPECT_EQ(segmentClause(column, "3", true, "x"), " AND (GLDet.ExSegmentId IN (3) OR GLDet.ExSegmentId IS NULL)");
+    EXPECT_EQ(segmentClause(column, "", false, true), "");
+    EXPECT_EQ(segmentClause(column, "1,2", false, false), "(GLDet.ExSegmentId IN (1,2))");
+    EXPECT_EQ(segmentClause(column, "", true, true), " AND (GLDet.ExSegmentId IS NULL)");
+    EXPECT_EQ(segmentClause(column, "3", true, true), " AND (GLDet.ExSegmentId IN (3) OR GLDet.ExSegmentId IS NULL)");
     EXPECT_EQ(segmentListClause(column, "3,4"), " AND GLDet.ExSegmentId IN (3,4) ");
     EXPECT_EQ(segmentListClause(column, ""), "");
 }

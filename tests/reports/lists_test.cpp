@@ -36,7 +36,7 @@ TEST(TermList, FilterOrderAndCancel) {
     EXPECT_EQ(runReport(run).texts("txtDescr"), (Texts{"a net", "c odd", "d null", "e day"}));
     run.order = "Due DESC";
     EXPECT_EQ(runReport(run).texts("txtDescr"), (Texts{"a net", "e day", "d null", "c odd"}));
-    EXPECT_EQ(runReport(run).sql.back().find(" WHERE (Due > 5)  ORDER BY Due DESC") == std::string::npos, false);
+    EXPECT_NE(runReport(run).sql.back().find(" WHERE (Due > 5)  ORDER BY Due DESC"), std::string::npos);
 
     run = {.member = "TermList", .company = company.path(), .language = "ids", .cancelFilter = true};
     const auto cancelled = runReport(run);
