@@ -97,10 +97,6 @@ std::string ReportFrame::rateLine(int currencyId, Money rate) const {
            utils.NumberText(Variant(rate)) + " " + code(currencies().CieHomeCurrencyId());
 }
 
-bool ReportFrame::usesAccountNumbers() const {
-    return Variant(context().company().GetParameter("UseAccountNumbers", "True")).toBool();
-}
-
 void ReportFrame::setEndLine(Label& lblEnd, int textId) {
     lblEnd.Caption = std::to_string(m_lngRecordCount) + " " + GetText(textId);
 }

@@ -86,8 +86,6 @@ protected:
     void removeEmptyPage();
     // The line that tells a foreign transaction's rate: "1 USD equals 1.35 CAD".
     std::string rateLine(int currencyId, Money rate) const;
-    // How an account is called by the company: with its number in front, or by its description alone.
-    bool usesAccountNumbers() const;
     // The last line of a report: the count, a blank, and what was counted.
     void setEndLine(Label& lblEnd, int textId);
 

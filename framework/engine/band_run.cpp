@@ -23,15 +23,16 @@ void eachField(const Section& section, Visit visit) {
         if (control->kind() == ControlKind::field) visit(static_cast<Field&>(*control));
 }
 
-// An event that fails outside of its own steps must not end the run, nor pass unseen.
+// An event that fails outside of its own steps must not end the run, nor pass unseen. The procedure's name is made of
+// its two parts only when it is told.
 template <class Event>
-void guarded(const Report& report, const std::string& procedure, Event event) {
+void guarded(const Report& report, std::string_view object, std::string_view procedure, const Event& event) {
     try {
         event();
     } catch (const EngineError&) {
         throw;
     } catch (const std::exception& error) {
-        report.showFailure(error.what(), procedure, 0);
+        report.showFailure(error.what(), std::string(object).append("_").append(procedure), 0);
     }
 }
 
@@ -47,9 +48,9 @@ Section* BandRun::single(SectionKind kind) const {
 }
 
 void BandRun::run() {
-    guarded(report_, "ActiveReport_ReportStart", [&] { report_.ActiveReport_ReportStart(); });
+    guarded(report_, "ActiveReport", "ReportStart", [&] { report_.ActiveReport_ReportStart(); });
     if (report_.fetchData)
-        guarded(report_, "ActiveReport_DataInitialize", [&] { report_.ActiveReport_DataInitialize(); });
+        guarded(report_, "ActiveReport", "DataInitialize", [&] { report_.ActiveReport_DataInitialize(); });
     prepare();
     target_.begin(*this);
     walk();
@@ -166,7 +167,7 @@ void BandRun::capture() {
 std::optional<PlacedSection> BandRun::format(Section& section) {
     fill(section);
     report_.LayoutAction = LayoutActions::normal;
-    if (section.Format) guarded(report_, section.Name() + "_Format", section.Format);
+    if (section.Format) guarded(report_, section.Name(), "Format", section.Format);
     if (!section.Visible || report_.LayoutAction == LayoutActions::dropRow) return std::nullopt;
     return layOut(section, target_.width(), target_.arena(), state_);
 }
@@ -198,7 +199,7 @@ bool BandRun::advance() {
 void BandRun::walk() {
     if (report_.fetchData) {
         for (bool eof = false;;) {
-            guarded(report_, "ActiveReport_FetchData", [&] {
+            guarded(report_, "ActiveReport", "FetchData", [&] {
                 eof = true;  // a fetch that fails must not go on for ever
                 bool end = false;
                 report_.fetchData(end);
@@ -284,10 +285,10 @@ void BandRun::printDetail() {
     if (detail == nullptr) return;
     target_.beforeFormat();
     // A running sum in the row shows the row itself; a row that is dropped takes its share back.
-    guarded(report_, detail->Name() + "_Format", [&] { addToSums(1); });
+    guarded(report_, detail->Name(), "Format", [&] { addToSums(1); });
     const auto placed = format(*detail);
     if (report_.LayoutAction == LayoutActions::dropRow) {
-        guarded(report_, detail->Name() + "_Format", [&] { addToSums(-1); });
+        guarded(report_, detail->Name(), "Format", [&] { addToSums(-1); });
     } else if (placed) {
         target_.place(*detail, *placed);
     }
@@ -333,7 +334,7 @@ std::span<const PlacedSection> runSubReport(Report& report, float width, Arena& 
     SubReportTarget target(width, arena);
     BandRun run(report, state, target);
     run.run();
-    guarded(report, "ActiveReport_ReportEnd", [&] { report.ActiveReport_ReportEnd(); });
+    guarded(report, "ActiveReport", "ReportEnd", [&] { report.ActiveReport_ReportEnd(); });
     return target.take();
 }
 

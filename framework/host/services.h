@@ -182,7 +182,7 @@ public:
 // The numbered settings that the reports read.
 namespace Setting {
 inline constexpr int customerCodes = 104, projectCodes = 111, taxGroupCodes = 113, termCodes = 114,
-                     statisticsByCode = 134;
+                     stockUpdateFirst = 134;
 }
 
 class Company {

@@ -6,7 +6,7 @@ namespace {
 bool isTrueByDefault(int number) {
     using namespace Setting;
     return number == customerCodes || number == projectCodes || number == taxGroupCodes || number == termCodes ||
-           number == statisticsByCode;
+           number == stockUpdateFirst;
 }
 
 }  // namespace

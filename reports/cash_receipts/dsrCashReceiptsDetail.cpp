@@ -2,6 +2,7 @@
 
 #include "framework/drill_tags.h"
 #include "framework/shared/MUtils.h"
+#include "framework/shared/account_texts.h"
 #include "reports/cash_receipts/dsrCashReceiptsDetailSubreport.h"
 
 namespace quillo {
@@ -23,7 +24,7 @@ dsrCashReceiptsDetail::dsrCashReceiptsDetail(HostContext& context)
 void dsrCashReceiptsDetail::ActiveReport_ReportStart() {
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(m_bUsesProjects = MUtils::HasUnknownProject(context()));
-    STEP(m_bAccountNumbers = usesAccountNumbers());
+    STEP(m_bAccountNumbers = usesAccountNumbers(context()));
     if (!askFilter(m_bUsesProjects ? "GLDet, GLAcct, ProjInfo, WorldCurrency" : "GLDet, GLAcct, WorldCurrency", false))
         return;
     STEP(rsInvoiJournal.Recordset = execute(journalQuery(), queryValues()));

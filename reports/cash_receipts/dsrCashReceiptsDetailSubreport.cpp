@@ -1,6 +1,7 @@
 #include "reports/cash_receipts/dsrCashReceiptsDetailSubreport.h"
 
 #include "framework/run_frame.h"
+#include "framework/shared/account_texts.h"
 
 namespace quillo {
 
@@ -12,19 +13,12 @@ dsrCashReceiptsDetailSubreport::dsrCashReceiptsDetailSubreport(HostContext& cont
     onFormat("Detail", &dsrCashReceiptsDetailSubreport::Detail_Format);
     onFormat("gfGLAcct", &dsrCashReceiptsDetailSubreport::gfGLAcct_Format);
     onFormat("ReportFooter", &dsrCashReceiptsDetailSubreport::ReportFooter_Format);
-    hideAccountNumbers();
+    STEP(if (!usesAccountNumbers(context)) hideAccountNumbers());
 }
 
-// A company that does not use account numbers sees the descriptions in their place.
 void dsrCashReceiptsDetailSubreport::hideAccountNumbers() {
-    if (Variant(context().company().GetParameter("UseAccountNumbers", "True")).toBool()) return;
-    lblCompteCap.Visible = fldAccount.Visible = false;
-    const auto moveOver = [](Control& description, const Control& account) {
-        description.Width += description.Left - account.Left;
-        description.Left = account.Left;
-    };
-    moveOver(lblDescrCap, lblCompteCap);
-    moveOver(fldDescr, fldAccount);
+    takePlaceOf(lblCompteCap, lblDescrCap);
+    takePlaceOf(fldAccount, fldDescr);
 }
 
 void dsrCashReceiptsDetailSubreport::ActiveReport_ReportStart() {
@@ -56,11 +50,9 @@ void dsrCashReceiptsDetailSubreport::addAmount() {
 }
 
 void dsrCashReceiptsDetailSubreport::gfGLAcct_Format() {
-    const LocaleFormat& locale = context().locale();
-    DebitCredit net;
-    STEP(net = m_account.net());
-    STEP(txtTotalDebit.Text = net.debit.isZero() ? "" : locale.currency(net.debit));
-    STEP(txtTotalCredit.Text = net.credit.isZero() ? "" : locale.currency(net.credit));
+    const DebitCredit net = m_account.net();
+    STEP(txtTotalDebit.Text = sideText(context().locale(), net.debit));
+    STEP(txtTotalCredit.Text = sideText(context().locale(), net.credit));
     STEP(m_grandTotal.add(net));
 }
 

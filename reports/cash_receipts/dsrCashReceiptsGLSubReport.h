@@ -1,19 +1,17 @@
 #pragma once
 
 #include "framework/engine/report.h"
+#include "reports/cash_receipts/receipt_row.h"
 
 namespace quillo {
 
 // The ledger lines of one transaction, each marked as debit or credit. Its parent gives it the rows and what the
 // row of the transaction tells, and uses it again for the next one.
-class dsrCashReceiptsGLSubReport final : public Report {
+class dsrCashReceiptsGLSubReport final : public Report, public ReceiptRow {
 public:
     explicit dsrCashReceiptsGLSubReport(HostContext& context);
 
     DataControl& rsAccount = data("rsAccount");
-    Money ExchangeRate;
-    bool DisplayWithForeignCurrency = false;
-    std::string SeqNo;  // the drill tag of every line
 
 private:
     void ActiveReport_ReportStart() override;

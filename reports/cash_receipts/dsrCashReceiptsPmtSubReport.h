@@ -1,19 +1,17 @@
 #pragma once
 
 #include "framework/engine/report.h"
+#include "reports/cash_receipts/receipt_row.h"
 
 namespace quillo {
 
 // The invoices that one payment settled. Its parent gives it the rows and what the row of the payment tells, and
 // uses it again for the next payment.
-class dsrCashReceiptsPmtSubReport final : public Report {
+class dsrCashReceiptsPmtSubReport final : public Report, public ReceiptRow {
 public:
     explicit dsrCashReceiptsPmtSubReport(HostContext& context);
 
     DataControl& rsPayments = data("rsPayments");
-    Money ExchangeRate;
-    bool DisplayWithForeignCurrency = false;
-    std::string SeqNo;  // the drill tag of every line
 
 private:
     void ActiveReport_ReportStart() override;

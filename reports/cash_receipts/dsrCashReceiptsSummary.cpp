@@ -1,6 +1,7 @@
 #include "reports/cash_receipts/dsrCashReceiptsSummary.h"
 
 #include "framework/drill_tags.h"
+#include "framework/shared/account_texts.h"
 #include "reports/cash_receipts/dsrCashReceiptsGLSubReport.h"
 #include "reports/cash_receipts/dsrCashReceiptsPmtSubReport.h"
 #include "reports/cash_receipts/dsrCashReceiptsSummarySubReport.h"
@@ -31,7 +32,7 @@ void dsrCashReceiptsSummary::ActiveReport_ReportStart() {
     STEP(m_lngCurrentCurrencyId = currencies().CieHomeCurrencyId());
     STEP(section("ghCurrency").Visible = section("gfCurrency").Visible = m_bDisplayForeignCurrency);
     STEP(section("ReportFooter").Visible = !m_bDisplayForeignCurrency);
-    STEP(m_bAccountNumbers = usesAccountNumbers());
+    STEP(m_bAccountNumbers = usesAccountNumbers(context()));
     if (!askFilter("GLDet, WorldCurrency", false)) return;
     STEP(rsCashDisbJournal.Recordset =
              execute(receiptsQuery(segments("GLDet.ExSegmentId"), m_strFilter, context().company().DatabaseKind()),
@@ -186,8 +187,7 @@ void dsrCashReceiptsSummary::ClearCommandParam(Command& command) {
     command.Parameters.clear();
 }
 
-template <class RowReport>
-void dsrCashReceiptsSummary::tellRow(RowReport& target, const Receipt& receipt) const {
+void dsrCashReceiptsSummary::tellRow(ReceiptRow& target, const Receipt& receipt) const {
     target.ExchangeRate = receipt.rate;
     target.DisplayWithForeignCurrency = m_bDisplayForeignCurrency;
     target.SeqNo = rsCashDisbJournal.Collect("SeqNo").textOrEmpty();

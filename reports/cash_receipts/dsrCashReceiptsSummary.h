@@ -2,6 +2,7 @@
 
 #include "framework/run_frame.h"
 #include "reports/cash_receipts/payment_methods.h"
+#include "reports/cash_receipts/receipt_row.h"
 
 namespace quillo {
 
@@ -47,8 +48,7 @@ private:
     void readMethods(Receipt& receipt, const MethodQuery& query);
     void fillLedger(const Receipt& receipt);
     std::shared_ptr<Recordset> subQuery(const std::string& sql, const Variant& value);
-    template <class RowReport>
-    void tellRow(RowReport& target, const Receipt& receipt) const;
+    void tellRow(ReceiptRow& target, const Receipt& receipt) const;
     void addToTotals(const Receipt& receipt);
     void SetDictionary(const std::string& key, const clsPmtMeth& method);
     static void ClearCommandParam(Command& command);

@@ -2,6 +2,7 @@
 
 #include "framework/drill_tags.h"
 #include "framework/shared/MUtils.h"
+#include "framework/shared/account_texts.h"
 #include "reports/sales_journal/dsrSalesJournalDetailSubreport.h"
 
 namespace quillo {
@@ -47,7 +48,7 @@ void dsrSalesJournalDetail::ActiveReport_ReportStart() {
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(m_grandTotal = {});
     STEP(m_lngSequence = 0);
-    STEP(m_bAccountNumbers = usesAccountNumbers());
+    STEP(m_bAccountNumbers = usesAccountNumbers(context()));
     STEP(m_bProjects = MUtils::HasUnknownProject(context()));
     if (!askFilter(m_bProjects ? "GLDet, InvoiHdr, GLAcct, ProjInfo, Cust, WorldCurrency"
                                : "GLDet, InvoiHdr, GLAcct, Cust, WorldCurrency",
@@ -195,8 +196,8 @@ void dsrSalesJournalDetail::Detail_Format() {
 void dsrSalesJournalDetail::showAmount(Money amount) {
     DebitCredit sides;
     sides.add(amount);
-    txtDebit.Text = sides.debit.isZero() ? "" : locale().currency(sides.debit);
-    txtCredit.Text = sides.credit.isZero() ? "" : locale().currency(sides.credit);
+    txtDebit.Text = sideText(locale(), sides.debit);
+    txtCredit.Text = sideText(locale(), sides.credit);
     m_subtotal.add(sides);
     m_grandTotal.add(sides);
     if (amount.isZero()) LayoutAction = LayoutActions::dropRow;

@@ -1,23 +1,13 @@
 #include "reports/sales_journal/dsrSalesJournalDetailSubreport.h"
 
 #include "framework/run_frame.h"
+#include "framework/shared/account_texts.h"
 #include "framework/values/errors.h"
 
 namespace quillo {
-namespace {
-
-// The description takes the room of the number in front of it.
-void takePlaceOf(Control& number, Control& description) {
-    number.Visible = false;
-    description.Width += description.Left - number.Left;
-    description.Left = number.Left;
-}
-
-}  // namespace
-
 dsrSalesJournalDetailSubreport::dsrSalesJournalDetailSubreport(HostContext& context)
     : Report("dsrSalesJournalDetailSubreport", context) {
-    STEP(if (!Variant(context.company().GetParameter("UseAccountNumbers", "True")).toBool()) hideAccountNumbers());
+    STEP(if (!usesAccountNumbers(context)) hideAccountNumbers());
     onFormat("ReportHeader", &dsrSalesJournalDetailSubreport::ReportHeader_Format);
     onFormat("ghGLAcct", &dsrSalesJournalDetailSubreport::ghGLAcct_Format);
     onFormat("Detail", &dsrSalesJournalDetailSubreport::Detail_Format);
@@ -57,18 +47,14 @@ void dsrSalesJournalDetailSubreport::Detail_Format() {
 // An account whose sides are equal keeps its line, with both amounts blank.
 void dsrSalesJournalDetailSubreport::gfGLAcct_Format() {
     const DebitCredit net = m_account.net();
-    STEP(txtTotalDebit.Text = amountText(net.debit));
-    STEP(txtTotalCredit.Text = amountText(net.credit));
+    STEP(txtTotalDebit.Text = sideText(context().locale(), net.debit));
+    STEP(txtTotalCredit.Text = sideText(context().locale(), net.credit));
     STEP(m_grandTotal.add(net));
 }
 
 void dsrSalesJournalDetailSubreport::ReportFooter_Format() {
     STEP(txtGrTotalDebit.Text = context().locale().currency(m_grandTotal.debit));
     STEP(txtGrTotalCredit.Text = context().locale().currency(m_grandTotal.credit));
-}
-
-std::string dsrSalesJournalDetailSubreport::amountText(Money amount) const {
-    return amount.isZero() ? std::string() : context().locale().currency(amount);
 }
 
 std::string dsrSalesJournalDetailSubreport::GetText(int id) const {

@@ -25,7 +25,6 @@ private:
     void ReportFooter_Format();
     void hideAccountNumbers();
     std::string GetText(int id) const;
-    std::string amountText(Money amount) const;
 
     Label& DistributionGL = label("DistributionGL");
     Label& lblCompteCap = label("lblCompteCap");
