@@ -108,6 +108,7 @@ struct PlacedSection {
     const SectionInfo* info = nullptr;
     float left = 0, top = 0, width = 0, height = 0;  // from the page's corner, or the sub-report's
     bool continued = false;                          // the rest of a section that began on the page before
+    bool repeat = false;                             // a heading that printed before and stands here again
     std::span<const PlacedControl> controls;
 };
 

@@ -126,7 +126,10 @@ void PageBuilder::newPage() {
     for (Section* header : run_->repeatedHeaders()) {
         // A header that comes with its group to this page prints there for the first time.
         if (std::find(moving_.begin(), moving_.end(), header) != moving_.end()) continue;
-        if (const auto placed = run_->format(*header)) put(*placed, false);
+        auto placed = run_->format(*header);
+        if (!placed) continue;
+        placed->repeat = true;
+        put(*placed, false);
     }
     if (cursor_ >= bottom_) fail("PageHeader", "leaves no room on the page for anything else");
     bodyTop_ = cursor_;
