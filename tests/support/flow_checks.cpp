@@ -3,17 +3,10 @@
 #include <optional>
 
 #include "tests/support/page_checks.h"
+#include "tests/support/page_reading.h"
 
 namespace quillo::test {
 namespace {
-
-bool showsAny(const PlacedSection& section) {
-    return std::any_of(section.controls.begin(), section.controls.end(), [](const PlacedControl& control) {
-        return !control.text.empty() || control.info->kind == ControlKind::line ||
-               control.info->kind == ControlKind::shape ||
-               std::any_of(control.sections.begin(), control.sections.end(), showsAny);
-    });
-}
 
 std::string onPage(const Page& page, const std::string& what) {
     return "page " + std::to_string(page.number) + ": " + what;
@@ -111,14 +104,11 @@ bool hasTexts(const std::vector<ExpectedPrint>& prints) {
 std::string findEmptyPage(const Trial& trial) {
     const bool nothing = !hasTexts(trial.expected.prints());
     for (const auto& page : trial.run.kept.pages) {
-        int headers = 0, footers = 0, contents = 0;
-        for (const PlacedSection& section : page->sections) {
-            headers += section.info->kind == SectionKind::pageHeader;
-            footers += section.info->kind == SectionKind::pageFooter;
-            contents += !trial.index.section(section).isOfPage() && !section.repeat && showsAny(section);
-        }
-        if (headers > 1 || footers > 1) return onPage(*page, "page header or footer stands there twice");
-        if (contents == 0 && !nothing) return onPage(*page, "is empty");
+        for (const SectionKind kind : {SectionKind::pageHeader, SectionKind::pageFooter})
+            if (std::count_if(page->sections.begin(), page->sections.end(),
+                              [kind](const PlacedSection& section) { return section.info->kind == kind; }) > 1)
+                return onPage(*page, "its frame stands there twice");
+        if (!hasContent(*page) && !nothing) return onPage(*page, "is empty");
     }
     return nothing && trial.run.kept.pages.size() != 1 ? "a report without content has pages" : "";
 }

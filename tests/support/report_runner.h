@@ -33,6 +33,7 @@ struct ReportRun {
     std::map<std::string, std::string> parameters{};
     bool cancelFilter = false;
     std::map<std::string, bool> options{};  // boxes of the report's dialog
+    float pageHeight = 0;                   // twips; 0: as the design has it
 };
 
 // The dialog of a test: sets the boxes that it names.
@@ -130,6 +131,7 @@ inline ReportResult runReport(const ReportRun& run) {
     HeadlessFilterTool tool(choice, session.file().catalogue(), session,
                             [&](const std::string& filter) { filterable->IFilterableReport_Filter(filter); });
     if (filterable != nullptr) filterable->IFilterableReport_FilterTool(tool);
+    if (run.pageHeight > 0) report->setup.height = run.pageHeight;
     ReportResult result;
     FixedMeasure measure;
     quillo::runReport(*report, result.kept, measure);
