@@ -81,14 +81,6 @@ void ReportFrame::replaceCaptions(const SubReport& filter, Label& first, std::in
     section("PageHeader").Height = first.Top + first.Height;
 }
 
-void ReportFrame::removeEmptyPage() {
-    if (Pages == nullptr) return;
-    const int index = Pages->PageNumber() - 2;
-    if (!Pages->isEmpty(index)) return;
-    Pages->Remove(index);
-    Pages->Commit();
-}
-
 std::string ReportFrame::rateLine(int currencyId, Money rate) const {
     const Currencies& known = currencies().currencies();
     const ReportUtils& utils = context().utils();

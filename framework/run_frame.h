@@ -81,9 +81,6 @@ protected:
     static float belowFilter(const SubReport& filter) { return filter.Top + filter.Height + 90; }
     // One line of captions under the filter text, the page header ending with it.
     void replaceCaptions(const SubReport& filter, Label& first, std::initializer_list<Label*> others);
-    // At the end of a report whose footer holds two page breaks: takes out the empty page that they leave, and never
-    // a page with content.
-    void removeEmptyPage();
     // The line that tells a foreign transaction's rate: "1 USD equals 1.35 CAD".
     std::string rateLine(int currencyId, Money rate) const;
     // The last line of a report: the count, a blank, and what was counted.

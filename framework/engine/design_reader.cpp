@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "framework/engine/expression.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
 
@@ -181,7 +182,22 @@ private:
         section->GrpKeepTogether = keys.choice<GroupKeep>("groupKeepTogether", keepNames, GroupKeep::none);
         for (const Json& control : keys.list("controls"))
             section->controls.push_back(readControl(control, here, section->info.kind));
+        checkSection(*section, here);
         return section;
+    }
+
+    // What the engine could not do with a section is refused here, not left out there.
+    static void checkSection(const Section& section, const Place& here) {
+        const SectionKind kind = section.kind();
+        const bool groupHeader = kind == SectionKind::groupHeader;
+        if (!groupHeader && (section.UnderlayNext || section.GrpKeepTogether != GroupKeep::none))
+            here.fail("only a group header can be underlaid or keep its group together");
+        if (section.Repeat && !groupHeader && kind != SectionKind::reportHeader) here.fail("only headers repeat");
+        const bool breaks = std::any_of(section.controls.begin(), section.controls.end(),
+                                        [](const auto& control) { return control->kind() == ControlKind::pageBreak; });
+        const bool everyPage = kind == SectionKind::pageHeader || kind == SectionKind::pageFooter;
+        if (breaks && (everyPage || section.Repeat)) here.fail("a section that stands on every page cannot break it");
+        if (everyPage && section.NewPage != NewPage::none) here.fail("a section of every page cannot ask for a page");
     }
 
     std::unique_ptr<Control> readControl(const Json& object, const Place& section, SectionKind sectionKind) {
