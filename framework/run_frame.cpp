@@ -10,12 +10,7 @@ ReportFrame::ReportFrame(std::string name, HostContext& context, const ContractR
     : Report(std::move(name), context), contract_(contract) {}
 
 void ReportFrame::IReport_DateFrom(const Date& value) {
-    // With a closing date alone there is no first day to keep.
-    if (contract_.keepsDates && contract_.dateOptions != DateDisplay::closingDate) m_dtDateFrom = value;
-}
-
-void ReportFrame::IReport_DateTo(const Date& value) {
-    if (contract_.keepsDates) m_dtDateTo = value;
+    if (contract_.keepsDateFrom && contract_.dateOptions != DateDisplay::closingDate) m_dtDateFrom = value;
 }
 
 std::string ReportFrame::withoutMarks(std::string text) {

@@ -32,7 +32,7 @@ struct ContractRow {
     int titleId = 0;               // text of the title; 0: empty
     bool companyCurrency = false;  // UseCurrency tells whether the company uses foreign currency; else False
     Foreign foreign = Foreign::ignored;
-    bool keepsDates = true;  // false: DateFrom and DateTo are empty bodies
+    bool keepsDateFrom = true;  // false: DateFrom is an empty body, as with a closing date alone
 };
 
 // The frame in which every report of the factory runs: the plain part of the contract, and the common steps of
@@ -43,7 +43,7 @@ public:
     Date IReport_DateFrom() override { return m_dtDateFrom; }
     void IReport_DateFrom(const Date& value) override;
     Date IReport_DateTo() override { return m_dtDateTo; }
-    void IReport_DateTo(const Date& value) override;
+    void IReport_DateTo(const Date& value) override { m_dtDateTo = value; }
     void IReport_Application(Application& application) override { m_objApplication = &application; }
     std::string IReport_ReportTitle() override;
     Report* IReport_ReportDesigner() override { return this; }

@@ -7,7 +7,7 @@
 namespace quillo {
 
 dsrCustCustomFieldList::dsrCustCustomFieldList(HostContext& context)
-    : FilterableReport("dsrCustCustomFieldList", context, {.titleId = 6217, .keepsDates = false}) {
+    : FilterableReport("dsrCustCustomFieldList", context, {.titleId = 6217, .keepsDateFrom = false}) {
     onFetchData(&dsrCustCustomFieldList::ActiveReport_FetchData);
     onFormat("PageHeader", &dsrCustCustomFieldList::PageHeader_Format);
     onFormat("ghCustId", &dsrCustCustomFieldList::ghCustId_Format);

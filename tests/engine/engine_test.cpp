@@ -11,7 +11,7 @@ const std::string grouped =
            section("ghInner", "groupHeader", 0, "", R"("dataField": "Inner")") + "," +
            section("Detail", "detail", 100, bound("amount", "Amount") + "," + dataControl) + "," +
            section("gfInner", "groupFooter", 100,
-                   bound("innerLast", "=[Outer] & \\\"/\\\" & [Inner]") + "," +
+                   bound("innerLast", "=[Outer] & \\\"/\\\" & Inner") + "," +
                        bound("innerSum", "Amount", R"("sum": "ghInner", "format": "#,##0.00")")) +
            "," + section("gfOuter", "groupFooter", 100, bound("outerSum", "Amount", R"("sum": "ghOuter")")) + "," +
            section("PageFooter", "pageFooter", 0) + "," +
@@ -455,7 +455,19 @@ TEST(Design, DamageIsRefusedWithItsPlace) {
     const struct {
         std::string design, message;
     } cases[] = {
-        {"{", "Design Sample: [json.exception"},
+        {"{\n\"sections\": [}", "Design Sample: it is no JSON, at line 2"},
+        {R"({"page": {"width": 1e999}})", "Design Sample: it holds a number that is too large"},
+        {R"([])", "Design Sample: an object is expected"},
+        {R"({"styles": 3})", "Design Sample: \"styles\" must be an object"},
+        {R"({"styles": {"big": 3}})", "Design Sample, style big: an object is expected"},
+        {R"({"sections": [5]})", "Design Sample, section 1: an object is expected"},
+        {R"({"sections": [{"name": 5}]})", "Design Sample, section 1: \"name\" must be a text"},
+        {design(section("Detail", "detail", 100, R"({"kind": "Line", "name": "a"}, 7)")),
+         "section Detail, control 2: an object is expected"},
+        {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x", "caption": 5})")),
+         "section Detail, control x: \"caption\" must be a text"},
+        {design(section("Detail", "detail", 100, R"({"kind": "Line", "name": "x", "x1": 1e30})")),
+         "section Detail, control x: \"x1\" is too large"},
         {design(section("Detail", "detail", 100, R"({"kind": "Lable", "name": "x"})")),
          "section Detail, control x: there is no control kind \"Lable\""},
         {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x", "widht": 5})")),
