@@ -74,9 +74,12 @@ void place(Control& control, PlacedControl& placed, Arena& arena, RunState& run)
             placed.lineWidth = line.LineWidth;
             break;
         }
-        case ControlKind::shape:
-            placed.lineWidth = static_cast<const Shape&>(control).LineWidth;
+        case ControlKind::shape: {
+            const auto& shape = static_cast<const Shape&>(control);
+            placed.lineWidth = shape.LineWidth;
+            placed.fill = shape.BackColor;
             break;
+        }
         case ControlKind::subReport:
             placeSubReport(static_cast<const SubReport&>(control), placed, arena, run);
             break;

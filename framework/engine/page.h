@@ -102,6 +102,7 @@ struct PlacedControl {
     const ChartData* chart = nullptr;
     std::span<const std::byte> picture;  // of an Image: the file's bytes (PNG or JPEG)
     float lineWidth = 10;                // twips, of a Line or a Shape
+    std::optional<Color> fill;           // of a Shape
 };
 
 struct PlacedSection {
