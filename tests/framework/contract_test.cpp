@@ -204,11 +204,22 @@ TEST(OptionForm, StacksTheBoxesOfItsMaskInTheOrderOfTheTable) {
 
     form.PrepareInvConfigDialog(*session, 0, 0);
     EXPECT_EQ(form.cmdOk.Top, 90);
+}
+
+TEST(OptionForm, KeepsItsBoxesByEveryWayOfLeaving) {
+    TestSession session;
+    frmAdvFilters form(*session);
+    form.PrepareInvConfigDialog(*session, Option::includeKit, 0);
     form.Show();
-    EXPECT_TRUE(form.Form_QueryUnload(0)) << "the window's own close box hides";
+    form.setOption("chkIncludeKit", "true");
+    form.click("cmdOk");
     EXPECT_FALSE(form.visible());
-    EXPECT_TRUE(form.Properties(Option::includeKitComponent)) << "and keeps the boxes";
-    EXPECT_FALSE(form.Form_QueryUnload(1));
+    form.Show();
+    EXPECT_FALSE(form.queryClose(1)) << "the program's own unloading passes";
+    EXPECT_TRUE(form.visible());
+    EXPECT_TRUE(form.queryClose(CloseMode::windowBox)) << "the window's own close box hides";
+    EXPECT_FALSE(form.visible());
+    EXPECT_TRUE(form.Properties(Option::includeKit));
 }
 
 }  // namespace
