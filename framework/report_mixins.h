@@ -29,8 +29,8 @@ protected:
     bool m_bReevaluate = false;
 };
 
-// A frame (FilterableReport, SegmentReport) that keeps the generator of comparable tables too, and where in its document
-// the report writes.
+// A frame (FilterableReport, SegmentReport) that keeps the generator of comparable tables too, and where in its
+// document the report writes.
 template <class Base>
 class ComparableReport : public Base, public IComparableReport {
 public:

@@ -107,8 +107,8 @@ PlacedSection copySection(const PlacedSection& section, Arena& arena) {
     return copy;
 }
 
-std::shared_ptr<const Page> Page::clone() const {
-    auto copy = std::make_shared<Page>();
+std::unique_ptr<Page> Page::clone() const {
+    auto copy = std::make_unique<Page>();
     copy->number = number;
     copy->setup = setup;
     copy->names = names;

@@ -135,7 +135,8 @@ private:
     std::size_t used_ = 0;
 };
 
-// Styles, names and charts that pages point into: kept until the last page that uses them is gone.
+// Styles, names and charts that pages point into: kept until the last page that uses them is gone. An entry never moves
+// nor changes, so that another thread may read those of its pages while the run adds new ones.
 class RunNames {
 public:
     const TextStyle* style(const TextStyle& style);
@@ -156,8 +157,7 @@ struct PageSetup {
     float printableWidth() const { return width - leftMargin - rightMargin; }
 };
 
-// One finished page. It owns its texts and shares the names; a sink that keeps a page longer than
-// its call takes a copy by clone().
+// One finished page. It owns its texts and shares the names.
 struct Page {
     int number = 0;  // 1 for the first page
     PageSetup setup;
@@ -165,18 +165,30 @@ struct Page {
     Arena arena;
     std::shared_ptr<RunNames> names;
 
-    std::shared_ptr<const Page> clone() const;
+    std::unique_ptr<Page> clone() const;
+    // Empties the page for another run of sections; its room stays.
+    void clear() {
+        sections.clear();
+        arena.clear();
+    }
 };
 
 // Copies a section with all that it points to into an arena.
 PlacedSection copySection(const PlacedSection& section, Arena& arena);
 
-// Takes pages as soon as they can no longer change. page() is called in page order; finish() once,
-// after a run that came to its end; a sink that is destroyed without finish() leaves nothing behind.
+// Takes pages as soon as they can no longer change, in page order; finish() is called once, after a run that came to
+// its end; a sink that is destroyed without finish() leaves nothing behind.
 class PageSink {
 public:
     virtual ~PageSink() = default;
+    // A page to look at during the call; what keeps it longer takes a copy by clone().
     virtual void page(const Page& page) = 0;
+    // The same for a page that may be kept. Gives back a page whose room can be used again, this one or one that came
+    // before; null when there is none.
+    virtual std::unique_ptr<Page> take(std::unique_ptr<Page> handed) {
+        page(*handed);
+        return handed;
+    }
     virtual void finish() {}
 };
 

@@ -85,8 +85,9 @@ void PageBuilder::openPage() {
     if (spare_.empty()) spare_.push_back(std::make_unique<BuiltPage>());
     current_ = std::move(spare_.back());
     spare_.pop_back();
-    current_->page.setup = setup_;
-    current_->page.names = state_.names;
+    if (!current_->page) current_->page = std::make_unique<Page>();
+    current_->page->setup = setup_;
+    current_->page->names = state_.names;
     current_->empty = true;
     current_->holds = current_->removed = false;
     cursor_ = bodyTop_ = setup_.topMargin;
@@ -140,19 +141,18 @@ void PageBuilder::emit(bool all) {
     while (!held_.empty() && (all || (held_.size() > 2 && !held_.front()->holds))) {
         auto built = std::move(held_.front());
         held_.pop_front();
-        built->page.number = ++emitted_;
-        sink_.page(built->page);
-        built->page.sections.clear();
-        built->page.arena.clear();
+        built->page->number = ++emitted_;
+        built->page = sink_.take(std::move(built->page));
+        if (built->page) built->page->clear();
         spare_.push_back(std::move(built));
     }
 }
 
 void PageBuilder::put(const PlacedSection& placed, bool body) {
     if (placed.height > 0 || !placed.controls.empty()) {
-        current_->page.sections.push_back(placed);
-        current_->page.sections.back().top = cursor_;
-        current_->page.sections.back().left = setup_.leftMargin;
+        current_->page->sections.push_back(placed);
+        current_->page->sections.back().top = cursor_;
+        current_->page->sections.back().left = setup_.leftMargin;
         if (body) current_->empty = false;
     }
     cursor_ += placed.height;

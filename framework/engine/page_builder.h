@@ -20,7 +20,7 @@ public:
     void endPages();
 
     // SectionTarget
-    Arena& arena() override { return current_->page.arena; }
+    Arena& arena() override { return current_->page->arena; }
     float width() const override { return setup_.printableWidth(); }
     void begin(BandRun& run) override;
     void beforeFormat() override;
@@ -38,7 +38,7 @@ public:
 
 private:
     struct BuiltPage {
-        Page page;
+        std::unique_ptr<Page> page;
         bool empty = true;
         bool holds = false;  // an empty page that the report footer's breaks leave: kept to the end
         bool removed = false;
