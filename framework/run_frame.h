@@ -23,8 +23,9 @@
 
 namespace quillo {
 
-// What a report does with the wish for amounts in foreign currency.
-enum class Foreign { ignored, kept, keptGatesSections };
+// What a report does with the wish for amounts in foreign currency. The last two show the sections of a currency's
+// group where the company uses foreign currency; keptWhereUsed forgets the wish where it does not.
+enum class Foreign { ignored, kept, keptGatesSections, keptWhereUsed };
 
 // The fixed values of a report's contract.
 struct ContractRow {
@@ -32,7 +33,8 @@ struct ContractRow {
     int titleId = 0;               // text of the title; 0: empty
     bool companyCurrency = false;  // UseCurrency tells whether the company uses foreign currency; else False
     Foreign foreign = Foreign::ignored;
-    bool keepsDateFrom = true;  // false: DateFrom is an empty body, as with a closing date alone
+    bool keepsDateFrom = true;    // false: DateFrom is an empty body, as with a closing date alone
+    bool filterOptional = false;  // without a filter tool the report prints everything; else that is a failure
 };
 
 // The frame in which every report of the factory runs: the plain part of the contract, and the common steps of
@@ -55,6 +57,8 @@ public:
 
 protected:
     ReportFrame(std::string name, HostContext& context, const ContractRow& contract);
+
+    const ContractRow& contract() const { return contract_; }
 
     // The text id of the title, for reports that hold two.
     virtual int titleId() const { return contract_.titleId; }
@@ -106,14 +110,18 @@ public:
 protected:
     using ReportFrame::ReportFrame;
     // Asks the filter tool, which leaves the choice in the filter string. False when the user cancelled. A step of
-    // ActiveReport_ReportStart.
+    // ActiveReport_ReportStart. Without a tool there is nothing to ask in a report whose filter is optional.
     bool askFilter(const std::string& tables, bool flagA = true, int line = __builtin_LINE());
     FilterParts filterParts() const { return splitFilter(m_strFilter); }
-    // Puts the filter's text into the page header.
+    // Puts the filter's text into the page header, if there is a filter.
     void fillFilterInfo(SubReport& control, std::string_view segments = "");
 
     std::string m_strFilter;
     FilterTool* m_objFilterTool = nullptr;
+
+private:
+    // Whether there is a filter tool; throws where the report cannot do without.
+    bool hasFilterTool() const;
 };
 
 // A filterable report that can be narrowed to segments.
@@ -125,8 +133,13 @@ public:
 
 protected:
     using FilterableReport::FilterableReport;
+    // The clause of the chosen segments behind a condition of the query's own: " AND (column IN (1,2))".
     std::string segments(std::string_view column) const {
         return segmentClause(column, m_strSegmentFilter, m_bSegmentNoneFilter, true);
+    }
+    // The same as the first condition, without AND.
+    std::string firstSegments(std::string_view column) const {
+        return segmentClause(column, m_strSegmentFilter, m_bSegmentNoneFilter, false);
     }
 
     std::string m_strSegmentFilter;

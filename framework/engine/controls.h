@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -79,6 +80,7 @@ struct Line : Control {
 
 struct Shape : Control {
     float LineWidth = 10;
+    std::optional<Color> BackColor;  // absent: what lies beneath shows through
 };
 
 struct SubReport : Control {

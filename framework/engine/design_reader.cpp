@@ -218,9 +218,9 @@ private:
 
     std::unique_ptr<Control> readControl(const Json& object, const Place& here, SectionKind sectionKind) {
         const Keys keys(object, here,
-                        {"kind", "name",      "left",   "top",       "width",   "height",  "tag",     "caption",
-                         "text", "dataField", "format", "style",     "align",   "canGrow", "visible", "x1",
-                         "y1",   "x2",        "y2",     "lineWidth", "enabled", "sum",     "running"});
+                        {"kind", "name",      "left",   "top",       "width", "height",  "tag",     "caption",
+                         "text", "dataField", "format", "style",     "align", "canGrow", "visible", "x1",
+                         "y1",   "x2",        "y2",     "lineWidth", "fill",  "enabled", "sum",     "running"});
         auto control = make(keys, here, sectionKind);
         keys.text("name", control->info.name);
         if (control->info.name.empty() || !names_.insert(foldedName(control->info.name)).second)
@@ -272,6 +272,7 @@ private:
         if (kind == "Shape") {
             auto shape = made<Shape>();
             keys.number("lineWidth", shape->LineWidth);
+            if (keys.has("fill")) shape->BackColor = colorOf(keys.text("fill"), here);
             return shape;
         }
         if (kind == "SubReport") {

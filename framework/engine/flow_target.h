@@ -46,11 +46,11 @@ private:
     const Section& section_;
     PlacedSection upper_;
     const Flow flow_;
-    Arena arena_;       // of what waits, and of the section that is on its way
+    Arena arena_;  // of what waits, and of the section that is on its way
     bool flows_ = false;
-    bool printed_ = false;               // a piece of the section stands on a page
+    bool printed_ = false;                // a piece of the section stands on a page
     std::vector<PlacedSection> waiting_;  // while nothing flows
-    float height_ = 0;                   // of what waits
+    float height_ = 0;                    // of what waits
     std::vector<PlacedSection> piece_;    // what stands on the current page
     float pieceTop_ = 0;
     Headings headings_{Headings::Hold::copies};

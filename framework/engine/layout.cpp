@@ -207,6 +207,7 @@ private:
                 return placeLine(static_cast<const Line&>(control), placed);
             case ControlKind::shape:
                 placed.lineWidth = static_cast<const Shape&>(control).LineWidth;
+                placed.fill = static_cast<const Shape&>(control).BackColor;
                 return;
             case ControlKind::subReport:
                 return placeSubReport(static_cast<const SubReport&>(control), placed);

@@ -129,8 +129,8 @@ bool shows(const PlacedSection& section) {
                        [](const PlacedControl& control) { return shows(control); });
 }
 
-std::shared_ptr<const Page> Page::clone() const {
-    auto copy = std::make_shared<Page>();
+std::unique_ptr<Page> Page::clone() const {
+    auto copy = std::make_unique<Page>();
     copy->number = number;
     copy->setup = setup;
     copy->names = names;

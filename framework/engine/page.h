@@ -103,6 +103,7 @@ struct PlacedControl {
     const ChartData* chart = nullptr;
     std::span<const std::byte> picture;  // of an Image: the file's bytes (PNG or JPEG)
     float lineWidth = 10;                // twips, of a Line or a Shape
+    std::optional<Color> fill;           // of a Shape
 };
 
 struct PlacedSection {
@@ -143,8 +144,8 @@ private:
     std::size_t used_ = 0;
 };
 
-// Styles, names, charts and pictures that pages point into: kept until the last page that uses them is gone. What is
-// once kept stays where it is, so that pages may be read on another thread while a run adds to it.
+// Styles, names, charts and pictures that pages point into: kept until the last page that uses them is gone. An entry
+// never moves nor changes, so that another thread may read those of its pages while the run adds new ones.
 class RunNames {
 public:
     const TextStyle* style(const TextStyle& style);
@@ -168,8 +169,7 @@ struct PageSetup {
     float printableWidth() const { return width - leftMargin - rightMargin; }
 };
 
-// One finished page. It owns its texts and shares the names; a sink that keeps a page longer than
-// its call takes a copy by clone().
+// One finished page. It owns its texts and shares the names.
 struct Page {
     int number = 0;  // 1 for the first page
     PageSetup setup;
@@ -177,7 +177,12 @@ struct Page {
     Arena arena;
     std::shared_ptr<RunNames> names;
 
-    std::shared_ptr<const Page> clone() const;
+    std::unique_ptr<Page> clone() const;
+    // Empties the page for another run of sections; its room stays.
+    void clear() {
+        sections.clear();
+        arena.clear();
+    }
 };
 
 // Copies a section with all that it points to into an arena.
@@ -188,12 +193,19 @@ PlacedSection copySection(const PlacedSection& section, Arena& arena);
 bool shows(const PlacedControl& control);
 bool shows(const PlacedSection& section);
 
-// Takes pages as soon as they can no longer change. page() is called in page order; finish() once,
-// after a run that came to its end; a sink that is destroyed without finish() leaves nothing behind.
+// Takes pages as soon as they can no longer change, in page order; finish() is called once, after a run that came to
+// its end; a sink that is destroyed without finish() leaves nothing behind.
 class PageSink {
 public:
     virtual ~PageSink() = default;
+    // A page to look at during the call; what keeps it longer takes a copy by clone().
     virtual void page(const Page& page) = 0;
+    // The same for a page that may be kept. Gives back a page whose room can be used again, this one or one that came
+    // before; null when there is none.
+    virtual std::unique_ptr<Page> take(std::unique_ptr<Page> handed) {
+        page(*handed);
+        return handed;
+    }
     virtual void finish() {}
 };
 

@@ -60,8 +60,7 @@ void Paginator::begin(BandRun& run) {
 
 std::unique_ptr<Page> Paginator::sparePage() {
     if (!spare_) return std::make_unique<Page>();
-    spare_->sections.clear();
-    spare_->arena.clear();
+    spare_->clear();
     return std::move(spare_);
 }
 
@@ -131,8 +130,7 @@ void Paginator::closePage(Carry& carry, Arena& next) {
     printPageFooter(carry, next);
     ++state_.progress.pages;
     state_.askToProceed();
-    sink_.page(*current_);
-    spare_ = std::move(current_);
+    spare_ = sink_.take(std::move(current_));
 }
 
 void Paginator::printPageFooter(Carry& carry, Arena& next) {
@@ -155,7 +153,8 @@ void Paginator::makeRoom(float bottom, Carry& carry, Arena& next) {
         if (owners_.back() != nullptr && hasBody(end() - 1)) {
             takeLast(carry, next);
         } else if (owners_.back() != nullptr &&
-                   splitSection(current_->sections.back(), bottom - current_->sections.back().top, arena(), head, rest)) {
+                   splitSection(current_->sections.back(), bottom - current_->sections.back().top, arena(), head,
+                                rest)) {
             carry.parts.insert(carry.parts.begin(), {owners_.back(), copySection(rest, next)});
             carry.torn = true;
             current_->sections.back() = head;

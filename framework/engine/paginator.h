@@ -9,11 +9,12 @@
 
 namespace quillo {
 
-// Puts sections on pages: page headers and footers, page breaks, what keeps together, sections that split. A page goes to
-// the sink as soon as the next one begins.
+// Puts sections on pages: page headers and footers, page breaks, what keeps together, sections that split. A page goes
+// to the sink as soon as the next one begins.
 //
 // - A page break, and a section that asks for a new page, waits for something that shows.
-// - What must stay together is placed where it comes; when the next piece does not fit, all of it moves to the next page
+// - What must stay together is placed where it comes; when the next piece does not fit, all of it moves to the next
+// page
 //   with that piece, as it was placed: no event runs again. A total moves with the row before it, and headers with the
 //   row behind them.
 // - A section that is higher than a page, or is not kept together, is split. A page on which nothing can be placed

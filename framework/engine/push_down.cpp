@@ -15,9 +15,8 @@ struct Push {
 }  // namespace
 
 void pushDown(std::vector<Extent>& extents) {
-    std::sort(extents.begin(), extents.end(), [](const Extent& a, const Extent& b) {
-        return a.top != b.top ? a.top < b.top : a.bottom < b.bottom;
-    });
+    std::sort(extents.begin(), extents.end(),
+              [](const Extent& a, const Extent& b) { return a.top != b.top ? a.top < b.top : a.bottom < b.bottom; });
     std::priority_queue<Push, std::vector<Push>, std::greater<>> waiting;
     float push = 0;  // of all that ended at or above the place that is looked at
     for (Extent& extent : extents) {

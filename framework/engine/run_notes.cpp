@@ -6,7 +6,8 @@ namespace quillo {
 
 SectionNotes& RunNotes::of(const Section& section, int level) {
     const SectionInfo* known = sections_[&section].info;
-    if (known == nullptr || known->level != level || known->repeat != section.Repeat || known->fill != section.info.fill) {
+    if (known == nullptr || known->level != level || known->repeat != section.Repeat ||
+        known->fill != section.info.fill) {
         SectionInfo info = section.info;
         info.level = level;
         info.repeat = section.Repeat;

@@ -101,7 +101,7 @@ TEST_F(Program, RefusesWhatCannotBeInOneLineAndWritesNothing) {
          "TermList has no options"},
         {{"run", "OpenOrders", "--company", company.path(), "--option", "chkIncludeKit=true"},
          2,
-         "it has chkIncludeZeroOrders"},
+         "there is no option \"chkIncludeKit\"; the form has chkIncludeZeroOrders"},
         {{"run", "OpenOrders", "--company", company.path(), "--option", "chkIncludeZeroOrders=maybe"},
          2,
          "is true or false"},

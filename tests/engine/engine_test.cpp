@@ -342,6 +342,26 @@ TEST(Engine, WhatAReportWritesInFormatPrintsAndARebindTakesTheOtherColumn) {
     EXPECT_EQ(bench.run(*report), "-- 1\nDetail 1! 1\nDetail 3! 4\n");
 }
 
+TEST(Engine, AShapePrintsWithTheBackColourOfItsDesignUntilTheReportSetsAnother) {
+    Bench bench;
+    auto report = bench.report(
+        design(section("Detail", "detail", 300,
+                       std::string(dataControl) +
+                           R"(, {"kind": "Shape", "name": "shp", "width": 9, "height": 9, "fill": "#0000c8"})")));
+    report->dataControl()->Recordset = Bench::rows({"A"}, {{1}, {2}, {3}});
+    std::vector<std::optional<Color>> colors = {Color{0, 0, 200}, Color{1, 2, 3}, std::nullopt};
+    std::size_t row = 0;
+    report->section("Detail").Format = [&] {
+        if (row > 0) report->shape("shp").BackColor = colors[row];
+        ++row;
+    };
+    bench.run(*report);
+    std::vector<std::optional<Color>> printed;
+    for (const PlacedSection& section : bench.pages.pages.at(0)->sections)
+        for (const PlacedControl& control : section.controls) printed.push_back(control.fill);
+    EXPECT_EQ(printed, colors);
+}
+
 TEST(Engine, AnEventThatFailsShowsOneBoxAndTheRunGoesOn) {
     Bench bench;
     auto report = bench.report(grouped);

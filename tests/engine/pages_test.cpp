@@ -31,7 +31,8 @@ Rows numbers(int from, int to) {
     return rows;
 }
 
-std::shared_ptr<Sample> withRows(Bench& bench, const std::string& sections, std::vector<std::string> columns, Rows rows) {
+std::shared_ptr<Sample> withRows(Bench& bench, const std::string& sections, std::vector<std::string> columns,
+                                 Rows rows) {
     auto report = bench.report(design(sections));
     report->dataControl()->Recordset = Bench::rows(std::move(columns), std::move(rows));
     return report;
@@ -39,20 +40,21 @@ std::shared_ptr<Sample> withRows(Bench& bench, const std::string& sections, std:
 
 TEST(Pages, AHeaderStandsAgainAsItPrintedFirstAndRunsNoEvent) {
     Bench bench;
-    auto report = withRows(bench,
-                           section("ghOuter", "groupHeader", 100, bound("o", "O"), R"("dataField": "O", "repeat": true)") +
-                               "," +
-                               section("ghInner", "groupHeader", 100, bound("i", "I"), R"("dataField": "I", "repeat": true)") +
-                               "," + detail(600) + "," + section("gfInner", "groupFooter", 500, label("in", 0)) + "," +
-                               section("gfOuter", "groupFooter", 100),
-                           {"O", "I", "V"}, {{"a", 1, 1}, {"a", 1, 2}, {"a", 1, 3}, {"b", 2, 4}});
+    auto report =
+        withRows(bench,
+                 section("ghOuter", "groupHeader", 100, bound("o", "O"), R"("dataField": "O", "repeat": true)") + "," +
+                     section("ghInner", "groupHeader", 100, bound("i", "I"), R"("dataField": "I", "repeat": true)") +
+                     "," + detail(600) + "," + section("gfInner", "groupFooter", 500, label("in", 0)) + "," +
+                     section("gfOuter", "groupFooter", 100),
+                 {"O", "I", "V"}, {{"a", 1, 1}, {"a", 1, 2}, {"a", 1, 3}, {"b", 2, 4}});
     std::string events;
     report->section("ghInner").Format = [&] { events += "F" + report->field("i").Text; };
     report->section("ghInner").AfterPrint = [&] { events += "P"; };
     // The footer goes to page 2 with its row, while the recordset stands in the group of b already.
-    EXPECT_EQ(bench.run(*report),
-              "-- 1\nghOuter a\nghInner 1\nDetail 1\nDetail 2\n-- 2\nghOuter a\nghInner 1\nDetail 3\ngfInner in\ngfOuter\n"
-              "-- 3\nghOuter b\nghInner 2\nDetail 4\ngfInner in\ngfOuter\n");
+    EXPECT_EQ(
+        bench.run(*report),
+        "-- 1\nghOuter a\nghInner 1\nDetail 1\nDetail 2\n-- 2\nghOuter a\nghInner 1\nDetail 3\ngfInner in\ngfOuter\n"
+        "-- 3\nghOuter b\nghInner 2\nDetail 4\ngfInner in\ngfOuter\n");
     EXPECT_EQ(events, "F1PF2P");
     EXPECT_TRUE(bench.pages.pages[1]->sections[1].repeat);
     EXPECT_FALSE(bench.pages.pages[2]->sections[1].repeat);
@@ -60,30 +62,31 @@ TEST(Pages, AHeaderStandsAgainAsItPrintedFirstAndRunsNoEvent) {
 
 TEST(Pages, HeadingsThatWouldFillThePageDoNotStandAgain) {
     Bench bench;
-    auto report =
-        withRows(bench, section("gh", "groupHeader", 1500, bound("g", "G"), R"("dataField": "G", "repeat": true)") + "," +
-                            detail(500) + "," + section("gf", "groupFooter", 0),
-                 {"G", "V"}, {{"a", 1}, {"a", 2}, {"a", 3}});
+    auto report = withRows(bench,
+                           section("gh", "groupHeader", 1500, bound("g", "G"), R"("dataField": "G", "repeat": true)") +
+                               "," + detail(500) + "," + section("gf", "groupFooter", 0),
+                           {"G", "V"}, {{"a", 1}, {"a", 2}, {"a", 3}});
     EXPECT_EQ(bench.run(*report), "-- 1\ngh a\nDetail 1\n-- 2\nDetail 2\nDetail 3\n");
 }
 
 TEST(Pages, ATotalNeverLeavesItsRow) {
     Bench bench;
     auto report = withRows(bench,
-                           section("gh", "groupHeader", 100, bound("g", "G"), R"("dataField": "G")") + "," + detail(450) +
-                               "," + section("gf", "groupFooter", 100, label("sum", 0)) + "," +
+                           section("gh", "groupHeader", 100, bound("g", "G"), R"("dataField": "G")") + "," +
+                               detail(450) + "," + section("gf", "groupFooter", 100, label("sum", 0)) + "," +
                                section("ReportFooter", "reportFooter", 100, label("total", 0)),
                            {"G", "V"}, {{"a", 1}, {"a", 2}, {"a", 3}, {"a", 4}});
-    EXPECT_EQ(bench.run(*report), "-- 1\ngh a\nDetail 1\nDetail 2\nDetail 3\n-- 2\nDetail 4\ngf sum\nReportFooter total\n");
+    EXPECT_EQ(bench.run(*report),
+              "-- 1\ngh a\nDetail 1\nDetail 2\nDetail 3\n-- 2\nDetail 4\ngf sum\nReportFooter total\n");
 }
 
 TEST(Pages, AKeptGroupMovesWithoutAnEventAndAfterPrintFollowsEachSection) {
     Bench bench;
-    auto report = withRows(bench,
-                           section("gh", "groupHeader", 100, bound("g", "G"),
-                                   R"("dataField": "G", "groupKeepTogether": "all")") +
-                               "," + detail(600) + "," + section("gf", "groupFooter", 100),
-                           {"G", "V"}, {{"a", 1}, {"b", 2}, {"b", 3}});
+    auto report =
+        withRows(bench,
+                 section("gh", "groupHeader", 100, bound("g", "G"), R"("dataField": "G", "groupKeepTogether": "all")") +
+                     "," + detail(600) + "," + section("gf", "groupFooter", 100),
+                 {"G", "V"}, {{"a", 1}, {"b", 2}, {"b", 3}});
     std::string events;
     for (const char* name : {"gh", "Detail", "gf"}) {
         report->section(name).Format = [&events, name] { events += std::string(name) + "("; };
@@ -95,39 +98,38 @@ TEST(Pages, AKeptGroupMovesWithoutAnEventAndAfterPrintFollowsEachSection) {
 
 TEST(Pages, AGroupTooLongToKeepStillKeepsItsInnerGroups) {
     Bench bench;
-    auto report = withRows(bench,
-                           section("ghOuter", "groupHeader", 100, bound("o", "O"),
-                                   R"("dataField": "O", "groupKeepTogether": "all")") +
-                               "," +
-                               section("ghInner", "groupHeader", 100, bound("i", "I"),
-                                       R"("dataField": "I", "groupKeepTogether": "all")") +
-                               "," + detail(400) + "," + section("gfInner", "groupFooter", 0) + "," +
-                               section("gfOuter", "groupFooter", 0),
-                           {"O", "I", "V"}, {{"a", 1, 1}, {"a", 1, 2}, {"a", 1, 3}, {"a", 2, 4}, {"a", 2, 5}});
+    auto report = withRows(
+        bench,
+        section("ghOuter", "groupHeader", 100, bound("o", "O"), R"("dataField": "O", "groupKeepTogether": "all")") +
+            "," +
+            section("ghInner", "groupHeader", 100, bound("i", "I"), R"("dataField": "I", "groupKeepTogether": "all")") +
+            "," + detail(400) + "," + section("gfInner", "groupFooter", 0) + "," + section("gfOuter", "groupFooter", 0),
+        {"O", "I", "V"}, {{"a", 1, 1}, {"a", 1, 2}, {"a", 1, 3}, {"a", 2, 4}, {"a", 2, 5}});
     EXPECT_EQ(bench.run(*report),
               "-- 1\nghOuter a\nghInner 1\nDetail 1\nDetail 2\nDetail 3\n-- 2\nghInner 2\nDetail 4\nDetail 5\n");
 }
 
 TEST(Pages, ABreakWaitsForSomethingThatPrints) {
     Bench bench;
-    auto report = withRows(bench, detail(300) + "," + section("ReportFooter", "reportFooter", 200), {"V"}, numbers(1, 2));
+    auto report =
+        withRows(bench, detail(300) + "," + section("ReportFooter", "reportFooter", 200), {"V"}, numbers(1, 2));
     report->section("Detail").NewPage = NewPage::after;
     EXPECT_EQ(bench.run(*report), "-- 1\nDetail 1\n-- 2\nDetail 2\n") << "nothing shows behind the last break";
 
     Bench shown;
-    auto second = withRows(shown, detail(300) + "," + section("ReportFooter", "reportFooter", 200, label("end", 0)), {"V"},
-                           numbers(1, 1));
+    auto second = withRows(shown, detail(300) + "," + section("ReportFooter", "reportFooter", 200, label("end", 0)),
+                           {"V"}, numbers(1, 1));
     second->section("Detail").NewPage = NewPage::after;
     EXPECT_EQ(shown.run(*second), "-- 1\nDetail 1\n-- 2\nReportFooter end\n");
 }
 
 TEST(Pages, BreaksInASectionMoveDownWithWhatGrowsAboveThem) {
     Bench bench;
-    auto report = withRows(
-        bench, section("Detail", "detail", 500,
-                       label("long", 0, 200, R"("canGrow": true)") + "," + breakAt("b", 250) + "," + label("behind", 260) +
-                           "," + dataControl),
-        {"V"}, numbers(1, 1));
+    auto report = withRows(bench,
+                           section("Detail", "detail", 500,
+                                   label("long", 0, 200, R"("canGrow": true)") + "," + breakAt("b", 250) + "," +
+                                       label("behind", 260) + "," + dataControl),
+                           {"V"}, numbers(1, 1));
     report->label("long").Caption = std::string(60, 'x');  // six lines of 200
     EXPECT_EQ(bench.run(*report, true),
               "-- 1\nDetail@500+1250 " + std::string(60, 'x') + "@0\n-- 2\nDetail@500+250 behind@10\n");
@@ -135,15 +137,15 @@ TEST(Pages, BreaksInASectionMoveDownWithWhatGrowsAboveThem) {
 
 TEST(Pages, ATextThatSplitsPushesDownWhatStandsBelowOnTheNextPage) {
     Bench bench;
-    auto report = withRows(
-        bench,
-        section("Detail", "detail", 350,
-                label("top", 0, 150) + "," + label("long", 150, 100, R"("canGrow": true)") + "," + label("below", 250) +
-                    "," + dataControl),
-        {"V"}, numbers(1, 1));
-    report->label("long").Caption = std::string(110, 'x');  // eleven lines of 200; nine fit below "top", 50 twips are lost
-    EXPECT_EQ(bench.run(*report, true), "-- 1\nDetail@500+2000 top@0 " + std::string(90, 'x') + "@150\n-- 2\nDetail@500+500 " +
-                                            std::string(20, 'x') + "@0 below@400\n");
+    auto report = withRows(bench,
+                           section("Detail", "detail", 350,
+                                   label("top", 0, 150) + "," + label("long", 150, 100, R"("canGrow": true)") + "," +
+                                       label("below", 250) + "," + dataControl),
+                           {"V"}, numbers(1, 1));
+    report->label("long").Caption =
+        std::string(110, 'x');  // eleven lines of 200; nine fit below "top", 50 twips are lost
+    EXPECT_EQ(bench.run(*report, true), "-- 1\nDetail@500+2000 top@0 " + std::string(90, 'x') +
+                                            "@150\n-- 2\nDetail@500+500 " + std::string(20, 'x') + "@0 below@400\n");
 }
 
 TEST(Pages, StackedControlsThatGrowTakeNoLongerThanTheyAreMany) {
@@ -151,7 +153,8 @@ TEST(Pages, StackedControlsThatGrowTakeNoLongerThanTheyAreMany) {
     std::string controls;
     for (int i = 0; i < count; ++i) controls += label("g" + std::to_string(i), i * 10, 10, R"("canGrow": true)") + ",";
     Bench bench;
-    auto report = bench.report(design(section("Detail", "detail", count * 10, controls + label("last", count * 10, 10))));
+    auto report =
+        bench.report(design(section("Detail", "detail", count * 10, controls + label("last", count * 10, 10))));
     bench.run(*report);
     ASSERT_FALSE(bench.pages.pages.empty());
     EXPECT_EQ(bench.pages.pages.size(), 7U) << "60 lines of 200 on pages of 2000, and the last label";
@@ -177,16 +180,18 @@ TEST(Pages, ASectionIsNeverLowerThanWhatItShowsAndAHeightThatCannotBeShowsABox) 
 
 TEST(Pages, AnUnderlaidHeaderStaysBesideItsGroupAcrossEmptySectionsAndAFooterThatStretchesItself) {
     Bench bench;
-    auto report = withRows(bench,
-                           section("gh", "groupHeader", 900, bound("g", "G"), R"("dataField": "G", "underlayNext": true)") +
-                               "," + section("ghEmpty", "groupHeader", 0, "", R"("dataField": "V")") + "," + detail(200) +
-                               "," + section("gfEmpty", "groupFooter", 0) + "," +
-                               section("gf", "groupFooter", 100, label("sum", 0)),
-                           {"G", "V"}, {{"a", 1}, {"a", 2}, {"b", 3}, {"c", 4}});
+    auto report =
+        withRows(bench,
+                 section("gh", "groupHeader", 900, bound("g", "G"), R"("dataField": "G", "underlayNext": true)") + "," +
+                     section("ghEmpty", "groupHeader", 0, "", R"("dataField": "V")") + "," + detail(200) + "," +
+                     section("gfEmpty", "groupFooter", 0) + "," + section("gf", "groupFooter", 100, label("sum", 0)),
+                 {"G", "V"}, {{"a", 1}, {"a", 2}, {"b", 3}, {"c", 4}});
     int rows = 0;
     report->section("gh").Format = [&] { rows = 0; };
     report->section("Detail").AfterPrint = [&] { ++rows; };
-    report->section("gf").Format = [&] { report->section("gf").Height = 900.0F - 200.0F * static_cast<float>(rows) + 50; };
+    report->section("gf").Format = [&] {
+        report->section("gf").Height = 900.0F - 200.0F * static_cast<float>(rows) + 50;
+    };
     EXPECT_EQ(bench.run(*report, true),
               "-- 1\ngh@500+900 a@0\nDetail@500+200 1@0\nDetail@700+200 2@0\ngf@900+550 sum@0\n"
               "gh@1450+900 b@0\nDetail@1450+200 3@0\ngf@1650+750 sum@0\n"
@@ -198,7 +203,9 @@ TEST(Pages, APageFooterThatGrowsTakesItsRoomFromTheRowsAboveIt) {
     auto report = withRows(bench, detail(600) + "," + section("PageFooter", "pageFooter", 100, label("foot", 0)), {"V"},
                            numbers(1, 5));
     int pages = 0;
-    report->section("PageFooter").Format = [&] { report->section("PageFooter").Height = ++pages == 1 ? 700.0F : 100.0F; };
+    report->section("PageFooter").Format = [&] {
+        report->section("PageFooter").Height = ++pages == 1 ? 700.0F : 100.0F;
+    };
     EXPECT_EQ(bench.run(*report),
               "-- 1\nDetail 1\nDetail 2\nPageFooter foot\n-- 2\nDetail 3\nDetail 4\nPageFooter foot\n-- 3\nDetail "
               "5\nPageFooter foot\n");
@@ -213,13 +220,14 @@ TEST(Pages, ThePageHeaderShowsTheRowThatItsPageBeginsWith) {
 
 TEST(Pages, SlicesBehindALongSubReportKeepTheirControls) {
     Bench bench;
-    auto report = withRows(bench,
-                           detail(100) + "," +
-                               section("ReportFooter", "reportFooter", 600,
-                                       subReportAt(0) + "," + breakAt("b", 200) + "," + label("behind", 300) + "," +
-                                           R"({"kind": "SubReport", "name": "sub2", "top": 450, "width": 3000, "height": 100})",
-                                       R"("keepTogether": false)"),
-                           {"V"}, numbers(0, 0));
+    auto report =
+        withRows(bench,
+                 detail(100) + "," +
+                     section("ReportFooter", "reportFooter", 600,
+                             subReportAt(0) + "," + breakAt("b", 200) + "," + label("behind", 300) + "," +
+                                 R"({"kind": "SubReport", "name": "sub2", "top": 450, "width": 3000, "height": 100})",
+                             R"("keepTogether": false)"),
+                 {"V"}, numbers(0, 0));
     auto sub = withRows(bench, detail(150), {"V"}, numbers(1, 30));
     auto last = withRows(bench, detail(150), {"V"}, numbers(31, 60));
     report->subReport("sub").Object = sub;
@@ -245,11 +253,12 @@ std::string distribution() {
 TEST(Pages, ASubReportOfAnyLengthGoesToThePagesWithItsHeadingsAndItsTotalKeepsItsRow) {
     for (const bool kept : {false, true}) {
         Bench bench;
-        auto report = withRows(bench,
-                               detail(100) + "," +
-                                   section("ReportFooter", "reportFooter", 300, label("above", 0) + "," + subReportAt(150),
-                                           kept ? "" : R"("keepTogether": false)"),
-                               {"V"}, numbers(0, 0));
+        auto report =
+            withRows(bench,
+                     detail(100) + "," +
+                         section("ReportFooter", "reportFooter", 300, label("above", 0) + "," + subReportAt(150),
+                                 kept ? "" : R"("keepTogether": false)"),
+                     {"V"}, numbers(0, 0));
         auto sub = bench.report(distribution());
         sub->dataControl()->Recordset = Bench::rows({"V"}, numbers(1, 23));
         report->subReport("sub").Object = sub;
@@ -271,13 +280,13 @@ TEST(Pages, PagesLeaveForTheSinkWhileTheDistributionIsStillRunning) {
         int count = 0;
     } sink;
     Bench bench;
-    auto report = withRows(bench,
-                           detail(100) + "," +
-                               section("ReportFooter", "reportFooter", 300,
-                                       label("total", 0) + "," + breakAt("b1", 110) + "," + breakAt("b2", 120) + "," +
-                                           subReportAt(130),
-                                       R"("keepTogether": false)"),
-                           {"V"}, numbers(0, 0));
+    auto report = withRows(
+        bench,
+        detail(100) + "," +
+            section("ReportFooter", "reportFooter", 300,
+                    label("total", 0) + "," + breakAt("b1", 110) + "," + breakAt("b2", 120) + "," + subReportAt(130),
+                    R"("keepTogether": false)"),
+        {"V"}, numbers(0, 0));
     report->RemovesEmptyPages = true;
     auto sub = bench.report(distribution());
     sub->dataControl()->Recordset = Bench::rows({"V"}, numbers(1, 5000));

@@ -19,6 +19,7 @@ public:
     Sample(HostContext& context, std::string_view design) : Report("Sample", context, design) {}
     using Report::field;
     using Report::label;
+    using Report::shape;
     using Report::subReport;
     std::function<void(Sample&)> start, end;
     void ActiveReport_ReportStart() override {
@@ -37,8 +38,8 @@ inline std::string design(const std::string& sections) {
     return std::string("{\"name\": \"Sample\", ") + smallPage + ", \"sections\": [" + sections + "]}";
 }
 
-inline std::string section(const std::string& name, const std::string& kind, int height, const std::string& controls = "",
-                    const std::string& more = "") {
+inline std::string section(const std::string& name, const std::string& kind, int height,
+                           const std::string& controls = "", const std::string& more = "") {
     return R"({"name": ")" + name + R"(", "kind": ")" + kind + R"(", "height": )" + std::to_string(height) +
            (more.empty() ? "" : ", " + more) + R"(, "controls": [)" + controls + "]}";
 }
