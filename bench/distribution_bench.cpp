@@ -73,11 +73,7 @@ class JournalWithDistribution final : public Report {
 public:
     JournalWithDistribution(HostContext& context, int accounts) : Report("Journal", context, journalDesign) {
         subReport("distribution").Object = std::make_shared<Distribution>(context, accounts);
-    }
-    // As the journals do: the empty page between the breaks goes.
-    void ActiveReport_ReportEnd() override {
-        Pages->Remove(Pages->PageNumber() - 2);
-        Pages->Commit();
+        RemovesEmptyPages = true;  // as the journals have it: the empty page between the breaks goes
     }
 };
 

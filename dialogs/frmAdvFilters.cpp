@@ -12,8 +12,6 @@ CheckBox boxFor(const char* name, int id) {
     return box;
 }
 
-constexpr int closedByWindowBox = 0;
-
 }  // namespace
 
 frmAdvFilters::frmAdvFilters(HostContext& context)
@@ -85,9 +83,13 @@ void frmAdvFilters::TranslateForm(int CaptionId) {
 }
 
 bool frmAdvFilters::Form_QueryUnload(int UnloadMode) {
-    if (UnloadMode != closedByWindowBox) return false;
-    visible_ = false;
+    if (UnloadMode != CloseMode::windowBox) return false;
+    Hide();
     return true;
+}
+
+void frmAdvFilters::clicked(const FormControl& control) {
+    if (&control == &cmdOk) cmdOk_Click();
 }
 
 std::vector<CheckBox*> frmAdvFilters::checkBoxes() {

@@ -27,17 +27,18 @@ public:
     void PrepareInvConfigDialog(Application& application, int Mask, int CaptionId);
     static bool IsPropInList(int Mask, int Id) { return (Mask & Id) != 0; }
 
-    // The ways of leaving: both hide the form and keep the boxes.
-    void cmdOk_Click() { visible_ = false; }
-    // True refuses the close: by the window's own box (mode 0) the form hides instead.
-    bool Form_QueryUnload(int UnloadMode);
-    void Show() { visible_ = true; }
-    bool visible() const { return visible_; }
-
     std::vector<CheckBox*> checkBoxes() override;
+    bool queryClose(int mode) override { return Form_QueryUnload(mode); }
+
+protected:
+    void clicked(const FormControl& control) override;
 
 private:
     void Form_Load();
+    // The ways of leaving: both hide the form and keep the boxes.
+    void cmdOk_Click() { Hide(); }
+    // True refuses the close: by the window's own box the form hides instead.
+    bool Form_QueryUnload(int UnloadMode);
     void SetProperties(int Mask);
     void SetCheckBox(CheckBox& box, bool shown);
     void TranslateForm(int CaptionId);
@@ -49,7 +50,6 @@ private:
     std::array<CheckBox, 6> boxes_;
     int m_lngTop = 0;       // the next free top, twips
     float m_sngBorder = 0;  // outer height less inner height
-    bool visible_ = false;
 };
 
 }  // namespace quillo

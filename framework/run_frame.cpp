@@ -10,12 +10,7 @@ ReportFrame::ReportFrame(std::string name, HostContext& context, const ContractR
     : Report(std::move(name), context), contract_(contract) {}
 
 void ReportFrame::IReport_DateFrom(const Date& value) {
-    // With a closing date alone there is no first day to keep.
-    if (contract_.keepsDates && contract_.dateOptions != DateDisplay::closingDate) m_dtDateFrom = value;
-}
-
-void ReportFrame::IReport_DateTo(const Date& value) {
-    if (contract_.keepsDates) m_dtDateTo = value;
+    if (contract_.keepsDateFrom && contract_.dateOptions != DateDisplay::closingDate) m_dtDateFrom = value;
 }
 
 std::string ReportFrame::withoutMarks(std::string text) {
@@ -31,12 +26,13 @@ std::string ReportFrame::IReport_ReportTitle() {
 
 void ReportFrame::IReport_DisplayForeignCurrency(const bool& value) {
     if (contract_.foreign == Foreign::ignored) return;
-    if (contract_.foreign == Foreign::keptGatesSections) {
-        STEP(const bool shown = value && currencies().CieIsForeignCurrencyUsed();
-             section("ghCurrency").Visible = section("gfCurrency").Visible = shown);
-    }
     // Kept whatever the company's setting, so that a grand total over currencies stays hidden.
     m_bDisplayForeignCurrency = value;
+    if (contract_.foreign == Foreign::kept) return;
+    bool shown = false;
+    STEP(shown = value && currencies().CieIsForeignCurrencyUsed());
+    STEP(section("ghCurrency").Visible = section("gfCurrency").Visible = shown);
+    if (contract_.foreign == Foreign::keptWhereUsed) m_bDisplayForeignCurrency = shown;
 }
 
 bool ReportFrame::IReport_UseCurrency() {
@@ -81,14 +77,6 @@ void ReportFrame::replaceCaptions(const SubReport& filter, Label& first, std::in
     section("PageHeader").Height = first.Top + first.Height;
 }
 
-void ReportFrame::removeEmptyPage() {
-    if (Pages == nullptr) return;
-    const int index = Pages->PageNumber() - 2;
-    if (!Pages->isEmpty(index)) return;
-    Pages->Remove(index);
-    Pages->Commit();
-}
-
 std::string ReportFrame::rateLine(int currencyId, Money rate) const {
     const Currencies& known = currencies().currencies();
     const ReportUtils& utils = context().utils();
@@ -101,11 +89,15 @@ void ReportFrame::setEndLine(Label& lblEnd, int textId) {
     lblEnd.Caption = std::to_string(m_lngRecordCount) + " " + GetText(textId);
 }
 
+bool FilterableReport::hasFilterTool() const {
+    if (m_objFilterTool == nullptr && !contract().filterOptional) throw NameError("The report has no filter tool");
+    return m_objFilterTool != nullptr;
+}
+
 bool FilterableReport::askFilter(const std::string& tables, bool flagA, int line) {
     bool cancel = false;
     try {
-        if (m_objFilterTool == nullptr) throw NameError("The report has no filter tool");
-        m_objFilterTool->GetFilter(tables, flagA, true, cancel, true, true);
+        if (hasFilterTool()) m_objFilterTool->GetFilter(tables, flagA, true, cancel, true, true);
     } catch (const std::exception& failure) {
         showFailure(failure.what(), "ActiveReport_ReportStart", line);
     }
@@ -113,7 +105,7 @@ bool FilterableReport::askFilter(const std::string& tables, bool flagA, int line
 }
 
 void FilterableReport::fillFilterInfo(SubReport& control, std::string_view segments) {
-    if (m_objFilterTool == nullptr) throw NameError("The report has no filter tool");
+    if (!hasFilterTool()) return;
     const FilterInfo info = m_objFilterTool->GetFilterInfo();
     context().filterInfoFiller().FillFilterInfo(control, info, application(), segments);
 }

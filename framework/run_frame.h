@@ -23,8 +23,9 @@
 
 namespace quillo {
 
-// What a report does with the wish for amounts in foreign currency.
-enum class Foreign { ignored, kept, keptGatesSections };
+// What a report does with the wish for amounts in foreign currency. The last two show the sections of a currency's
+// group where the company uses foreign currency; keptWhereUsed forgets the wish where it does not.
+enum class Foreign { ignored, kept, keptGatesSections, keptWhereUsed };
 
 // The fixed values of a report's contract.
 struct ContractRow {
@@ -32,7 +33,8 @@ struct ContractRow {
     int titleId = 0;               // text of the title; 0: empty
     bool companyCurrency = false;  // UseCurrency tells whether the company uses foreign currency; else False
     Foreign foreign = Foreign::ignored;
-    bool keepsDates = true;  // false: DateFrom and DateTo are empty bodies
+    bool keepsDateFrom = true;    // false: DateFrom is an empty body, as with a closing date alone
+    bool filterOptional = false;  // without a filter tool the report prints everything; else that is a failure
 };
 
 // The frame in which every report of the factory runs: the plain part of the contract, and the common steps of
@@ -43,7 +45,7 @@ public:
     Date IReport_DateFrom() override { return m_dtDateFrom; }
     void IReport_DateFrom(const Date& value) override;
     Date IReport_DateTo() override { return m_dtDateTo; }
-    void IReport_DateTo(const Date& value) override;
+    void IReport_DateTo(const Date& value) override { m_dtDateTo = value; }
     void IReport_Application(Application& application) override { m_objApplication = &application; }
     std::string IReport_ReportTitle() override;
     Report* IReport_ReportDesigner() override { return this; }
@@ -55,6 +57,8 @@ public:
 
 protected:
     ReportFrame(std::string name, HostContext& context, const ContractRow& contract);
+
+    const ContractRow& contract() const { return contract_; }
 
     // The text id of the title, for reports that hold two.
     virtual int titleId() const { return contract_.titleId; }
@@ -81,9 +85,6 @@ protected:
     static float belowFilter(const SubReport& filter) { return filter.Top + filter.Height + 90; }
     // One line of captions under the filter text, the page header ending with it.
     void replaceCaptions(const SubReport& filter, Label& first, std::initializer_list<Label*> others);
-    // At the end of a report whose footer holds two page breaks: takes out the empty page that they leave, and never
-    // a page with content.
-    void removeEmptyPage();
     // The line that tells a foreign transaction's rate: "1 USD equals 1.35 CAD".
     std::string rateLine(int currencyId, Money rate) const;
     // The last line of a report: the count, a blank, and what was counted.
@@ -109,14 +110,18 @@ public:
 protected:
     using ReportFrame::ReportFrame;
     // Asks the filter tool, which leaves the choice in the filter string. False when the user cancelled. A step of
-    // ActiveReport_ReportStart.
+    // ActiveReport_ReportStart. Without a tool there is nothing to ask in a report whose filter is optional.
     bool askFilter(const std::string& tables, bool flagA = true, int line = __builtin_LINE());
     FilterParts filterParts() const { return splitFilter(m_strFilter); }
-    // Puts the filter's text into the page header.
+    // Puts the filter's text into the page header, if there is a filter.
     void fillFilterInfo(SubReport& control, std::string_view segments = "");
 
     std::string m_strFilter;
     FilterTool* m_objFilterTool = nullptr;
+
+private:
+    // Whether there is a filter tool; throws where the report cannot do without.
+    bool hasFilterTool() const;
 };
 
 // A filterable report that can be narrowed to segments.
@@ -128,8 +133,13 @@ public:
 
 protected:
     using FilterableReport::FilterableReport;
+    // The clause of the chosen segments behind a condition of the query's own: " AND (column IN (1,2))".
     std::string segments(std::string_view column) const {
         return segmentClause(column, m_strSegmentFilter, m_bSegmentNoneFilter, true);
+    }
+    // The same as the first condition, without AND.
+    std::string firstSegments(std::string_view column) const {
+        return segmentClause(column, m_strSegmentFilter, m_bSegmentNoneFilter, false);
     }
 
     std::string m_strSegmentFilter;

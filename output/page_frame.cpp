@@ -1,6 +1,7 @@
 #include "output/page_frame.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace quillo {
 namespace {
@@ -32,83 +33,80 @@ const TextStyle dateStyle = styleOf(8, false, Align::left, VerticalAlign::top, s
 const TextStyle numberStyle = styleOf(8, false, Align::right, VerticalAlign::top, softInk);
 const TextStyle ruleStyle = styleOf(9, false, Align::left, VerticalAlign::top, ink);
 
-}  // namespace
-
-void PageFrame::page(const Page& page) {
-    framed_.number = page.number;
-    framed_.setup = page.setup;
-    framed_.names = page.names;
-    framed_.sections.clear();
-    pageNumber_ = texts_.pageWord + " " + std::to_string(page.number);
-    if (page.setup.topMargin >= lowestMargin) addTop(page.setup);
-    framed_.sections.insert(framed_.sections.end(), page.sections.begin(), page.sections.end());
-    if (page.setup.bottomMargin >= lowestMargin) addBottom(page.setup);
-    inner_.page(framed_);
-}
-
-PlacedControl PageFrame::text(std::string_view name, std::string_view text, const TextStyle& style) {
+PlacedControl textControl(Page& page, std::string_view name, std::string_view text, const TextStyle& style) {
     PlacedControl control;
-    control.info = framed_.names->control({std::string(name), ControlKind::label});
-    control.style = framed_.names->style(style);
-    control.text = text;
+    control.info = page.names->control({std::string(name), ControlKind::label});
+    control.style = page.names->style(style);
+    control.text = page.arena.text(text);
     return control;
 }
 
-PlacedControl PageFrame::rule(float top, float width) {
+PlacedControl rule(Page& page, float top) {
     PlacedControl control;
-    control.info = framed_.names->control({"linFrame", ControlKind::line});
-    control.style = framed_.names->style(ruleStyle);
+    control.info = page.names->control({"linFrame", ControlKind::line});
+    control.style = page.names->style(ruleStyle);
     control.top = top;
-    control.width = width;
+    control.width = page.setup.printableWidth();
     control.lineWidth = 15;
     return control;
 }
 
-void PageFrame::addTop(const PageSetup& setup) {
-    const float width = setup.printableWidth(), titleWidth = width * titleShare;
-    PlacedControl company = text("lblFrameCompany", texts_.company, companyStyle);
+PlacedSection frameSection(Page& page, SectionKind kind, std::string_view name, float top, float height,
+                           std::initializer_list<PlacedControl> controls) {
+    SectionInfo info;
+    info.name = name;
+    info.kind = kind;
+    const auto kept = page.arena.array<PlacedControl>(controls.size());
+    std::uninitialized_copy(controls.begin(), controls.end(), kept.begin());
+    PlacedSection section;
+    section.info = page.names->section(info);
+    section.left = page.setup.leftMargin;
+    section.top = top;
+    section.width = page.setup.printableWidth();
+    section.height = height;
+    section.controls = kept;
+    return section;
+}
+
+}  // namespace
+
+std::unique_ptr<Page> PageFrame::take(std::unique_ptr<Page> handed) {
+    Page& page = *handed;
+    if (page.setup.topMargin >= lowestMargin) page.sections.insert(page.sections.begin(), top(page));
+    if (page.setup.bottomMargin >= lowestMargin) page.sections.push_back(bottom(page));
+    return inner_->take(std::move(handed));
+}
+
+PlacedSection PageFrame::top(Page& page) const {
+    const float width = page.setup.printableWidth(), titleWidth = width * titleShare;
+    PlacedControl company = textControl(page, "lblFrameCompany", texts_.company, companyStyle);
     company.width = width - titleWidth;
     company.height = topHeight - textGap - 35;  // on the title's baseline
-    PlacedControl title = text("lblFrameTitle", texts_.title, titleStyle);
+    PlacedControl title = textControl(page, "lblFrameTitle", texts_.title, titleStyle);
     title.left = width - titleWidth;
     title.width = titleWidth;
     title.height = topHeight - textGap;
-    PlacedControl period = text("lblFramePeriod", texts_.period, dateStyle);
+    PlacedControl period = textControl(page, "lblFramePeriod", texts_.period, dateStyle);
     period.width = company.width;
     period.height = periodHeight;
     period.top = topHeight - textGap - periodHeight;
     if (!texts_.period.empty()) company.height -= periodHeight;
-    top_[0] = company, top_[1] = title, top_[2] = rule(topHeight, width), top_[3] = period;
-    const std::size_t shown = texts_.period.empty() ? 3 : 4;
-    addSection(SectionKind::pageHeader, "FrameTop", setup, setup.topMargin - topGap - topHeight, topHeight,
-               std::span(top_).first(shown));
+    const float start = page.setup.topMargin - topGap - topHeight;
+    return frameSection(page, SectionKind::pageHeader, "FrameTop", start, topHeight,
+                        {company, title, rule(page, topHeight), period});
 }
 
-void PageFrame::addBottom(const PageSetup& setup) {
-    const float width = setup.printableWidth();
-    PlacedControl date = text("lblFrameDate", texts_.printedOn, dateStyle);
-    PlacedControl number = text("lblFramePage", pageNumber_, numberStyle);
+PlacedSection PageFrame::bottom(Page& page) const {
+    const PageSetup& setup = page.setup;
+    PlacedControl date = textControl(page, "lblFrameDate", texts_.printedOn, dateStyle);
+    PlacedControl number =
+        textControl(page, "lblFramePage", texts_.pageWord + " " + std::to_string(page.number), numberStyle);
     date.top = number.top = textGap;
     date.height = number.height = bottomHeight - textGap;
-    date.width = number.left = number.width = width / 2;
-    bottom_[0] = rule(0, width), bottom_[1] = date, bottom_[2] = number;
-    const float top = std::min(setup.height - setup.bottomMargin + bottomGap, setup.height - edge - bottomHeight);
-    addSection(SectionKind::pageFooter, "FrameBottom", setup, top, bottomHeight, bottom_);
-}
-
-void PageFrame::addSection(SectionKind kind, std::string_view name, const PageSetup& setup, float top, float height,
-                           std::span<const PlacedControl> controls) {
-    PlacedSection section;
-    SectionInfo info;
-    info.name = name;
-    info.kind = kind;
-    section.info = framed_.names->section(info);
-    section.left = setup.leftMargin;
-    section.top = top;
-    section.width = setup.printableWidth();
-    section.height = height;
-    section.controls = controls;
-    framed_.sections.push_back(section);
+    date.width = number.left = number.width = setup.printableWidth() / 2;
+    const float start = std::min(setup.height - setup.bottomMargin + bottomGap, setup.height - edge - bottomHeight);
+    return frameSection(page, SectionKind::pageFooter, "FrameBottom", start, bottomHeight,
+                        {rule(page, 0), date, number});
 }
 
 }  // namespace quillo

@@ -21,24 +21,19 @@ struct PageFrameTexts {
 // part stays empty.
 class PageFrame final : public PageSink {
 public:
-    PageFrame(PageSink& inner, PageFrameTexts texts) : inner_(inner), texts_(std::move(texts)) {}
+    PageFrame(std::unique_ptr<PageSink> inner, PageFrameTexts texts)
+        : inner_(std::move(inner)), texts_(std::move(texts)) {}
 
-    void page(const Page& page) override;
-    void finish() override { inner_.finish(); }
+    void page(const Page& page) override { take(page.clone()); }
+    std::unique_ptr<Page> take(std::unique_ptr<Page> handed) override;
+    void finish() override { inner_->finish(); }
 
 private:
-    PlacedControl text(std::string_view name, std::string_view text, const TextStyle& style);
-    PlacedControl rule(float top, float width);
-    void addTop(const PageSetup& setup);
-    void addBottom(const PageSetup& setup);
-    void addSection(SectionKind kind, std::string_view name, const PageSetup& setup, float top, float height,
-                    std::span<const PlacedControl> controls);
+    PlacedSection top(Page& page) const;
+    PlacedSection bottom(Page& page) const;
 
-    PageSink& inner_;
+    std::unique_ptr<PageSink> inner_;
     PageFrameTexts texts_;
-    std::string pageNumber_;
-    Page framed_;  // the page's own sections, which it does not own, and the frame's
-    PlacedControl top_[4], bottom_[3];
 };
 
 }  // namespace quillo

@@ -55,6 +55,7 @@ void PagePainter::paintControl(const PlacedControl& control, Point corner, Canva
         return;
     }
     if (control.style && control.style->fill) canvas.fill(box, *control.style->fill);
+    if (control.fill) canvas.fill(box, *control.fill);
     if (control.info->kind == ControlKind::shape) canvas.frame(box, control.lineWidth, colorOf(control));
     if (!control.picture.empty()) canvas.picture(box, control.picture);
     if (control.chart) paintChart(*control.chart, box, layout_, canvas);

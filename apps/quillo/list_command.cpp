@@ -105,8 +105,7 @@ void listMembers(const std::string& language, const Console& console) {
                     << "]\n";
         for (const auto& option : text.options)
             console.out << std::setw(32) << ""
-                        << "--option " << option.name << "=" << (option.value ? "true" : "false") << "  "
-                        << option.caption << '\n';
+                        << "--option " << option.name << "=" << option.now << "  " << option.caption << '\n';
     }
 }
 
@@ -124,8 +123,8 @@ void describeMember(const std::string& name, const std::string& language, const 
     if (!text.abilities.empty()) console.out << "  takes      " << text.abilities << '\n';
     for (const auto& property : text.properties) console.out << "  --set " << property << "=...\n";
     for (const auto& option : text.options)
-        console.out << "  --option " << option.name << "=true|false  " << option.caption << " (now "
-                    << (option.value ? "true" : "false") << ")\n";
+        console.out << "  --option " << option.name << "=" << option.values << "  " << option.caption << " (now "
+                    << option.now << ")\n";
 }
 
 }  // namespace quillo::app

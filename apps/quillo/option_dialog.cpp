@@ -1,39 +1,36 @@
 #include "apps/quillo/option_dialog.h"
 
-#include "framework/values/names.h"
-
 namespace quillo::app {
+namespace {
 
-bool readBoolean(const std::string& name, const std::string& value) {
-    for (const char* word : {"true", "yes", "1"})
-        if (equalNames(value, word)) return true;
-    for (const char* word : {"false", "no", "0"})
-        if (equalNames(value, word)) return false;
-    throw UsageError(name + " is true or false, not \"" + value + "\"");
+OptionList::Entry entryOf(const OptionGroup& group) {
+    OptionList::Entry entry{group.Name, "", group.Caption + ":", "none"};
+    for (const OptionButton& option : group.Options) {
+        const std::string value = std::to_string(option.Value);
+        entry.values += (entry.values.empty() ? "" : "|") + value;
+        entry.caption += " " + value + " " + option.Caption + (&option == &group.Options.back() ? "" : ",");
+    }
+    if (const OptionButton* option = group.chosen()) entry.now = std::to_string(option->Value);
+    return entry;
 }
 
+}  // namespace
+
 void OptionDialog::ShowModal(DialogForm& form) {
-    std::string names;
-    for (const CheckBox* box : form.checkBoxes())
-        if (box->Visible) names += (names.empty() ? "" : ", ") + box->Name;
-    for (const auto& [name, value] : options_) {
-        bool found = false;
-        for (CheckBox* box : form.checkBoxes()) {
-            if (!box->Visible || !equalNames(box->Name, name)) continue;
-            found = true;
-            try {
-                box->Value = readBoolean(name, value);
-            } catch (const UsageError& wrong) {
-                refusal_ = wrong.what();
-            }
-        }
-        if (!found && refusal_.empty()) refusal_ = "the report has no option \"" + name + "\"; it has " + names;
+    form.Show();
+    try {
+        for (const auto& [name, value] : options_) form.setOption(name, value);
+        form.click(form.cmdOk.Name);
+    } catch (const std::exception& wrong) {
+        refusal_ = wrong.what();
+        form.queryClose(CloseMode::windowBox);
     }
 }
 
 void OptionList::ShowModal(DialogForm& form) {
     for (const CheckBox* box : form.checkBoxes())
-        if (box->Visible) entries_.push_back({box->Name, box->Caption, box->Value});
+        if (box->Visible) entries_.push_back({box->Name, "true|false", box->Caption, box->Value ? "true" : "false"});
+    for (const OptionGroup* group : form.optionGroups()) entries_.push_back(entryOf(*group));
 }
 
 }  // namespace quillo::app

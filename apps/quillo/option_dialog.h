@@ -9,8 +9,8 @@
 
 namespace quillo::app {
 
-// The dialog of a program without windows: it sets the boxes that the user named beforehand. A name that the form
-// does not show is kept as a refusal, with the names that there are.
+// The dialog of a program without windows: it sets the options that the user named beforehand, in their order, and
+// clicks OK. What the form does not take is kept as a refusal.
 class OptionDialog final : public DialogService {
 public:
     explicit OptionDialog(NamedValues options) : options_(std::move(options)) {}
@@ -26,8 +26,7 @@ private:
 class OptionList final : public DialogService {
 public:
     struct Entry {
-        std::string name, caption;
-        bool value;
+        std::string name, values, caption, now;  // values: "true|false", "0|1|2"
     };
     void ShowModal(DialogForm& form) override;
     const std::vector<Entry>& entries() const { return entries_; }
@@ -35,8 +34,5 @@ public:
 private:
     std::vector<Entry> entries_;
 };
-
-// "true", "false", "yes", "no", "1", "0" in any case of letters. Throws UsageError.
-bool readBoolean(const std::string& name, const std::string& value);
 
 }  // namespace quillo::app

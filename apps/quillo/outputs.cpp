@@ -8,6 +8,7 @@
 #include "output/output_file.h"
 #include "output/pdf/pdf_sink.h"
 #include "output/png/png_sink.h"
+#include "output/queued_sink.h"
 
 namespace quillo::app {
 namespace {
@@ -15,22 +16,20 @@ namespace {
 constexpr std::string_view known[] = {"pdf", "png", "json"};
 constexpr std::string_view toCome[] = {"svg", "html", "csv", "xlsx"};
 
-// The frame around the pages together with the sink that it writes to.
-class FramedSink final : public PageSink {
-public:
-    FramedSink(std::unique_ptr<PageSink> inner, PageFrameTexts texts)
-        : inner_(std::move(inner)), frame_(*inner_, std::move(texts)) {}
-    void page(const Page& page) override { frame_.page(page); }
-    void finish() override { frame_.finish(); }
-
-private:
-    std::unique_ptr<PageSink> inner_;
-    PageFrame frame_;
-};
-
 std::unique_ptr<Output> fileOrStream(const OutputRequest& request, const Console& console) {
     if (request.path.empty()) return std::make_unique<OutputStream>(console.out);
     return std::make_unique<OutputFile>(request.path);
+}
+
+std::unique_ptr<PageSink> openFormat(const std::string& format, const OutputRequest& request, const Console& console) {
+    if (format == "json")
+        return std::make_unique<JsonSink>(fileOrStream(request, console), request.report, request.member, request.title,
+                                          request.failures);
+    const auto shaper = makeTextShaper(request.missing);
+    if (format == "png") return std::make_unique<PngSink>(request.path, request.resolution, shaper);
+    return std::make_unique<PdfSink>(
+        std::make_unique<OutputFile>(request.path),
+        PdfOptions{request.title, request.language, request.frame.company, request.sessionDate}, shaper);
 }
 
 }  // namespace
@@ -55,19 +54,10 @@ std::string formatOf(const OutputRequest& request) {
 std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console) {
     const std::string format = formatOf(request);
     try {
-        if (format == "json")
-            return std::make_unique<JsonSink>(fileOrStream(request, console), request.report, request.member,
-                                              request.title, request.failures);
-        std::unique_ptr<PageSink> sink;
-        if (format == "pdf") {
-            sink = std::make_unique<PdfSink>(
-                std::make_unique<OutputFile>(request.path),
-                PdfOptions{request.title, request.language, request.frame.company, request.sessionDate},
-                request.shaper);
-        } else {
-            sink = std::make_unique<PngSink>(request.path, request.resolution, request.shaper);
-        }
-        return std::make_unique<FramedSink>(std::move(sink), request.frame);
+        auto sink = openFormat(format, request, console);
+        if (!request.path.empty()) sink = std::make_unique<QueuedSink>(std::move(sink));
+        if (format != "json") sink = std::make_unique<PageFrame>(std::move(sink), request.frame);
+        return sink;
     } catch (const std::exception& failure) {
         throw UsageError(failure.what());
     }

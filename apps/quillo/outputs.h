@@ -23,14 +23,14 @@ struct OutputRequest {
     PageFrameTexts frame;
     Date sessionDate;
     std::function<std::vector<std::string>()> failures;
-    std::shared_ptr<TextShaper> shaper;
+    MissingCharacter missing;  // called on the output's own thread, until the sink has ended
 };
 
 // The format that the request comes to. Throws UsageError for one that is unknown, not there yet, or needs a file.
 std::string formatOf(const OutputRequest& request);
 
-// The sink that takes the pages, the host's frame included where the format has one. Throws UsageError
-// when the file cannot be written.
+// The sink that takes the pages, the host's frame included where the format has one. A file is painted
+// and written on a thread of its own. Throws UsageError when the file cannot be written.
 std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console);
 
 }  // namespace quillo::app

@@ -27,7 +27,7 @@ constexpr std::string_view ordersBehindComma[] = {"dsrDayEndBalanceByUsr", "dsrI
                                                   "dsrConsumedStatsByPeriod"};
 
 Date readDate(const std::string& option, const std::string& text) {
-    const auto date = text.size() == 10 ? Date::parseIso(text) : std::nullopt;
+    const auto date = Date::parseIsoDay(text);
     if (!date) throw UsageError(option + " is a date such as 2024-12-31, not \"" + text + "\"");
     return *date;
 }
@@ -213,7 +213,7 @@ private:
     // Why the user's filter was not taken: the run then ends before anything is written.
     std::string filterRefusal() const { return tool_ ? tool_->failure() : std::string(); }
 
-    OutputRequest outputRequest(std::shared_ptr<TextShaper> shaper) {
+    OutputRequest outputRequest() {
         OutputRequest output;
         output.format = request_.format;
         output.path = request_.output;
@@ -224,7 +224,7 @@ private:
         output.language = session_->language().code();
         output.sessionDate = session_->SessionDate();
         output.failures = [this] { return messages_.shown(); };
-        output.shaper = std::move(shaper);
+        output.missing = [this](const std::string& failure) { missing_.push_back(failure); };
         output.frame = {session_->companyName(), output.title,
                         session_->GetText(20211) + " " + session_->locale().shortDate(output.sessionDate),
                         session_->GetText(20212), period()};
@@ -247,10 +247,21 @@ private:
     }
 
     int print() {
-        // A character that no font has is told once and prints as a box.
-        const auto shaper = makeTextShaper([this](const std::string& failure) { messages_.Show(failure); });
-        FontMeasure measure(shaper);
-        const auto sink = openOutput(outputRequest(shaper), console_);
+        const RunEnd end = printPages();
+        // What the output's own thread could not show, since it has ended.
+        for (const std::string& failure : missing_) messages_.Show(failure);
+        if (!filterRefusal().empty()) throw UsageError(filterRefusal());
+        if (end == RunEnd::stopped) {
+            console_.complain("stopped; nothing was written");
+            return ExitStatus::failures;
+        }
+        return messages_.shown().empty() ? ExitStatus::done : ExitStatus::failures;
+    }
+
+    RunEnd printPages() {
+        const auto sink = openOutput(outputRequest(), console_);
+        // A character that no font has prints as a box; what paints it tells of it.
+        FontMeasure measure(makeTextShaper([](const std::string&) {}));
         ProgressLine line(console_);
         RunOptions options;
         options.maxPages = request_.maxPages;
@@ -259,19 +270,7 @@ private:
             return !interruptFlag() && filterRefusal().empty();
         };
         session_->file().database().setStopFlag(&interruptFlag());
-        RunEnd end = RunEnd::stopped;
-        try {
-            end = runReport(*report_, *sink, measure, options);
-        } catch (const std::exception& failure) {
-            console_.complain(failure.what());
-            return ExitStatus::failures;
-        }
-        if (!filterRefusal().empty()) throw UsageError(filterRefusal());
-        if (end == RunEnd::stopped) {
-            console_.complain("stopped; nothing was written");
-            return ExitStatus::failures;
-        }
-        return messages_.shown().empty() ? ExitStatus::done : ExitStatus::failures;
+        return runReport(*report_, *sink, measure, options);
     }
 
     const RunRequest& request_;
@@ -284,6 +283,7 @@ private:
     clsReport::Object report_;  // ends before what it refers to
     IReport* contract_ = nullptr;
     Date from_, to_;
+    std::vector<std::string> missing_;  // characters that no font has: the output's thread adds them while it lives
 };
 
 }  // namespace

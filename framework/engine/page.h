@@ -67,6 +67,7 @@ struct SectionInfo {
     int level = 0;          // depth of the group, 1 the outermost; 0 for other sections
     bool bookmark = false;  // a group header that the document's outline lists
     std::optional<Color> fill;
+    bool repeat = false;  // a heading that stands again on each page that follows
 };
 
 struct ControlInfo {
@@ -102,6 +103,7 @@ struct PlacedControl {
     const ChartData* chart = nullptr;
     std::span<const std::byte> picture;  // of an Image: the file's bytes (PNG or JPEG)
     float lineWidth = 10;                // twips, of a Line or a Shape
+    std::optional<Color> fill;           // of a Shape
 };
 
 struct PlacedSection {
@@ -120,6 +122,13 @@ public:
         return {static_cast<T*>(allocate(count * sizeof(T), alignof(T))), count};
     }
     std::string_view text(std::string_view source);
+    // A copy of values that need no destructor.
+    template <class T>
+    std::span<const T> keep(const std::vector<T>& values) {
+        const auto copy = array<T>(values.size());
+        std::uninitialized_copy(values.begin(), values.end(), copy.begin());
+        return copy;
+    }
     // Gives back all but the room itself.
     void clear();
     std::size_t capacity() const;
@@ -135,19 +144,23 @@ private:
     std::size_t used_ = 0;
 };
 
-// Styles, names and charts that pages point into: kept until the last page that uses them is gone.
+// Styles, names, charts and pictures that pages point into: kept until the last page that uses them is gone. An entry
+// never moves nor changes, so that another thread may read those of its pages while the run adds new ones.
 class RunNames {
 public:
     const TextStyle* style(const TextStyle& style);
     const SectionInfo* section(const SectionInfo& info);
     const ControlInfo* control(const ControlInfo& info);
     const ChartData* chart(const ChartData& chart);
+    // The same bytes are kept once.
+    std::span<const std::byte> picture(std::span<const std::byte> file);
 
 private:
     std::vector<std::unique_ptr<TextStyle>> styles_;
     std::vector<std::unique_ptr<SectionInfo>> sections_;
     std::vector<std::unique_ptr<ControlInfo>> controls_;
     std::vector<std::unique_ptr<ChartData>> charts_;
+    std::vector<std::vector<std::byte>> pictures_;
 };
 
 struct PageSetup {
@@ -156,8 +169,7 @@ struct PageSetup {
     float printableWidth() const { return width - leftMargin - rightMargin; }
 };
 
-// One finished page. It owns its texts and shares the names; a sink that keeps a page longer than
-// its call takes a copy by clone().
+// One finished page. It owns its texts and shares the names.
 struct Page {
     int number = 0;  // 1 for the first page
     PageSetup setup;
@@ -165,18 +177,35 @@ struct Page {
     Arena arena;
     std::shared_ptr<RunNames> names;
 
-    std::shared_ptr<const Page> clone() const;
+    std::unique_ptr<Page> clone() const;
+    // Empties the page for another run of sections; its room stays.
+    void clear() {
+        sections.clear();
+        arena.clear();
+    }
 };
 
 // Copies a section with all that it points to into an arena.
 PlacedSection copySection(const PlacedSection& section, Arena& arena);
 
-// Takes pages as soon as they can no longer change. page() is called in page order; finish() once,
-// after a run that came to its end; a sink that is destroyed without finish() leaves nothing behind.
+// Whether anything of it can be seen: a text, a line, a box, a picture, a filled ground, or such a thing in a
+// sub-report.
+bool shows(const PlacedControl& control);
+bool shows(const PlacedSection& section);
+
+// Takes pages as soon as they can no longer change, in page order; finish() is called once, after a run that came to
+// its end; a sink that is destroyed without finish() leaves nothing behind.
 class PageSink {
 public:
     virtual ~PageSink() = default;
+    // A page to look at during the call; what keeps it longer takes a copy by clone().
     virtual void page(const Page& page) = 0;
+    // The same for a page that may be kept. Gives back a page whose room can be used again, this one or one that came
+    // before; null when there is none.
+    virtual std::unique_ptr<Page> take(std::unique_ptr<Page> handed) {
+        page(*handed);
+        return handed;
+    }
     virtual void finish() {}
 };
 

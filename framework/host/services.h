@@ -267,7 +267,7 @@ public:
     virtual std::string SourceText(std::string_view source) const = 0;
 };
 
-struct DialogForm;
+class DialogForm;
 
 // Shows the option form of a report and gives it back; in a host without windows it sets what the
 // user asked for beforehand.

@@ -78,6 +78,10 @@ void JsonSink::writeControl(const PlacedControl& control) {
     number(control.width);
     key("height");
     number(control.height);
+    if (control.fill) {
+        key("fill");
+        color(*control.fill);
+    }
     if (!control.link.empty()) {
         key("link");
         text(control.link);
@@ -137,9 +141,20 @@ void JsonSink::escape(unsigned char byte) {
         buffer_ += 'n';
     } else {
         buffer_ += "u00";
-        buffer_ += "0123456789abcdef"[byte >> 4];
-        buffer_ += "0123456789abcdef"[byte & 0xF];
+        hex(byte);
     }
+}
+
+// As designs write it: "#rrggbb".
+void JsonSink::color(Color value) {
+    buffer_ += "\"#";
+    for (const std::uint8_t part : {value.red, value.green, value.blue}) hex(part);
+    buffer_ += '"';
+}
+
+void JsonSink::hex(unsigned byte) {
+    buffer_ += "0123456789abcdef"[byte >> 4];
+    buffer_ += "0123456789abcdef"[byte & 0xF];
 }
 
 // The shortest form that reads back as the same number; JSON has none for what is not finite.

@@ -33,6 +33,8 @@ private:
     template <class Number>
     void number(Number value);
     void escape(unsigned char byte);
+    void color(Color value);
+    void hex(unsigned byte);
     template <class Items, class Write>
     void list(const Items& items, Write write);
 

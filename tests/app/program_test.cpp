@@ -70,8 +70,8 @@ TEST_F(Program, TracesWhatTheReportAsked) {
     std::string line;
     ASSERT_TRUE(std::getline(input, line));
     EXPECT_EQ(nlohmann::json::parse(line)["text"],
-              "SELECT InTermId, TermId, Descr, TermMode, Due, DiscPercent, DiscDelay, DueNxtMonth FROM Term WHERE (Due "
-              "= 30)  ORDER BY Descr");
+              "SELECT InTermId, TermId, Descr, TermMode, Due, DiscPercent, DiscDelay, DueNxtMonth FROM Term WHERE "
+              "(Term.Due = 30)  ORDER BY Descr");
 }
 
 TEST_F(Program, RefusesWhatCannotBeInOneLineAndWritesNothing) {
@@ -101,7 +101,7 @@ TEST_F(Program, RefusesWhatCannotBeInOneLineAndWritesNothing) {
          "TermList has no options"},
         {{"run", "OpenOrders", "--company", company.path(), "--option", "chkIncludeKit=true"},
          2,
-         "it has chkIncludeZeroOrders"},
+         "there is no option \"chkIncludeKit\"; the form has chkIncludeZeroOrders"},
         {{"run", "OpenOrders", "--company", company.path(), "--option", "chkIncludeZeroOrders=maybe"},
          2,
          "is true or false"},

@@ -3,7 +3,9 @@
 #include "dialogs/frmAdvFilters.h"
 #include "framework/report_contract.h"
 #include "framework/report_factory.h"
+#include "framework/report_mixins.h"
 #include "framework/shared/MUtils.h"
+#include "framework/values/errors.h"
 #include "tests/host/test_company.h"
 
 namespace quillo::test {
@@ -69,7 +71,7 @@ TEST(Contract, DatesAreKeptOrNotAsTheReportNeedsThem) {
         auto& contract = dynamic_cast<IReport&>(*report);
         contract.IReport_DateFrom(day);
         contract.IReport_DateTo(day);
-        EXPECT_EQ(contract.IReport_DateFrom(), contract.IReport_DateTo());
+        EXPECT_EQ(contract.IReport_DateTo(), day) << "the last day is always kept";
         return contract.IReport_DateFrom();
     };
     EXPECT_EQ(from(factory.TermList()), day);
@@ -86,6 +88,120 @@ TEST(Contract, WithoutAnApplicationTheTitleShowsABoxAndIsEmpty) {
     ASSERT_EQ(session.messages.texts.size(), 1U);
     EXPECT_NE(session.messages.texts[0].find("\r\nin Quillo.dsrTermList.IReport_ReportTitle at line "),
               std::string::npos);
+}
+
+// A report of the test's own, with every interface, over the design of the open orders.
+class Sample final : public ComparableReport<SegmentReport>, public ExchangeRatesKeeper {
+public:
+    Sample(HostSession& session, const ContractRow& row) : ComparableReport("dsrOpenOrders", session, row) {
+        IReport_Application(session);
+    }
+    using ComparableReport::isComparing;
+    using ComparableReport::m_objRow;
+    using ComparableReport::m_objTable;
+    using FilterableReport::askFilter;
+    using SegmentReport::firstSegments;
+    using SegmentReport::segments;
+    bool foreign() const { return m_bDisplayForeignCurrency; }
+    void fillHeader() { fillFilterInfo(subReport("dsrFilterAndSortByInfoSubreport")); }
+};
+
+TEST(Contract, TheForeignDisplayIsKeptAsTheReportAndTheCompanyAllow) {
+    const struct {
+        Foreign foreign;
+        const char* uses;
+        bool wish, kept, shown;
+    } cases[] = {
+        {Foreign::keptGatesSections, "1", true, true, true},    {Foreign::keptGatesSections, "0", true, true, false},
+        {Foreign::keptGatesSections, "1", false, false, false}, {Foreign::keptWhereUsed, "1", true, true, true},
+        {Foreign::keptWhereUsed, "0", true, false, false},      {Foreign::keptWhereUsed, "1", false, false, false},
+    };
+    for (const auto& [foreign, uses, wish, kept, shown] : cases) {
+        TestSession session(std::string("UPDATE CompanyFact SET Value = '") + uses +
+                            "' WHERE Name = 'UsesForeignCurrency'");
+        Sample report(*session, {.foreign = foreign});
+        report.IReport_DisplayForeignCurrency(wish);
+        const std::string what = "wish " + std::to_string(wish) + ", company " + uses + ", kind " +
+                                 std::to_string(static_cast<int>(foreign));
+        EXPECT_EQ(report.foreign(), kept) << what;
+        EXPECT_EQ(report.section("ghCurrency").Visible, shown) << what;
+        EXPECT_EQ(report.section("gfCurrency").Visible, shown) << what;
+        EXPECT_TRUE(session.messages.texts.empty()) << what;
+    }
+}
+
+TEST(Contract, WithoutAFilterToolAReportGoesOnAndOneThatNeedsItSaysSo) {
+    TestSession session;
+    Sample optional(*session, {.filterOptional = true});
+    EXPECT_TRUE(optional.askFilter("Cust")) << "nobody cancelled";
+    EXPECT_NO_THROW(optional.fillHeader());
+    EXPECT_TRUE(session.messages.texts.empty());
+    Sample needy(*session, {});
+    EXPECT_TRUE(needy.askFilter("Cust"));
+    ASSERT_EQ(session.messages.texts.size(), 1U);
+    EXPECT_NE(session.messages.texts[0].find("The report has no filter tool"), std::string::npos);
+    EXPECT_THROW(needy.fillHeader(), NameError);
+}
+
+TEST(Contract, SegmentsStandBehindAConditionOrAlone) {
+    TestSession session;
+    Sample report(*session, {});
+    EXPECT_EQ(report.firstSegments("ExSegmentId"), "");
+    report.ISegmentFilter_SegmentFilter("1,2");
+    report.ISegmentFilter_SegmentNoneFilter(true);
+    EXPECT_EQ(report.firstSegments("ExSegmentId"), "(ExSegmentId IN (1,2) OR ExSegmentId IS NULL)");
+    EXPECT_EQ(report.segments("ExSegmentId"), " AND (ExSegmentId IN (1,2) OR ExSegmentId IS NULL)");
+}
+
+struct Rates final : ExchangeRates {
+    int Count() const override { return 0; }
+    double Item(std::string_view) const override { throw NameError("no rate"); }
+};
+
+TEST(Contract, ExchangeRatesAreKeptAsTheHostGivesThem) {
+    TestSession session;
+    Sample sample(*session, {});
+    IExchangeRates& report = sample;
+    EXPECT_FALSE(report.IExchangeRates_Reevaluate());
+    EXPECT_EQ(report.IExchangeRates_ExchangeRates(), nullptr);
+    const auto rates = std::make_shared<Rates>();
+    report.IExchangeRates_ExchangeRates(rates);
+    report.IExchangeRates_Reevaluate(true);
+    report.IExchangeRates_ExchangeRatesDate("2024-06-30");
+    EXPECT_EQ(report.IExchangeRates_ExchangeRates(), rates);
+    EXPECT_TRUE(report.IExchangeRates_Reevaluate());
+    EXPECT_EQ(report.IExchangeRates_ExchangeRatesDate(), "2024-06-30");
+}
+
+struct Generator final : ComparableReportGen {
+    bool active = true;
+    bool IsActive() const override { return active; }
+    Element AddTable(std::string_view, std::string_view) override { return 1; }
+    Element AddRow(Element, std::string_view, std::string_view, std::string_view) override { return 2; }
+    void AddCell(Element, std::string_view, std::string_view, std::string_view) override {}
+    void Close() override {}
+};
+
+TEST(Contract, AGeneratorOfComparableTablesTakesTheReportsPlacesInTheOneBeforeAway) {
+    SessionOptions options;
+    options.language = "ids";
+    TestSession session("", options);
+    Sample sample(*session, {.titleId = 6083});
+    IComparableReport& report = sample;
+    EXPECT_EQ(report.IComparableReport_InternalName(), "dsrOpenOrders");
+    EXPECT_EQ(report.IComparableReport_Guid(), "dsrOpenOrders");
+    EXPECT_EQ(report.IComparableReport_FullName(), "#6083");
+    Generator generator;
+    EXPECT_FALSE(sample.isComparing());
+    report.IComparableReport_ComparableReportGen(&generator);
+    EXPECT_EQ(report.IComparableReport_Configuration(), "");
+    EXPECT_TRUE(sample.isComparing());
+    generator.active = false;
+    EXPECT_FALSE(sample.isComparing());
+    sample.m_objTable = 1, sample.m_objRow = 2;
+    report.IComparableReport_ComparableReportGen(nullptr);
+    EXPECT_FALSE(sample.isComparing());
+    EXPECT_FALSE(sample.m_objTable || sample.m_objRow);
 }
 
 TEST(Factory, HasItsMembersInOrderAndSaysWhatIsStillToCome) {
@@ -204,11 +320,22 @@ TEST(OptionForm, StacksTheBoxesOfItsMaskInTheOrderOfTheTable) {
 
     form.PrepareInvConfigDialog(*session, 0, 0);
     EXPECT_EQ(form.cmdOk.Top, 90);
+}
+
+TEST(OptionForm, KeepsItsBoxesByEveryWayOfLeaving) {
+    TestSession session;
+    frmAdvFilters form(*session);
+    form.PrepareInvConfigDialog(*session, Option::includeKit, 0);
     form.Show();
-    EXPECT_TRUE(form.Form_QueryUnload(0)) << "the window's own close box hides";
+    form.setOption("chkIncludeKit", "true");
+    form.click("cmdOk");
     EXPECT_FALSE(form.visible());
-    EXPECT_TRUE(form.Properties(Option::includeKitComponent)) << "and keeps the boxes";
-    EXPECT_FALSE(form.Form_QueryUnload(1));
+    form.Show();
+    EXPECT_FALSE(form.queryClose(1)) << "the program's own unloading passes";
+    EXPECT_TRUE(form.visible());
+    EXPECT_TRUE(form.queryClose(CloseMode::windowBox)) << "the window's own close box hides";
+    EXPECT_FALSE(form.visible());
+    EXPECT_TRUE(form.Properties(Option::includeKit));
 }
 
 }  // namespace

@@ -75,6 +75,7 @@ TEST(Json, HoldsThePageAndReadsBack) {
     builder.section(300.5F, SectionKind::pageHeader, "PageHeader").text("é\t\"q\"\\\n\x01", 0.25F, 3000).link = "5;A";
     builder.section(240);
     builder.control(ControlKind::line, "linRule", 0, 10800, 0);
+    builder.control(ControlKind::shape, "shpKey", 0, 200).fill = Color{10, 200, 255};
     ChartData chart{"Ageing", {{"Due", {{"30", 12.5}, {"60", -0.1}}}}};
     builder.control(ControlKind::chart, "chtAge", 0, 3000).chart = &chart;
     PageBuilder inner;
@@ -102,11 +103,12 @@ TEST(Json, HoldsThePageAndReadsBack) {
               nlohmann::json::parse(R"({"name": "txtText", "kind": "Field", "text": "é\t\"q\"\\\n\u0001",
         "left": 0.25, "top": 0, "width": 3000, "height": 240, "link": "5;A"})"));
     const auto& controls = page["sections"][1]["controls"];
-    EXPECT_FALSE(controls[0].contains("text") || controls[0].contains("link"));
-    EXPECT_EQ(controls[1]["series"],
+    EXPECT_FALSE(controls[0].contains("text") || controls[0].contains("link") || controls[0].contains("fill"));
+    EXPECT_EQ(controls[1]["fill"], "#0ac8ff");
+    EXPECT_EQ(controls[2]["series"],
               nlohmann::json::parse(
                   R"([{"name": "Due", "points": [{"label": "30", "value": 12.5}, {"label": "60", "value": -0.1}]}])"));
-    EXPECT_EQ(controls[2]["sections"][0]["controls"][0]["text"], "within \xEF\xBF\xBD")
+    EXPECT_EQ(controls[3]["sections"][0]["controls"][0]["text"], "within \xEF\xBF\xBD")
         << "damaged bytes are shown as such";
 }
 

@@ -98,6 +98,10 @@ TEST(Painting, DrawsFillsLinesShapesPicturesAndBars) {
     PlacedControl& box = builder.control(ControlKind::shape, "shp", 0, 1000, 1000);
     box.lineWidth = 60;
     box.style = builder.style(inked);
+    PlacedControl& filledBox = builder.control(ControlKind::shape, "shpFilled", 0, 1000, 500);
+    filledBox.top = 1500;
+    filledBox.fill = green;
+    filledBox.lineWidth = 60;
     builder.control(ControlKind::image, "img", 2000, 1000, 1000).picture = png;
     const ChartData chart{"Ageing", {{"Due", {{"30", 10}, {"60", -10}}}}};
     builder.control(ControlKind::chart, "cht", 4000, 4000, 2000).chart = &chart;
@@ -115,6 +119,8 @@ TEST(Painting, DrawsFillsLinesShapesPicturesAndBars) {
         {"beyond its end", 1600, 2440, white},
         {"the left side of a shape", 720, 4940, green},
         {"its inside", 1200, 4940, white},
+        {"a filled shape", 1200, 6200, green},
+        {"its frame, drawn over the fill", 730, 6200, {0, 0, 0}},
         {"the drawn half of a picture, fitted into its box", 2950, 4940, red},
         {"its clear half", 3450, 4940, white},
         {"above the picture", 2950, 4600, white},

@@ -206,8 +206,8 @@ TEST(Pdf, MemoryDoesNotGrowWithPages) {
 TEST(Frame, AddsCompanyTitleDateAndNumberInTheMargins) {
     const TestFolder folder;
     const string path = folder.file("a.pdf");
-    PdfSink sink(std::make_unique<OutputFile>(path), {});
-    PageFrame frame(sink, {"Nordiques inc.", "Liste des termes", "Imprimé le 31 mars", "Page"});
+    PageFrame frame(std::make_unique<PdfSink>(std::make_unique<OutputFile>(path), PdfOptions()),
+                    {"Nordiques inc.", "Liste des termes", "Imprimé le 31 mars", "Page"});
     for (int number = 1; number <= 2; ++number) {
         PageBuilder builder(number);
         builder.section(240).text("Body");

@@ -190,26 +190,25 @@ std::map<std::string, std::string> textsOf(const ExpectedPrint& print) {
     return texts;
 }
 
-// The headings of a page: those due, each as it was printed first, and no other.
+// The headings of a page: those of open groups, each as it was printed first. They may be left out where they take more
+// than half of the page from the rows.
 std::string findWrongHeadingOn(const Trial& trial, const Page& page, const ExpectedPrint& first,
                                const Heights& heights) {
-    std::vector<const PlacedSection*> again;
-    for (const PlacedSection& section : page.sections)
-        if (section.repeat) again.push_back(&section);
-    const auto headings = headingsOf(trial.expected.prints(), first);
-    const float room = bodyRoom(trial);
-    if (again.empty() && heightOf(headings, heights) + heights.height(first) > room) return {};
-    std::size_t at = 0;
-    for (const ExpectedPrint* heading : headings) {
-        if (textsOf(*heading).empty()) continue;
-        while (at < again.size() && textsOf(*again[at]).empty()) ++at;
-        if (at == again.size()) return "no heading " + nameOf(*heading) + " above " + nameOf(first);
-        if (textsOf(*again[at]) != textsOf(*heading))
-            return again[at]->info->name + " does not stand there as at first";
-        ++at;
+    std::vector<const ExpectedPrint*> due = headingsOf(trial.expected.prints(), first);
+    std::erase_if(due, [](const ExpectedPrint* heading) { return textsOf(*heading).empty(); });
+    const bool needed = heightOf(due, heights) <= bodyRoom(trial) / 2;
+    auto next = due.begin();
+    for (const PlacedSection& section : page.sections) {
+        if (!section.repeat || textsOf(section).empty()) continue;
+        const auto found = std::find_if(next, due.end(), [&](const ExpectedPrint* heading) {
+            return heading->section->name == section.info->name;
+        });
+        if (found == due.end()) return section.info->name + " stands there out of its group";
+        if (textsOf(section) != textsOf(**found)) return section.info->name + " does not stand there as at first";
+        if (needed && found != next) return "no heading " + nameOf(**next) + " above " + nameOf(first);
+        next = std::next(found);
     }
-    return at < again.size() && !textsOf(*again[at]).empty() ? again[at]->info->name + " stands there out of its group"
-                                                             : "";
+    return needed && next != due.end() ? "no heading " + nameOf(**next) + " above " + nameOf(first) : "";
 }
 
 }  // namespace

@@ -7,6 +7,7 @@ PlannedReport::PlannedReport(HostContext& context, const ReportPlan& plan, float
     for (const SectionPlan& section : plan.sections)
         live_.push_back({&section, &this->section(section.name), 0, inPage || section.isOfPage()});
     for (Live& live : live_) bind(live);
+    RemovesEmptyPages = plan.removesEmptyPage;
     if (plan.feed != Feed::fetch) return;
     for (const std::string& column : planColumns()) Fields.Add(column);
     fetchData = [this](bool& eof) { fetch(eof); };
@@ -87,15 +88,6 @@ void PlannedReport::makeRoom(const Live& live, const SubReport& filter) {
     live.section->Height += moved;
 }
 
-void PlannedReport::ActiveReport_ReportEnd() {
-    if (!plan_.removesEmptyPage || Pages == nullptr) return;
-    const int index = Pages->PageNumber() - 2;
-    if (!Pages->isEmpty(index)) return;
-    Pages->Remove(index);
-    Pages->Commit();
-    ++removedPages_;
-}
-
 namespace {
 
 // Counts the texts that it breaks.
@@ -151,7 +143,6 @@ PlannedRun runPlan(const ReportPlan& plan, float pageHeight) {
         run.error = error.what();
     }
     run.boxes = host.boxes;
-    run.removedPages = report->removedPages();
     run.measured = measure.count;
     return run;
 }

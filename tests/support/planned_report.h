@@ -20,8 +20,6 @@ class PlannedReport final : public Report {
 public:
     PlannedReport(HostContext& context, const ReportPlan& plan, float pageHeight, EventLog& log, bool inPage = false);
     void ActiveReport_ReportStart() override;
-    void ActiveReport_ReportEnd() override;
-    int removedPages() const { return removedPages_; }
 
 private:
     struct Live {
@@ -42,7 +40,6 @@ private:
     EventLog& log_;
     std::vector<Live> live_;
     int runs_ = 0;
-    int removedPages_ = 0;
     std::vector<Row> rows_;  // of a report that is fed by hand
     std::size_t nextRow_ = 0;
 };
@@ -53,8 +50,7 @@ struct PlannedRun {
     KeptPages kept;
     EventLog log;
     std::vector<std::string> boxes;
-    std::string error;  // of the engine; empty: the run came to its end
-    int removedPages = 0;
+    std::string error;                      // of the engine; empty: the run came to its end
     int mostHeldBack = 0;                   // pages that were finished and not yet given to the sink
     int measured = 0;                       // texts that were broken into lines
     std::vector<std::size_t> eventsAtPage;  // how many events of the body each page left behind

@@ -42,6 +42,7 @@ private:
     void fill(SectionPlan& section, Strip strip);
     float fillRows(SectionPlan& section, Strip strip, float top);
     float fillBricks(SectionPlan& section, Strip strip, float top);
+    void addBreak(SectionPlan& section, float top);
     void addMark(SectionPlan& section, Strip strip, float top);
     ControlPlan cell(const SectionPlan& section, int column, int columns, float top);
     void makeText(ControlPlan& control, const SectionPlan& section);
@@ -139,10 +140,18 @@ ControlPlan Planner::cell(const SectionPlan& section, int column, int columns, f
     return control;
 }
 
+void Planner::addBreak(SectionPlan& section, float top) {
+    ControlPlan pageBreak;
+    pageBreak.kind = ControlKind::pageBreak;
+    pageBreak.name = named("break");
+    pageBreak.top = top;
+    section.controls.push_back(pageBreak);
+}
+
 // Rows of controls side by side, between which a page may break.
 float Planner::fillRows(SectionPlan& section, Strip strip, float top) {
-    const bool breaks = in_.depth == 0 && (section.kind == Kind::reportHeader || section.kind == Kind::reportFooter ||
-                                           section.kind == Kind::detail || section.kind == Kind::groupFooter);
+    bool breaks = in_.depth == 0 && (section.kind == Kind::reportHeader || section.kind == Kind::reportFooter ||
+                                     section.kind == Kind::detail || section.kind == Kind::groupFooter);
     for (int row = dice_.between(1, 3), column = strip.first + 1; row > 0; --row, column = strip.first) {
         float bottom = top + (column > strip.first ? lineHeight : 0);
         while (column < strip.end) {
@@ -158,12 +167,9 @@ float Planner::fillRows(SectionPlan& section, Strip strip, float top) {
         }
         top = bottom + dice_.oneOf({0.0F, 0.0F, 50.0F});
         if (row == 1 || !breaks || !sometimes(section.kind == Kind::detail ? 4 : 12)) continue;
-        ControlPlan pageBreak;
-        pageBreak.kind = ControlKind::pageBreak;
-        pageBreak.name = named("break");
-        pageBreak.top = top;
-        pageBreak.hiddenEvery = dice_.oneOf({0, 1, 2});
-        section.controls.push_back(pageBreak);
+        addBreak(section, top);
+        section.controls.back().hiddenEvery = dice_.oneOf({0, 1, 2});
+        breaks = false;  // two with nothing between them ask for an empty page
     }
     return top;
 }
@@ -256,7 +262,8 @@ void Planner::addFrameHeaders(ReportPlan& plan) {
 void Planner::addGroupHeaders(ReportPlan& plan) {
     for (int level = 1; level <= in_.levels; ++level) {
         SectionPlan& header = add(plan, Kind::groupHeader, "gh", level);
-        if (dice_.in(level == in_.levels ? 90 : 75)) header.dataField = "Key" + std::to_string(level);
+        if (plan.feed != Feed::none && dice_.in(level == in_.levels ? 90 : 75))
+            header.dataField = "Key" + std::to_string(level);
         fill(header, stripOf(level));
         header.underlayNext = level == in_.underlain;
         header.repeat = dice_.in(30);
@@ -270,13 +277,7 @@ void Planner::addGroupHeaders(ReportPlan& plan) {
 void Planner::addDistribution(SectionPlan& footer, ReportPlan& plan) {
     plan.removesEmptyPage = true;
     footer.keepTogether = false;
-    for (int i = 0; i < 2; ++i) {
-        ControlPlan pageBreak;
-        pageBreak.kind = ControlKind::pageBreak;
-        pageBreak.name = named("break");
-        pageBreak.top = footer.height + 15 * static_cast<float>(i);
-        footer.controls.push_back(pageBreak);
-    }
+    for (const float below : {0.0F, 15.0F}) addBreak(footer, footer.height + below);
     ControlPlan sub;
     sub.top = footer.height + 30;
     makeSubReport(sub, pageColumns);

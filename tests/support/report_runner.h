@@ -32,22 +32,23 @@ struct ReportRun {
     std::map<int, std::string> settings{};
     std::map<std::string, std::string> parameters{};
     bool cancelFilter = false;
-    std::map<std::string, bool> options{};  // boxes of the report's dialog
-    float pageHeight = 0;                   // twips; 0: as the design has it
+    std::vector<std::pair<std::string, Variant>> options{};  // of the report's dialog, in the user's order
+    float pageHeight = 0;                                    // twips; 0: as the design has it
 };
 
-// The dialog of a test: sets the boxes that it names.
-class BoxSetter final : public DialogService {
+// The user of a test: sets the options that it names, then clicks OK.
+class OptionSetter final : public DialogService {
 public:
-    explicit BoxSetter(const std::map<std::string, bool>& boxes) : boxes_(boxes) {}
+    using Options = std::vector<std::pair<std::string, Variant>>;
+    explicit OptionSetter(const Options& options) : options_(options) {}
     void ShowModal(DialogForm& form) override {
-        for (CheckBox* box : form.checkBoxes())
-            if (const auto found = boxes_.find(box->Name); box->Visible && found != boxes_.end())
-                box->Value = found->second;
+        form.Show();
+        for (const auto& [name, value] : options_) form.setOption(name, value.toText());
+        form.click(form.cmdOk.Name);
     }
 
 private:
-    const std::map<std::string, bool>& boxes_;
+    const Options& options_;
 };
 
 // What the user sees of it: pages, failure boxes, and what the database was asked, a line a query.
@@ -116,8 +117,8 @@ inline ReportResult runReport(const ReportRun& run) {
     contract->IReport_DisplayForeignCurrency(run.foreign);
     for (const auto& [name, value] : run.properties) report->setProperty(name, value);
     if (auto* config = dynamic_cast<IReportConfig*>(report.get()); config != nullptr && !run.options.empty()) {
-        BoxSetter boxes(run.options);
-        config->IReportConfig_ShowConfigurationScreen(boxes);
+        OptionSetter user(run.options);
+        config->IReportConfig_ShowConfigurationScreen(user);
     }
     if (auto* segments = dynamic_cast<ISegmentFilter*>(report.get())) {
         segments->ISegmentFilter_SegmentFilter(run.segments);

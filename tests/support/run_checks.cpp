@@ -68,7 +68,6 @@ std::string findWrongEvent(const Trial& trial) {
     if (std::string found = difference(trial.expected.events(), trial.run.log.body); !found.empty()) return found;
     // Page header and footer: a Format a page, followed by the AfterPrint of what was printed.
     const auto& events = trial.run.log.page;
-    const auto pages = trial.run.kept.pages.size() + static_cast<std::size_t>(trial.run.removedPages);
     for (const SectionKind kind : {SectionKind::pageHeader, SectionKind::pageFooter}) {
         const SectionPlan* section = trial.plan.find(kind);
         if (section == nullptr) continue;
@@ -76,7 +75,8 @@ std::string findWrongEvent(const Trial& trial) {
         const auto formats = static_cast<int>(std::count_if(events.begin(), events.end(), [&](const auto& event) {
             return event.starts_with("F " + section->name + " ");
         }));
-        if (formats > static_cast<int>(pages)) return section->name + " was formatted more often than there are pages";
+        if (formats > static_cast<int>(trial.run.kept.pages.size()))
+            return section->name + " was formatted more often than there are pages";
         for (int number = 1; number <= formats; ++number) {
             due.push_back("F " + section->name + " " + std::to_string(number));
             if (section->isPrintedAt(number)) due.push_back("A " + section->name + " " + std::to_string(number));
