@@ -200,6 +200,7 @@ std::string findWrongHeadingOn(const Trial& trial, const Page& page, const Expec
     auto next = due.begin();
     for (const PlacedSection& section : page.sections) {
         if (!section.repeat || textsOf(section).empty()) continue;
+        if (section.info->name == first.section->name) return section.info->name + " stands again above its own rest";
         const auto found = std::find_if(next, due.end(), [&](const ExpectedPrint* heading) {
             return heading->section->name == section.info->name;
         });

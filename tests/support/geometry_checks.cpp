@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "tests/support/page_checks.h"
+#include "tests/support/page_reading.h"
 
 namespace quillo::test {
 namespace {
@@ -89,12 +90,14 @@ private:
         note(a.info->name + " and " + b.info->name + " overprint each other");
     }
 
-    // Sections that stand one under the other, but for what underlays its group's header.
+    // Sections stand one under the other, but for a group beside the header that it underlays. One that shows nothing
+    // is only room.
     void stack(std::span<const PlacedSection> sections) {
         for (std::size_t j = 0; j < sections.size(); ++j)
             for (std::size_t i = 0; i < j; ++i) {
                 const PlacedSection &above = sections[i], &below = sections[j];
                 if (!meets(above.top, above.top + above.height, below.top, below.top + below.height)) continue;
+                if (!showsAny(above) || !showsAny(below)) continue;
                 if (!underlays(sections, i, j))
                     note(below.info->name + " at " + number(below.top) + " overprints " + above.info->name + " at " +
                          number(above.top) + "+" + number(above.height));
@@ -103,12 +106,15 @@ private:
             }
     }
 
+    // Whether a section belongs to the group that prints beside a header: up to the group's own footer.
     bool underlays(std::span<const PlacedSection> sections, std::size_t header, std::size_t other) {
         const SectionPlan& plan = trial_.index.section(sections[header]);
         if (!plan.underlayNext) return false;
         for (std::size_t i = header + 1; i <= other; ++i) {
             const SectionPlan& next = trial_.index.section(sections[i]);
-            if (next.kind != SectionKind::detail && next.level <= plan.level) return false;
+            const bool ends = next.kind == SectionKind::groupFooter && next.level == plan.level;
+            const bool inside = next.kind == SectionKind::detail || next.level > plan.level || (ends && i == other);
+            if (!inside) return false;
         }
         return true;
     }

@@ -59,8 +59,8 @@ bool PageMatching::visit(const PlacedSection& section, int page, int depth) {
         for (const PlacedSection& inner : control.sections) seen = visit(inner, page, depth + 1) || seen;
         if (seen) shown.push_back(&index_.control(control));
     }
-    pieces_.push_back(piece);
     order(piece);
+    pieces_.push_back(piece);
     for (const ControlPlan* control : shown) seen_.push_back({page, piece.print, control});
     return !shown.empty();
 }
@@ -83,12 +83,14 @@ void PageMatching::take(const PlacedControl& control, Piece& piece) {
     texts.letters = 0;
 }
 
-void PageMatching::order(const Piece& piece) {
+void PageMatching::order(Piece& piece) {
     const std::string& name = piece.placed->info->name;
     if (piece.print == nullptr) {
+        if (piece.placed->continued) piece.print = current_[name];
         if (!piece.placed->continued) begun_.insert(name);
         return;
     }
+    current_[name] = piece.print;
     const bool begun = begun_.erase(name) > 0;
     int& last = last_[piece.print->report];
     const std::string which = name + " " + std::to_string(piece.print->number);

@@ -59,15 +59,17 @@ private:
     void expect(const std::vector<ExpectedPrint>& prints);
     bool visit(const PlacedSection& section, int page, int depth);
     void take(const PlacedControl& control, Piece& piece);
-    void order(const Piece& piece);
+    // Where a piece stands among the others; tells the print of a rest that shows no text of its own.
+    void order(Piece& piece);
     void finish();
     void fail(int page, const std::string& what);
 
     const PlanIndex& index_;
     std::map<std::string, Texts> texts_;
-    std::map<std::string, int> dueFigures_, figures_;  // lines and shapes
-    std::map<const ReportPlan*, int> last_;            // order of the print seen last
-    std::set<std::string> begun_;                      // sections that began without a text
+    std::map<std::string, int> dueFigures_, figures_;      // lines and shapes
+    std::map<const ReportPlan*, int> last_;                // order of the print seen last
+    std::map<std::string, const ExpectedPrint*> current_;  // of each section
+    std::set<std::string> begun_;                          // sections that began without a text
     std::vector<Piece> pieces_;
     std::vector<Seen> seen_;
     std::string difference_;

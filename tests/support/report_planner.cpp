@@ -288,7 +288,7 @@ void Planner::addDistribution(SectionPlan& footer, ReportPlan& plan) {
 void Planner::addFooters(ReportPlan& plan) {
     for (int level = in_.levels; level > 0; --level) {
         SectionPlan& footer = add(plan, Kind::groupFooter, "gf", level);
-        fill(footer, level == in_.underlain ? Strip{0, in_.columns} : stripOf(level));
+        fill(footer, stripOf(level == in_.underlain ? level + 1 : level));
         if (in_.depth == 0 && sometimes(10))
             footer.newPage = dice_.oneOf({NewPage::before, NewPage::after, NewPage::both});
     }
