@@ -19,7 +19,7 @@ std::string letters(int count) {
 
 std::string ControlPlan::writtenAt(int number) const {
     if (shows == Shows::caption) return name + letters(filler) + ";";
-    return name + "#" + std::to_string(number) + letters(number % 3 == 0 ? 0 : filler) + ";";
+    return name + "#" + std::to_string(number) + letters(number % 3 == 0 && !steady ? 0 : filler) + ";";
 }
 
 const std::vector<std::string>& planColumns() {

@@ -27,6 +27,7 @@ struct ControlPlan {
     bool running = false;  // a sum that never starts again
     bool grows = false;
     int filler = 0;       // letters that a written text has beside its name
+    bool steady = false;  // it has them in every print
     int hiddenEvery = 0;  // hidden (a break: not taken) in each print whose number this divides; 0: never
     std::shared_ptr<const ReportPlan> inner;  // of a sub-report
 

@@ -88,6 +88,7 @@ void Planner::makeText(ControlPlan& control, const SectionPlan& section) {
     control.grows = dice_.in(65);
     control.column = "Text" + std::to_string(dice_.between(1, 3));
     if (control.shows == Shows::written) control.filler = dice_.oneOf({0, 0, 10, 40});
+    control.steady = section.isOfPage() && dice_.in(90);
     control.name = named(control.grows ? "grow" : "text");
     if (dice_.in(1)) control.height = 1200;  // a tower, which does not fit on the lowest pages
 }
