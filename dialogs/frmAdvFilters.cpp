@@ -1,6 +1,6 @@
 #include "dialogs/frmAdvFilters.h"
 
-#include "framework/run_frame.h"
+#include "framework/step.h"
 
 namespace quillo {
 namespace {

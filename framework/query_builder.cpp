@@ -37,12 +37,10 @@ std::string orderClauseKeeping(const FilterParts& filter, std::string_view colum
     return orderClauseBehind(filter, named ? "" : std::string(column) + ", ", ownClause);
 }
 
-std::string orderClauseBefore(const FilterParts& filter, std::string_view own,
-                              std::initializer_list<std::string_view> keeping) {
-    std::string order = filter.order.empty() ? std::string(own) : filter.order;
-    for (const std::string_view column : keeping)
-        if (!containsName(order, column)) order.append(", ").append(column);
-    return " ORDER BY " + order;
+std::string orderWithTies(std::string orderClause, const std::vector<std::string_view>& columns) {
+    for (const std::string_view column : columns)
+        if (!containsName(orderClause, column)) orderClause.append(", ").append(column);
+    return orderClause;
 }
 
 std::string segmentClause(std::string_view column, std::string_view list, bool none, bool behindCondition) {

@@ -3,6 +3,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "framework/host/services.h"
 
@@ -31,10 +32,9 @@ std::string orderClauseBehind(const FilterParts& filter, std::string_view leadin
 // As before, but a user's order that names the column itself (without regard to case) stands alone.
 std::string orderClauseKeeping(const FilterParts& filter, std::string_view column, std::string_view ownClause);
 
-// The user's order, or else the report's own columns, and behind it those that keep rows together which belong
-// together, each unless the order names it itself.
-std::string orderClauseBefore(const FilterParts& filter, std::string_view own,
-                              std::initializer_list<std::string_view> keeping);
+// An order clause, and behind it the columns that keep rows together which belong together, each unless the order names
+// it itself.
+std::string orderWithTies(std::string orderClause, const std::vector<std::string_view>& columns);
 
 // The segment condition, "(column IN (list) OR column IS NULL)" in the parts that are asked for, with " AND " in
 // front where a condition stands before it; empty without a choice. The list goes in as the host gave it.

@@ -3,11 +3,29 @@
 #include <algorithm>
 
 #include "framework/values/errors.h"
+#include "framework/values/names.h"
 
 namespace quillo {
 
 ReportFrame::ReportFrame(std::string name, HostContext& context, const ContractRow& contract)
-    : Report(std::move(name), context), contract_(contract) {}
+    : HostedReport(std::move(name), context), contract_(contract) {
+    filterText_ = find<SubReport>("PageHeader", "dsrFilterAndSortByInfoSubreport");
+    if (filterText_ != nullptr) {
+        filterHeight_ = filterText_->Height;
+        onFormat("PageHeader", &ReportFrame::PageHeader_Format);
+    }
+    if (contract_.endTextId != 0) onFormat("ReportFooter", &ReportFrame::ReportFooter_Format);
+}
+
+template <class T>
+T* ReportFrame::find(std::string_view sectionName, std::string_view controlName) const {
+    for (const auto& candidate : sections()) {
+        if (!equalNames(candidate->Name(), sectionName)) continue;
+        Control* found = candidate->find(controlName);
+        return found != nullptr && found->kind() == KindOf<T>::kind ? static_cast<T*>(found) : nullptr;
+    }
+    return nullptr;
+}
 
 void ReportFrame::IReport_DateFrom(const Date& value) {
     if (contract_.keepsDateFrom && contract_.dateOptions != DateDisplay::closingDate) m_dtDateFrom = value;
@@ -41,40 +59,43 @@ bool ReportFrame::IReport_UseCurrency() {
     return used;
 }
 
-Application& ReportFrame::application() const {
-    if (m_objApplication == nullptr) throw NameError("The report has no application object");
-    return *m_objApplication;
-}
-
-std::shared_ptr<Recordset> ReportFrame::execute(const std::string& sql, const std::vector<Variant>& values) {
-    return execute(m_command, sql, values);
-}
-
-std::shared_ptr<Recordset> ReportFrame::execute(std::unique_ptr<Command>& command, const std::string& sql,
-                                                const std::vector<Variant>& values) {
-    HostDatabase& database = context().company().Database();
-    if (!command) command = database.newCommand();
-    command->CommandTimeout = 0;
-    command->ActiveConnection = database.ConnectionString();
-    command->CommandText = sql;
-    command->Parameters.clear();
-    context().utils().SetCommandParameters(*command, values);
-    return command->Execute();
-}
-
-void ReportFrame::setDateCaption(Label& lblDateFromDateTo) {
+void ReportFrame::setDateCaption() {
+    Label* caption = find<Label>("PageHeader", "lblDateFromDateTo");
+    if (caption == nullptr) return;
     if (m_dtDateFrom != noStartLimit && m_dtDateTo != noEndLimit) {
-        lblDateFromDateTo.Caption = GetText(3013) + " " + locale().shortDate(m_dtDateFrom) + " " + GetText(3012) + " " +
-                                    locale().shortDate(m_dtDateTo);
+        caption->Caption = GetText(3013) + " " + locale().shortDate(m_dtDateFrom) + " " + GetText(3012) + " " +
+                           locale().shortDate(m_dtDateTo);
     } else {
-        lblDateFromDateTo.Caption = GetText(1376);
+        caption->Caption = GetText(1376);
     }
 }
 
-void ReportFrame::replaceCaptions(const SubReport& filter, Label& first, std::initializer_list<Label*> others) {
-    first.Top = belowFilter(filter);
-    for (Label* other : others) other->Top = first.Top;
-    section("PageHeader").Height = first.Top + first.Height;
+void ReportFrame::noteHeaderPlaces(const Section& header) {
+    headerHeight_ = header.Height;
+    for (const auto& control : header.controls) {
+        const bool isLine = control->kind() == ControlKind::line;
+        const auto& line = static_cast<const Line&>(*control);
+        const float top = isLine ? line.Y1 : control->Top, bottom = isLine ? line.Y2 : control->Top;
+        if (control.get() != filterText_ && top >= filterText_->Top + filterHeight_)
+            headerPlaces_.push_back({control.get(), top, bottom});
+    }
+}
+
+void ReportFrame::PageHeader_Format() {
+    Section& header = section("PageHeader");
+    if (headerHeight_ < 0) noteHeaderPlaces(header);
+    const float grown = filterText_->Height - filterHeight_;
+    for (const auto& [control, top, bottom] : headerPlaces_) {
+        control->Top = top + grown;
+        if (control->kind() != ControlKind::line) continue;
+        static_cast<Line&>(*control).Y1 = top + grown;
+        static_cast<Line&>(*control).Y2 = bottom + grown;
+    }
+    header.Height = headerHeight_ + grown;
+}
+
+void ReportFrame::ReportFooter_Format() {
+    STEP(label("lblEnd").Caption = std::to_string(m_lngRecordCount) + " " + GetText(contract_.endTextId));
 }
 
 std::string ReportFrame::rateLine(int currencyId, Money rate) const {
@@ -85,29 +106,41 @@ std::string ReportFrame::rateLine(int currencyId, Money rate) const {
            utils.NumberText(Variant(rate)) + " " + code(currencies().CieHomeCurrencyId());
 }
 
-void ReportFrame::setEndLine(Label& lblEnd, int textId) {
-    lblEnd.Caption = std::to_string(m_lngRecordCount) + " " + GetText(textId);
-}
-
 bool FilterableReport::hasFilterTool() const {
     if (m_objFilterTool == nullptr && !contract().filterOptional) throw NameError("The report has no filter tool");
     return m_objFilterTool != nullptr;
 }
 
-bool FilterableReport::askFilter(const std::string& tables, bool flagA, int line) {
+bool FilterableReport::askFilter(int line) {
     bool cancel = false;
     try {
-        if (hasFilterTool()) m_objFilterTool->GetFilter(tables, flagA, true, cancel, true, true);
+        if (hasFilterTool())
+            m_objFilterTool->GetFilter(filterTables(), contract().filterFlagA, true, cancel, true, true);
     } catch (const std::exception& failure) {
         showFailure(failure.what(), "ActiveReport_ReportStart", line);
     }
     return !cancel;
 }
 
-void FilterableReport::fillFilterInfo(SubReport& control, std::string_view segments) {
+bool FilterableReport::ActiveReport_ReportStart(const ListQuery& query) {
+    m_lngRecordCount = 0;
+    if (!askFilter()) return false;
+    const FilterParts filter = filterParts();
+    const std::string order = query.keeping.empty() ? orderClause(filter, query.order)
+                                                    : orderClauseKeeping(filter, query.keeping, query.order);
+    const std::string sql = query.text + whereClause(filter, query.where) + orderWithTies(order, query.ties);
+    STEP(dataControl()->Recordset = execute(sql, query.values));
+    STEP(Translate());
+    STEP(setDateCaption());
+    STEP(fillFilterInfo());
+    return true;
+}
+
+void FilterableReport::fillFilterInfo() {
     if (!hasFilterTool()) return;
     const FilterInfo info = m_objFilterTool->GetFilterInfo();
-    context().filterInfoFiller().FillFilterInfo(control, info, application(), segments);
+    context().filterInfoFiller().FillFilterInfo(subReport("dsrFilterAndSortByInfoSubreport"), info, application(),
+                                                segmentText());
 }
 
 }  // namespace quillo

@@ -1,25 +1,13 @@
 #pragma once
 
-#include <initializer_list>
-#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "framework/engine/report.h"
+#include "framework/hosted_report.h"
 #include "framework/query_builder.h"
 #include "framework/report_contract.h"
-
-// One step of a report's procedure: the smallest piece that may fail by itself and leave the rest meaningful. A
-// failure shows its box, naming report, procedure and line, and the run goes on behind the step.
-#define STEP(...)                                                  \
-    do {                                                           \
-        try {                                                      \
-            __VA_ARGS__;                                           \
-        } catch (const std::exception& failure) {                  \
-            this->showFailure(failure.what(), __func__, __LINE__); \
-        }                                                          \
-    } while (false)
 
 namespace quillo {
 
@@ -27,19 +15,25 @@ namespace quillo {
 // group where the company uses foreign currency; keptWhereUsed forgets the wish where it does not.
 enum class Foreign { ignored, kept, keptGatesSections, keptWhereUsed };
 
-// The fixed values of a report's contract.
+// The fixed values of a report's contract and of its frame.
 struct ContractRow {
     int dateOptions = DateDisplay::none;
     int titleId = 0;               // text of the title; 0: empty
     bool companyCurrency = false;  // UseCurrency tells whether the company uses foreign currency; else False
     Foreign foreign = Foreign::ignored;
     bool keepsDateFrom = true;    // false: DateFrom is an empty body, as with a closing date alone
+    std::string_view tables{};    // over which the user may filter; a report may have others (filterTables)
+    bool filterFlagA = true;      // the first flag of the filter tool
     bool filterOptional = false;  // without a filter tool the report prints everything; else that is a failure
+    int endTextId = 0;            // what lblEnd counts: "12 customers"; 0: the report's own affair
 };
 
-// The frame in which every report of the factory runs: the plain part of the contract, and the common steps of
-// a run. Reports differ in their query, design and events.
-class ReportFrame : public Report, public IReport {
+// The frame in which every report of the factory runs: the plain part of the contract, and what all reports do at their
+// ends. Reports differ in their query, design and events.
+//
+// The page header keeps its distance to the filter text: what the design sets below the sub-report
+// dsrFilterAndSortByInfoSubreport moves down by what the text has grown, before the report's own PageHeader_Format.
+class ReportFrame : public HostedReport, public IReport {
 public:
     int IReport_DateDisplayOptions() override { return contract_.dateOptions; }
     Date IReport_DateFrom() override { return m_dtDateFrom; }
@@ -65,40 +59,44 @@ protected:
     // The title of a text: without the accelerator marks of the host's menus.
     static std::string withoutMarks(std::string text);
 
-    // Throws when the host has not set it yet.
-    Application& application() const;
-    std::string GetText(int id) const { return application().GetText(id); }
-    const LocaleFormat& locale() const { return context().locale(); }
-    CurrencyInfo& currencies() const { return application().currencyInfo(); }
-    bool Setting(int number) const { return context().company().settings().Item(number).toBool(); }
-
-    // Connects, sets the text, binds the values to its "?" marks in order, and executes: the report's own
-    // command without a time limit.
-    std::shared_ptr<Recordset> execute(const std::string& sql, const std::vector<Variant>& values = {});
-    std::shared_ptr<Recordset> execute(std::unique_ptr<Command>& command, const std::string& sql,
-                                       const std::vector<Variant>& values);
-
-    void Translate() { context().localizer().Translate(*this); }
-    // "From ... to ...", or the text for no limit when either date is at its limit.
-    void setDateCaption(Label& lblDateFromDateTo);
-    // Where the captions start: below the filled filter text.
-    static float belowFilter(const SubReport& filter) { return filter.Top + filter.Height + 90; }
-    // One line of captions under the filter text, the page header ending with it.
-    void replaceCaptions(const SubReport& filter, Label& first, std::initializer_list<Label*> others);
+    // "From ... to ..." into lblDateFromDateTo, or the text for no limit when either date is at its limit; nothing in a
+    // design without it.
+    void setDateCaption();
     // The line that tells a foreign transaction's rate: "1 USD equals 1.35 CAD".
     std::string rateLine(int currencyId, Money rate) const;
-    // The last line of a report: the count, a blank, and what was counted.
-    void setEndLine(Label& lblEnd, int textId);
 
-    Application* m_objApplication = nullptr;
     Date m_dtDateFrom;
     Date m_dtDateTo;
     bool m_bDisplayForeignCurrency = false;
     int m_lngRecordCount = 0;
 
 private:
+    // Where something of the page header stands by its design.
+    struct HeaderPlace {
+        Control* control;
+        float top, bottom;
+    };
+    void PageHeader_Format();
+    void ReportFooter_Format();
+    void noteHeaderPlaces(const Section& header);
+    template <class T>
+    T* find(std::string_view section, std::string_view name) const;
+
     ContractRow contract_;
-    std::unique_ptr<Command> m_command;
+    SubReport* filterText_ = nullptr;  // of the page header; null in designs without
+    float filterHeight_ = 0;           // by the design
+    float headerHeight_ = -1;          // by the design and the report's start; -1: not noted yet
+    std::vector<HeaderPlace> headerPlaces_;
+};
+
+// The query of a plain list.
+struct ListQuery {
+    std::string text;                      // up to where the user's condition follows
+    OwnWhere where = OwnWhere::yes;        // whether it has a WHERE of its own
+    std::string_view order;                // the report's own " ORDER BY ..."
+    std::vector<Variant> values{};         // of its "?" marks
+    std::string_view keeping{};            // a column that leads the user's order unless it names it
+    std::vector<std::string_view> ties{};  // columns that stand behind any order, so that rows stay together
 };
 
 // A report whose rows the user may filter and sort.
@@ -106,15 +104,25 @@ class FilterableReport : public ReportFrame, public IFilterableReport {
 public:
     void IFilterableReport_Filter(const std::string& value) override { m_strFilter = value; }
     void IFilterableReport_FilterTool(FilterTool& tool) override { m_objFilterTool = &tool; }
+    // The tables and columns over which the user may filter, as the filter tool takes them.
+    virtual std::string filterTables() const { return std::string(contract().tables); }
 
 protected:
     using ReportFrame::ReportFrame;
+
+    // The start of a plain list: asks for the filter, merges it into the query, executes it for the data control, and
+    // fills the page header. False when the user cancelled: the start then ends.
+    bool ActiveReport_ReportStart(const ListQuery& query);
+    using Report::ActiveReport_ReportStart;
+
     // Asks the filter tool, which leaves the choice in the filter string. False when the user cancelled. A step of
     // ActiveReport_ReportStart. Without a tool there is nothing to ask in a report whose filter is optional.
-    bool askFilter(const std::string& tables, bool flagA = true, int line = __builtin_LINE());
+    bool askFilter(int line = __builtin_LINE());
     FilterParts filterParts() const { return splitFilter(m_strFilter); }
     // Puts the filter's text into the page header, if there is a filter.
-    void fillFilterInfo(SubReport& control, std::string_view segments = "");
+    void fillFilterInfo();
+    // What the page header says of the chosen segments.
+    virtual std::string_view segmentText() const { return {}; }
 
     std::string m_strFilter;
     FilterTool* m_objFilterTool = nullptr;
@@ -141,6 +149,7 @@ protected:
     std::string firstSegments(std::string_view column) const {
         return segmentClause(column, m_strSegmentFilter, m_bSegmentNoneFilter, false);
     }
+    std::string_view segmentText() const override { return m_strSegmentFilterDisplay; }
 
     std::string m_strSegmentFilter;
     std::string m_strSegmentFilterDisplay;

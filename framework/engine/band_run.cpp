@@ -38,7 +38,7 @@ void guardedEvent(const Report& report, std::string_view object, std::string_vie
 }
 
 template <class Action>
-void guardedField(const Report& report, const Section& section, const Field& field, const Action& action) {
+void guardedField(const Report& report, const Section& section, const Control& field, const Action& action) {
     guarded(
         report, [&] { return section.Name() + "_Format, field " + field.Name(); }, action);
 }
@@ -128,6 +128,8 @@ void BandRun::prepareFields() {
                 captured_.emplace_back(section.get(), &notes);
             }
         }
+        if (section->kind() != SectionKind::detail && !notes_->of(*section).links.empty())
+            linked_.push_back(section.get());
     }
 }
 
@@ -192,6 +194,25 @@ void BandRun::fill(const Section& section) {
         if (notes.field->DataField.empty()) continue;
         guardedField(report_, section, *notes.field, [&] { fillField(section, notes); });
     }
+    for (LinkNotes& notes : notes_->of(section).links)
+        guardedField(report_, section, *notes.control, [&] { fillLink(section, notes); });
+}
+
+std::string BandRun::tagOf(LinkNotes& notes) {
+    if (notes.source.empty()) {
+        notes.expression = Expression::compile(notes.control->LinkField);
+        notes.source = notes.control->LinkField;
+    }
+    return valueOf(notes.expression, joined_).textOrEmpty();
+}
+
+void BandRun::fillLink(const Section& section, LinkNotes& notes) {
+    if (section.kind() == SectionKind::detail) {
+        notes.control->Hyperlink = tagOf(notes);
+    } else {
+        if (!isFooterKind(section.kind()) && live_) notes.shown = tagOf(notes);
+        notes.control->Hyperlink = notes.shown;
+    }
 }
 
 void BandRun::fillField(const Section& section, FieldNotes& notes) {
@@ -216,6 +237,9 @@ void BandRun::capture() {
             kept->shown = valueOf(kept->expression, joined_);
         });
     }
+    for (const Section* section : linked_)
+        for (LinkNotes& notes : notes_->of(*section).links)
+            guardedField(report_, *section, *notes.control, [&] { notes.shown = tagOf(notes); });
 }
 
 std::optional<LaidOut> BandRun::format(Section& section) {

@@ -75,7 +75,9 @@ private:
     ValueView valueOf(Expression& expression, std::string& joined) const;
     void fill(const Section& section);
     void fillField(const Section& section, FieldNotes& notes);
+    void fillLink(const Section& section, LinkNotes& notes);
     void show(FieldNotes& notes) const;
+    std::string tagOf(LinkNotes& notes);
     void capture();
     bool firstRow();
     bool nextRow();
@@ -99,6 +101,7 @@ private:
     std::size_t openGroups_ = 0;
     std::vector<Sum> sums_;
     std::vector<std::pair<const Section*, FieldNotes*>> captured_;  // fields of headers and footers: keep a row's value
+    std::vector<const Section*> linked_;                            // headers and footers that lead somewhere
     bool live_ = false;                                             // a row stands there to be read
     std::string joined_;
 };

@@ -29,6 +29,7 @@ struct Control {
     float Left = 0, Top = 0, Width = 0, Height = 0;
     std::string Tag;
     std::string Hyperlink;  // the drill tag; empty: no link
+    std::string LinkField;  // a column, or an expression: ="INV|" & [InInvoiId]; gives the Hyperlink for each print
 
     const std::string& Name() const { return info.name; }
     ControlKind kind() const { return info.kind; }

@@ -218,9 +218,9 @@ private:
 
     std::unique_ptr<Control> readControl(const Json& object, const Place& here, SectionKind sectionKind) {
         const Keys keys(object, here,
-                        {"kind", "name",      "left",   "top",       "width", "height",  "tag",     "caption",
-                         "text", "dataField", "format", "style",     "align", "canGrow", "visible", "x1",
-                         "y1",   "x2",        "y2",     "lineWidth", "fill",  "enabled", "sum",     "running"});
+                        {"kind",      "name",      "left",  "top",     "width",   "height",  "tag", "caption", "text",
+                         "dataField", "format",    "style", "align",   "canGrow", "visible", "x1",  "y1",      "x2",
+                         "y2",        "lineWidth", "fill",  "enabled", "sum",     "running", "link"});
         auto control = make(keys, here, sectionKind);
         keys.text("name", control->info.name);
         if (control->info.name.empty() || !names_.insert(foldedName(control->info.name)).second)
@@ -231,7 +231,17 @@ private:
         keys.number("height", control->Height);
         keys.boolean("visible", control->Visible);
         keys.text("tag", control->Tag);
+        keys.text("link", control->LinkField);
+        checkExpression(control->LinkField, here);
         return control;
+    }
+
+    static void checkExpression(const std::string& source, const Place& here) {
+        try {
+            Expression::compile(source);
+        } catch (const InputError& error) {
+            here.fail(error.what());
+        }
     }
 
     template <class T>
@@ -303,10 +313,10 @@ private:
         keys.text("dataField", field->DataField);
         try {
             field->Format = NumberFormat::compile(keys.text("format"));
-            Expression::compile(field->DataField);
         } catch (const InputError& error) {
             here.fail(error.what());
         }
+        checkExpression(field->DataField, here);
         if (!keys.has("sum")) return field;
         field->IsSum = true;
         if (const std::string over = keys.text("sum"); over != "report") field->SumGroup = over;

@@ -104,14 +104,14 @@ protected:
         return static_cast<T&>(controlOf(name, KindOf<T>::kind));
     }
 
-    // Binds an event; throws NameError when the design lacks the section.
+    // Binds an event, behind those that are bound already; throws NameError when the design lacks the section.
     template <class R>
     void onFormat(std::string_view sectionName, void (R::*handler)()) {
-        section(sectionName).Format = [this, handler] { (static_cast<R*>(this)->*handler)(); };
+        bind(section(sectionName).Format, handler);
     }
     template <class R>
     void onAfterPrint(std::string_view sectionName, void (R::*handler)()) {
-        section(sectionName).AfterPrint = [this, handler] { (static_cast<R*>(this)->*handler)(); };
+        bind(section(sectionName).AfterPrint, handler);
     }
     template <class R>
     void onFetchData(void (R::*handler)(bool& eof)) {
@@ -131,6 +131,13 @@ protected:
     }
 
 private:
+    template <class R>
+    void bind(std::function<void()>& event, void (R::*handler)()) {
+        event = [this, before = std::move(event), handler] {
+            if (before) before();
+            (static_cast<R*>(this)->*handler)();
+        };
+    }
     Control& controlOf(std::string_view name, ControlKind kind) const;
     std::string name_;
     HostContext& context_;

@@ -24,6 +24,7 @@ SectionNotes& RunNotes::of(const Section& section) {
         Control& control = *section.controls[i];
         notes.controls.push_back({names_->control(control.info), nullptr, 0});
         if (control.kind() == ControlKind::field) notes.fields.emplace_back().field = static_cast<Field*>(&control);
+        if (!control.LinkField.empty()) notes.links.emplace_back().control = &control;
     }
     return notes;
 }
@@ -37,8 +38,10 @@ const TextStyle* RunNotes::style(const TextControl& control, ControlNotes& notes
 }
 
 void RunNotes::forgetColumns() {
-    for (auto& [section, notes] : sections_)
+    for (auto& [section, notes] : sections_) {
         for (FieldNotes& field : notes.fields) field.source.clear();
+        for (LinkNotes& link : notes.links) link.source.clear();
+    }
 }
 
 }  // namespace quillo

@@ -31,10 +31,19 @@ struct FieldNotes {
     } sum;
 };
 
+// Where a control leads by its design.
+struct LinkNotes {
+    Control* control = nullptr;
+    std::string source;  // the LinkField that was compiled
+    Expression expression;
+    std::string shown;  // of headers and footers: the tag that they print
+};
+
 struct SectionNotes {
     const SectionInfo* info = nullptr;
     std::vector<ControlNotes> controls;  // beside the section's controls
     std::deque<FieldNotes> fields;
+    std::deque<LinkNotes> links;
 };
 
 // The walk's notes on one report: kept with it, so that a sub-report that runs on every row is looked at once.

@@ -1,24 +1,30 @@
 #include "reports/cash_receipts/dsrCashReceiptsDetail.h"
 
-#include "framework/drill_tags.h"
-#include "framework/shared/MUtils.h"
-#include "framework/shared/account_texts.h"
 #include "reports/cash_receipts/dsrCashReceiptsDetailSubreport.h"
+#include "reports/shared/MUtils.h"
+#include "reports/shared/account_texts.h"
 
 namespace quillo {
 
 dsrCashReceiptsDetail::dsrCashReceiptsDetail(HostContext& context)
-    : SegmentReport(
-          "dsrCashReceiptsDetail", context,
-          {.dateOptions = DateDisplay::range, .titleId = 6082, .companyCurrency = true, .foreign = Foreign::kept}) {
+    : SegmentReport("dsrCashReceiptsDetail", context,
+                    {.dateOptions = DateDisplay::range,
+                     .titleId = 6082,
+                     .companyCurrency = true,
+                     .foreign = Foreign::kept,
+                     .filterFlagA = false}) {
     property("SeqNo", SeqNo);
     property("SubReportVisible", SubReportVisible);
-    onFormat("PageHeader", &dsrCashReceiptsDetail::PageHeader_Format);
     onFormat("ghSeqNo", &dsrCashReceiptsDetail::ghSeqNo_Format);
     onFormat("ghForeignCurrency", &dsrCashReceiptsDetail::ghForeignCurrency_Format);
     onFormat("Detail", &dsrCashReceiptsDetail::Detail_Format);
     onFormat("gfSeqNo", &dsrCashReceiptsDetail::gfSeqNo_Format);
     onFormat("ReportFooter", &dsrCashReceiptsDetail::ReportFooter_Format);
+}
+
+std::string dsrCashReceiptsDetail::filterTables() const {
+    return MUtils::HasUnknownProject(context()) ? "GLDet, GLAcct, ProjInfo, WorldCurrency"
+                                                : "GLDet, GLAcct, WorldCurrency";
 }
 
 void dsrCashReceiptsDetail::ActiveReport_ReportStart() {
@@ -27,13 +33,30 @@ void dsrCashReceiptsDetail::ActiveReport_ReportStart() {
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(m_bUsesProjects = MUtils::HasUnknownProject(context()));
     STEP(m_bAccountNumbers = usesAccountNumbers(context()));
-    if (!askFilter(m_bUsesProjects ? "GLDet, GLAcct, ProjInfo, WorldCurrency" : "GLDet, GLAcct, WorldCurrency", false))
-        return;
+    placeColumns();
+    if (!askFilter()) return;
     STEP(rsInvoiJournal.Recordset = execute(journalQuery(), queryValues()));
     STEP(Translate());
-    STEP(startDistribution());
-    STEP(setDateCaption(lblDateFromDateTo));
-    STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport, m_strSegmentFilterDisplay));
+    const auto distribution = std::make_shared<quillo::dsrCashReceiptsDetailSubreport>(context());
+    STEP(distribution->Application(application()));
+    STEP(distribution->rsInvoiJournal.Recordset = execute(m_distributionCommand, distributionQuery(), queryValues()));
+    dsrCashReceiptsDetailSubreport.Object = distribution;
+    STEP(setDateCaption());
+    STEP(fillFilterInfo());
+}
+
+// With foreign amounts the columns stand closer.
+void dsrCashReceiptsDetail::placeColumns() {
+    const bool foreign = m_bDisplayForeignCurrency;
+    const auto place = [](std::initializer_list<Control*> column, float left, float width) {
+        for (Control* control : column) control->Left = left, control->Width = width;
+    };
+    place({&lblDebitCap, &txtDebit, &txtDebitTotal, &txtDebitGrandTotal}, foreign ? 6930 : 6390, foreign ? 1170 : 1440);
+    place({&lblCreditCap, &txtCredit, &txtCreditTotal, &txtCreditGrandTotal}, foreign ? 8190 : 7920,
+          foreign ? 1170 : 1440);
+    lblAcctCap.Width = lblAcctIdDescr.Width = foreign ? 2610.0F : 3330.0F;
+    lblCurrencyCap.Visible = txtCurrency.Visible = foreign;
+    lblProjCap.Visible = txtProjId.Visible = m_bUsesProjects;
 }
 
 std::string dsrCashReceiptsDetail::journalQuery() const {
@@ -88,47 +111,23 @@ std::vector<Variant> dsrCashReceiptsDetail::queryValues() const {
     return values;
 }
 
-void dsrCashReceiptsDetail::startDistribution() {
-    const auto distribution = std::make_shared<quillo::dsrCashReceiptsDetailSubreport>(context());
-    STEP(distribution->Application(application()));
-    STEP(distribution->rsInvoiJournal.Recordset = execute(m_distributionCommand, distributionQuery(), queryValues()));
-    dsrCashReceiptsDetailSubreport.Object = distribution;
-}
-
-void dsrCashReceiptsDetail::PageHeader_Format() {
-    STEP(lblCurrencyCap.Visible = m_bDisplayForeignCurrency);
-    STEP(placeAmounts(lblDebitCap, lblCreditCap));
-    STEP(lblAcctCap.Width = accountWidth());
-    STEP(lblProjCap.Visible = m_bUsesProjects);
-    STEP(replaceCaptions(
-        dsrFilterAndSortByInfoSubreport, lblSourceCap,
-        {&lbldateCap, &lblNoDocCap, &lblAcctCap, &lblCurrencyCap, &lblDebitCap, &lblCreditCap, &lblProjCap}));
-}
-
 void dsrCashReceiptsDetail::ghSeqNo_Format() {
     if (rsInvoiJournal.atEnd()) return;
     // Counts groups: a sequence that the order splits counts more than once, meant.
-    STEP(++m_lngRecordCount);
-    STEP(enterSequence());
-    STEP(fldDetDate.Text = context().utils().DateText(rsInvoiJournal.Collect("DetDate")));
-    STEP(readCurrency());
+    ++m_lngRecordCount;
+    STEP(enterSequence(rsInvoiJournal.Collect("SeqNo").toInt32()));
+    STEP(m_lngRowCurrencyId = rsInvoiJournal.Collect("CashReceiptJournalExCurrencyId").int32OrZero());
+    m_bRowIsForeign = m_lngRowCurrencyId != m_lngHomeCurrencyId;
+    m_curRowRate = m_bRowIsForeign ? Money() : Money::fromInteger(1);
+    if (m_bRowIsForeign) STEP(m_curRowRate = rsInvoiJournal.Collect("CashReceiptJournalExchangeRate").toMoney());
     STEP(txtSource.Text = context().utils().SourceText(rsInvoiJournal.Collect("Source").textOrEmpty()));
-    STEP(txtDetRef.Text = reference());
-    STEP(link(tag(), {&fldDetDate, &txtDetRef, &fldDetDescr, &txtSource}));
+    txtDetRef.Text = reference();
 }
 
-void dsrCashReceiptsDetail::enterSequence() {
-    const int seqNo = rsInvoiJournal.Collect("SeqNo").toInt32();
+void dsrCashReceiptsDetail::enterSequence(int seqNo) {
     if (seqNo == m_lngCurrentSeqNo) return;
     m_subtotal = {};
     m_lngCurrentSeqNo = seqNo;
-}
-
-void dsrCashReceiptsDetail::readCurrency() {
-    m_lngRowCurrencyId = rsInvoiJournal.Collect("CashReceiptJournalExCurrencyId").int32OrZero();
-    m_bRowIsForeign = m_lngRowCurrencyId != m_lngHomeCurrencyId;
-    m_curRowRate =
-        m_bRowIsForeign ? rsInvoiJournal.Collect("CashReceiptJournalExchangeRate").toMoney() : Money::fromInteger(1);
 }
 
 // The document's reference and the number of its cheque.
@@ -139,44 +138,32 @@ std::string dsrCashReceiptsDetail::reference() const {
     return text + cheque;
 }
 
-std::string dsrCashReceiptsDetail::tag() const {
-    return drillTag(rsInvoiJournal.Collect("Source").textOrEmpty(), rsInvoiJournal.Collect("ExSrcKeyVal")) + "|" +
-           rsInvoiJournal.Collect("InvoiType").textOrEmpty();
-}
-
 void dsrCashReceiptsDetail::ghForeignCurrency_Format() {
-    bool shown = false;
-    STEP(shown = !rsInvoiJournal.atEnd() && m_bRowIsForeign && m_bDisplayForeignCurrency &&
-                 currencies().CieIsForeignCurrencyUsed());
-    STEP(section("gfForeignCurrency").Visible = shown);
-    if (shown) STEP(lblEstEgalA.Caption = rateLine(m_lngRowCurrencyId, m_curRowRate));
+    gfForeignCurrency.Visible = false;
+    if (rsInvoiJournal.atEnd()) return;
+    STEP(gfForeignCurrency.Visible =
+             m_bRowIsForeign && m_bDisplayForeignCurrency && currencies().CieIsForeignCurrencyUsed());
+    if (!gfForeignCurrency.Visible) return;
+    lblEstEgalA.Caption.clear();
+    STEP(lblEstEgalA.Caption = rateLine(m_lngRowCurrencyId, m_curRowRate));
 }
 
 void dsrCashReceiptsDetail::Detail_Format() {
     if (rsInvoiJournal.atEnd()) return;
-    STEP(showAmount());
-    STEP(lblAcctIdDescr.Text = accountText());
-    STEP(if (txtProjId.Text == "0") txtProjId.Text.clear());
+    Money amount;
+    STEP(amount = rsInvoiJournal.Collect("CashReceiptJournalDetAmnt").toMoney());
+    // A line prints what is stored, the totals take it rounded to cents: meant, a total is an amount that can be paid.
+    DebitCredit sides;
+    sides.add(amount);
+    txtDebit.Text = sideText(locale(), sides.debit);
+    txtCredit.Text = sideText(locale(), sides.credit);
+    STEP(m_subtotal.add(roundAmount(amount, 2)));
+    STEP(m_grandTotal.add(roundAmount(amount, 2)));
+    if (amount.isZero()) LayoutAction = LayoutActions::dropRow;
+    lblAcctIdDescr.Text = accountText();
+    if (txtProjId.Text == "0") txtProjId.Text.clear();
+    txtCurrency.Text.clear();
     STEP(txtCurrency.Text = foreignText());
-    STEP(link(tag(), {&txtDebit, &txtCredit, &lblAcctIdDescr}));
-    STEP(placeAmounts(txtDebit, txtCredit));
-    STEP(txtCurrency.Visible = m_bDisplayForeignCurrency);
-    STEP(lblAcctIdDescr.Width = accountWidth());
-    STEP(txtProjId.Visible = m_bUsesProjects);
-}
-
-// A line prints what is stored, the totals take it rounded to cents: meant, a total is an amount that can be paid.
-void dsrCashReceiptsDetail::showAmount() {
-    const Money amount = rsInvoiJournal.Collect("CashReceiptJournalDetAmnt").toMoney();
-    if (amount.isZero()) {
-        LayoutAction = LayoutActions::dropRow;
-        return;
-    }
-    const bool isDebit = amount > Money();
-    txtDebit.Text = isDebit ? locale().currency(amount) : "";
-    txtCredit.Text = isDebit ? "" : locale().currency(-amount);
-    m_subtotal.add(roundAmount(amount, 2));
-    m_grandTotal.add(roundAmount(amount, 2));
 }
 
 std::string dsrCashReceiptsDetail::accountText() const {
@@ -192,26 +179,17 @@ std::string dsrCashReceiptsDetail::foreignText() const {
     return locale().currency(foreign) + " " + currencies().currencies().Item(id).CurrencyCode;
 }
 
-// The amounts make room for the foreign column when it is shown.
-void dsrCashReceiptsDetail::placeAmounts(Control& debit, Control& credit) const {
-    debit.Left = m_bDisplayForeignCurrency ? 6930.0F : 6390.0F;
-    credit.Left = m_bDisplayForeignCurrency ? 8190.0F : 7920.0F;
-    debit.Width = credit.Width = m_bDisplayForeignCurrency ? 1170.0F : 1440.0F;
-}
-
 void dsrCashReceiptsDetail::gfSeqNo_Format() {
-    STEP(txtDebitTotal.Text = locale().currency(m_subtotal.debit));
-    STEP(txtCreditTotal.Text = locale().currency(m_subtotal.credit));
-    STEP(placeAmounts(txtDebitTotal, txtCreditTotal));
+    txtDebitTotal.Text = locale().currency(m_subtotal.debit);
+    txtCreditTotal.Text = locale().currency(m_subtotal.credit);
 }
 
 void dsrCashReceiptsDetail::ReportFooter_Format() {
-    STEP(txtDebitGrandTotal.Text = locale().currency(m_grandTotal.debit));
-    STEP(txtCreditGrandTotal.Text = locale().currency(m_grandTotal.credit));
+    txtDebitGrandTotal.Text = locale().currency(m_grandTotal.debit);
+    txtCreditGrandTotal.Text = locale().currency(m_grandTotal.credit);
     STEP(txtEndTotal.Text = std::to_string(m_lngRecordCount) + " " + GetText(5860));
     // The flag says the opposite of its name, meant: hosts set it to print the body alone.
-    STEP(section("ReportFooter").Visible = !SubReportVisible);
-    STEP(placeAmounts(txtDebitGrandTotal, txtCreditGrandTotal));
+    section("ReportFooter").Visible = !SubReportVisible;
 }
 
 void dsrCashReceiptsDetail::ActiveReport_ReportEnd() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/run_frame.h"
-#include "framework/shared/debit_credit.h"
+#include "reports/shared/debit_credit.h"
 
 namespace quillo {
 
@@ -16,10 +16,11 @@ public:
     int SeqNo = 0;                  // not 0: only that sequence
     bool SubReportVisible = false;  // hides the footer with its totals and the distribution
 
+    std::string filterTables() const override;
+
 private:
     void ActiveReport_ReportStart() override;
     void ActiveReport_ReportEnd() override;
-    void PageHeader_Format();
     void ghSeqNo_Format();
     void ghForeignCurrency_Format();
     void Detail_Format();
@@ -28,37 +29,26 @@ private:
     std::string journalQuery() const;
     std::string distributionQuery() const;
     std::vector<Variant> queryValues() const;
-    void startDistribution();
-    void enterSequence();
-    void readCurrency();
+    void enterSequence(int seqNo);
+    void placeColumns();
     std::string reference() const;
-    std::string tag() const;
-    void showAmount();
     std::string foreignText() const;
     std::string accountText() const;
-    void placeAmounts(Control& debit, Control& credit) const;
-    float accountWidth() const { return m_bDisplayForeignCurrency ? 2610.0F : 3330.0F; }
 
-    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
-    Label& lblDateFromDateTo = label("lblDateFromDateTo");
-    Label& lblSourceCap = label("lblSourceCap");
-    Label& lbldateCap = label("lbldateCap");
-    Label& lblNoDocCap = label("lblNoDocCap");
     Label& lblAcctCap = label("lblAcctCap");
     Label& lblCurrencyCap = label("lblCurrencyCap");
     Label& lblDebitCap = label("lblDebitCap");
     Label& lblCreditCap = label("lblCreditCap");
     Label& lblProjCap = label("lblProjCap");
     Field& txtSource = field("txtSource");
-    Field& fldDetDate = field("fldDetDate");
     Field& txtDetRef = field("txtDetRef");
-    Field& fldDetDescr = field("fldDetDescr");
     Field& lblAcctIdDescr = field("lblAcctIdDescr");
     Field& txtCurrency = field("txtCurrency");
     Field& txtDebit = field("txtDebit");
     Field& txtCredit = field("txtCredit");
     Field& txtProjId = field("txtProjId");
     DataControl& rsInvoiJournal = data("rsInvoiJournal");
+    Section& gfForeignCurrency = section("gfForeignCurrency");
     Label& lblEstEgalA = label("lblEstEgalA");
     Field& txtDebitTotal = field("txtDebitTotal");
     Field& txtCreditTotal = field("txtCreditTotal");

@@ -1,64 +1,54 @@
 #include "reports/cash_receipts/dsrCashReceiptsDetailSubreport.h"
 
-#include "framework/run_frame.h"
-#include "framework/shared/account_texts.h"
+#include "reports/shared/account_texts.h"
 
 namespace quillo {
 
 dsrCashReceiptsDetailSubreport::dsrCashReceiptsDetailSubreport(HostContext& context)
-    : Report("dsrCashReceiptsDetailSubreport", context) {
+    : SubReportFrame("dsrCashReceiptsDetailSubreport", context) {
     property("ExGLAcctId", ExGLAcctId);
     onFormat("ReportHeader", &dsrCashReceiptsDetailSubreport::ReportHeader_Format);
     onFormat("ghGLAcct", &dsrCashReceiptsDetailSubreport::ghGLAcct_Format);
     onFormat("Detail", &dsrCashReceiptsDetailSubreport::Detail_Format);
     onFormat("gfGLAcct", &dsrCashReceiptsDetailSubreport::gfGLAcct_Format);
     onFormat("ReportFooter", &dsrCashReceiptsDetailSubreport::ReportFooter_Format);
-    STEP(if (!usesAccountNumbers(context)) hideAccountNumbers());
+    ActiveReport_Initialize();
 }
 
-void dsrCashReceiptsDetailSubreport::hideAccountNumbers() {
+void dsrCashReceiptsDetailSubreport::ActiveReport_Initialize() {
+    bool numbers = true;
+    STEP(numbers = usesAccountNumbers(context()));
+    if (numbers) return;
     takePlaceOf(lblCompteCap, lblDescrCap);
     takePlaceOf(fldAccount, fldDescr);
 }
 
 void dsrCashReceiptsDetailSubreport::ActiveReport_ReportStart() {
-    m_grandTotal = {};
-    STEP(context().localizer().Translate(*this));
+    STEP(Translate());
 }
 
 void dsrCashReceiptsDetailSubreport::ReportHeader_Format() {
-    m_grandTotal = {};
+    m_distribution.start();
 }
 
 void dsrCashReceiptsDetailSubreport::ghGLAcct_Format() {
-    m_account = {};
+    m_distribution.openAccount();
 }
 
 void dsrCashReceiptsDetailSubreport::Detail_Format() {
     if (rsInvoiJournal.atEnd()) return;
-    STEP(addAmount());
-}
-
-// Sums what is stored, unlike the body, which sums rounded amounts: meant, an account shows its books.
-void dsrCashReceiptsDetailSubreport::addAmount() {
-    const Money amount = rsInvoiJournal.Collect("DetAmnt").moneyOrZero();
-    if (amount.isZero()) {
-        LayoutAction = LayoutActions::dropRow;
-    } else {
-        m_account.add(amount);
-    }
+    Money amount;
+    STEP(amount = rsInvoiJournal.Collect("DetAmnt").moneyOrZero());
+    STEP(m_distribution.add(amount));
+    if (amount.isZero()) LayoutAction = LayoutActions::dropRow;
 }
 
 void dsrCashReceiptsDetailSubreport::gfGLAcct_Format() {
-    const DebitCredit net = m_account.net();
-    STEP(txtTotalDebit.Text = sideText(context().locale(), net.debit));
-    STEP(txtTotalCredit.Text = sideText(context().locale(), net.credit));
-    STEP(m_grandTotal.add(net));
+    STEP(m_distribution.showAccount(txtTotalDebit, txtTotalCredit, locale()));
 }
 
 void dsrCashReceiptsDetailSubreport::ReportFooter_Format() {
-    STEP(txtGrTotalDebit.Text = context().locale().currency(m_grandTotal.debit));
-    STEP(txtGrTotalCredit.Text = context().locale().currency(m_grandTotal.credit));
+    m_distribution.showTotal(txtGrTotalDebit, txtGrTotalCredit, locale());
 }
 
 }  // namespace quillo

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "framework/engine/report.h"
+#include "framework/hosted_report.h"
 #include "reports/cash_receipts/receipt_row.h"
 
 namespace quillo {
 
 // The ledger lines of one transaction, each marked as debit or credit. Its parent gives it the rows and what the
 // row of the transaction tells, and uses it again for the next one.
-class dsrCashReceiptsGLSubReport final : public Report, public ReceiptRow {
+class dsrCashReceiptsGLSubReport final : public SubReportFrame, public ReceiptRow {
 public:
     explicit dsrCashReceiptsGLSubReport(HostContext& context);
 
@@ -16,7 +16,6 @@ public:
 private:
     void ActiveReport_ReportStart() override;
     void Detail_Format();
-    void showAmount();
 
     Field& fldAccount = field("fldAccount");
     Field& fldAmount = field("fldAmount");

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "framework/engine/report.h"
+#include "framework/hosted_report.h"
 #include "reports/cash_receipts/receipt_row.h"
 
 namespace quillo {
 
 // The invoices that one payment settled. Its parent gives it the rows and what the row of the payment tells, and
 // uses it again for the next payment.
-class dsrCashReceiptsPmtSubReport final : public Report, public ReceiptRow {
+class dsrCashReceiptsPmtSubReport final : public SubReportFrame, public ReceiptRow {
 public:
     explicit dsrCashReceiptsPmtSubReport(HostContext& context);
 

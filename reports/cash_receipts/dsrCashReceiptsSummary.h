@@ -25,23 +25,19 @@ private:
     // What a transaction came to.
     struct Receipt {
         Money amount, discount;
-        Money rate = Money::fromInteger(1);
+        Money rate;
         bool showLedger = false, showPayments = false;
     };
 
     int titleId() const override { return IsWithPayments ? 7615 : 6326; }
     void ActiveReport_ReportStart() override;
-    void PageHeader_Format();
     void ghCurrency_Format();
     void Detail_Format();
     void gfCurrency_Format();
     void ReportFooter_Format();
 
     std::string segmentList(std::string_view opening) const;
-    void createSubReports();
     int rowCurrency() const { return rsCashDisbJournal.Collect("ExCurrencyId").int32OrZero(); }
-    void enterCurrency();
-    void leaveCurrency();
     std::unique_ptr<HostRecordset> lookUp(const std::string& sql) const;
     void readPayment(Receipt& receipt);
     void fillPayments(Receipt& receipt);
@@ -49,28 +45,18 @@ private:
     void fillLedger(const Receipt& receipt);
     std::shared_ptr<Recordset> subQuery(const std::string& sql, const Variant& value);
     void tellRow(ReceiptRow& target, const Receipt& receipt) const;
-    void addToTotals(const Receipt& receipt);
     void SetDictionary(const std::string& key, const clsPmtMeth& method);
-    static void ClearCommandParam(Command& command);
     void SetSubReportsControlsState(bool showLedger, bool showPayments);
     void placeLedger(float top);
-    void giveMethods(SubReport& control) const;
+    Money ledgerAmount(Money rate) const;
+    std::shared_ptr<Report> methodTotals() const;
 
-    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
-    Label& lblDateFromDateTo = label("lblDateFromDateTo");
-    Label& lblDateCap = label("lblDateCap");
-    Label& lblNoDocCap = label("lblNoDocCap");
-    Label& lblSourceCap = label("lblSourceCap");
-    Label& lblReferenceCap = label("lblReferenceCap");
-    Label& lblAmountCap = label("lblAmountCap");
-    Label& lblEscompteCap = label("lblEscompteCap");
+    Section& ghCurrency = section("ghCurrency");
     Label& lblCurrencyName = label("lblCurrencyName");
     Field& fldDate = field("fldDate");
-    Field& fldDocNo = field("fldDocNo");
     Field& txtSource = field("txtSource");
     Field& txtAmount = field("txtAmount");
     Field& txtDisc = field("txtDisc");
-    Field& fldName = field("fldName");
     DataControl& rsCashDisbJournal = data("rsCashDisbJournal");
     Label& lblPaymentApplication = label("lblPaymentApplication");
     SubReport& dsrCashReceiptsPmtSR = subReport("dsrCashReceiptsPmtSR");
@@ -88,7 +74,6 @@ private:
     Field& txtTransaction = field("txtTransaction");
     Field& txtDiscount = field("txtDiscount");
     Field& txtGrTotal = field("txtGrTotal");
-    Label& lblEnd = label("lblEnd");
 
     std::unique_ptr<Command> m_subQuery;                      // of both sub-reports of a row
     std::shared_ptr<dsrCashReceiptsPmtSubReport> m_payments;  // made once, filled again for each row

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "framework/engine/report.h"
+#include "framework/hosted_report.h"
 #include "reports/cash_receipts/payment_methods.h"
 
 namespace quillo {
 
 // The total of each payment method, a line a method, fed from the methods that its parent met. Made anew for each
 // place where it prints.
-class dsrCashReceiptsSummarySubReport final : public Report {
+class dsrCashReceiptsSummarySubReport final : public SubReportFrame {
 public:
     explicit dsrCashReceiptsSummarySubReport(HostContext& context);
 

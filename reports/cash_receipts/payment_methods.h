@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/shared/clsPmtMeth.h"
+#include "reports/shared/clsPmtMeth.h"
 
 namespace quillo {
 

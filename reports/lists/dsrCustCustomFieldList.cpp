@@ -1,33 +1,25 @@
 #include "reports/lists/dsrCustCustomFieldList.h"
 
 #include <algorithm>
-
-#include "framework/drill_tags.h"
+#include <utility>
 
 namespace quillo {
 
 dsrCustCustomFieldList::dsrCustCustomFieldList(HostContext& context)
-    : FilterableReport("dsrCustCustomFieldList", context, {.titleId = 6217, .keepsDateFrom = false}) {
+    : FilterableReport("dsrCustCustomFieldList", context,
+                       {.titleId = 6217, .keepsDateFrom = false, .tables = "Cust", .endTextId = 7622}) {
     onFetchData(&dsrCustCustomFieldList::ActiveReport_FetchData);
-    onFormat("PageHeader", &dsrCustCustomFieldList::PageHeader_Format);
     onFormat("ghCustId", &dsrCustCustomFieldList::ghCustId_Format);
     onFormat("Detail", &dsrCustCustomFieldList::Detail_Format);
-    onFormat("ReportFooter", &dsrCustCustomFieldList::ReportFooter_Format);
-    if (Setting(Setting::customerCodes)) return;
-    lblCode.Visible = fldCustId.Visible = false;
-    lblName.Left = lblCode.Left;
-    fldName.Left = fldCustId.Left;
+    ActiveReport_Initialize(Setting::customerCodes, {{lblCode, lblName}, {fldCustId, fldName}});
 }
 
+// The customers are walked by hand: each gives as many rows as it has values.
 void dsrCustCustomFieldList::ActiveReport_ReportStart() {
-    STEP(m_lngRecordCount = 0);
-    std::string sql = "SELECT Cust.* FROM Cust WHERE (Cust.CustInactive = 0 OR Cust.CustInactive IS NULL) ";
-    if (!askFilter("Cust")) return;
-    STEP(sql += whereClause(filterParts(), OwnWhere::yes));
-    STEP(sql += orderClause(filterParts(), " ORDER BY CustId"));
-    STEP(m_customers = execute(sql));
-    STEP(Translate());
-    STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport));
+    FilterableReport::ActiveReport_ReportStart(
+        {.text = "SELECT Cust.* FROM Cust WHERE (Cust.CustInactive = 0 OR Cust.CustInactive IS NULL) ",
+         .order = " ORDER BY CustId"});
+    m_customers = std::exchange(rcsCustCustomFieldList.Recordset, nullptr);
 }
 
 void dsrCustCustomFieldList::ActiveReport_DataInitialize() {
@@ -55,33 +47,16 @@ bool dsrCustCustomFieldList::nextCustomer() {
 }
 
 void dsrCustCustomFieldList::readValues() {
-    m_values = context().company().customFields().Values("Cust", customerKey().toInt32());
+    m_values = context().company().customFields().Values("Cust", Fields.Item("InCustId").Value.toInt32());
     std::erase_if(m_values, [](const CustomFieldValue& field) { return field.value.empty(); });
 }
 
-void dsrCustCustomFieldList::PageHeader_Format() {
-    STEP(ReplacePageHeaderControls());
-}
-
-void dsrCustCustomFieldList::ReplacePageHeaderControls() {
-    Line1.Y1 = Line1.Y2 = belowFilter(dsrFilterAndSortByInfoSubreport);
-    lblCode.Top = lblName.Top = Line1.Y1 + 90;
-    Line2.Y1 = Line2.Y2 = lblCode.Top + lblCode.Height + 30;
-    section("PageHeader").Height = Line2.Y1;
-}
-
 void dsrCustCustomFieldList::ghCustId_Format() {
-    STEP(link(plainTag(customerKey()), {&fldCustId, &fldName}));
     ++m_lngRecordCount;
 }
 
 void dsrCustCustomFieldList::Detail_Format() {
     if (fldValue.Text.empty()) LayoutAction = LayoutActions::dropRow;
-    STEP(link(plainTag(customerKey()), {&fldValue}));
-}
-
-void dsrCustCustomFieldList::ReportFooter_Format() {
-    STEP(setEndLine(lblEnd, 7622));
 }
 
 }  // namespace quillo

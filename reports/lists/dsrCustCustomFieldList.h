@@ -14,24 +14,17 @@ private:
     void ActiveReport_ReportStart() override;
     void ActiveReport_DataInitialize() override;
     void ActiveReport_FetchData(bool& eof);
-    void PageHeader_Format();
     void ghCustId_Format();
     void Detail_Format();
-    void ReportFooter_Format();
-    void ReplacePageHeaderControls();
     bool nextCustomer();
     void readValues();
-    const Variant& customerKey() { return Fields.Item("InCustId").Value; }
 
-    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
-    Line& Line1 = line("Line1");
-    Line& Line2 = line("Line2");
     Label& lblCode = label("lblCode");
     Label& lblName = label("lblName");
     Field& fldCustId = field("fldCustId");
     Field& fldName = field("fldName");
     Field& fldValue = field("fldValue");
-    Label& lblEnd = label("lblEnd");
+    DataControl& rcsCustCustomFieldList = data("rcsCustCustomFieldList");
 
     std::shared_ptr<Recordset> m_customers;
     std::vector<CustomFieldValue> m_values;  // of the customer that is being fed

@@ -13,13 +13,7 @@ private:
     void ActiveReport_ReportStart() override;
     void PageHeader_Format();
     void Detail_Format();
-    void ReportFooter_Format();
-    void numberCaptions();
-    void ReplacePageHeaderControls();
 
-    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
-    Line& Line1 = line("Line1");
-    Line& Line2 = line("Line2");
     Label& lblCode = label("lblCode");
     Label& lblName = label("lblName");
     Label& lblContact = label("lblContact");
@@ -31,14 +25,9 @@ private:
     Field& fldCustId = field("fldCustId");
     Field& fldName = field("fldName");
     Field& fldContact = field("fldContact");
-    Field& fldTel1 = field("fldTel1");
-    Field& fldTelExt1 = field("fldTelExt1");
-    Field& txtTel2 = field("txtTel2");
-    Field& txtTelExt2 = field("txtTelExt2");
     Field& txtFax = field("txtFax");
     Label& lblFAX = label("lblFAX");
     DataControl& rcsCustPhoneList = data("rcsCustPhoneList");
-    Label& lblEnd = label("lblEnd");
 };
 
 }  // namespace quillo

@@ -1,7 +1,6 @@
 #include "reports/lists/dsrDocumentsToApprove.h"
 
 #include "dialogs/frmAdvFilters.h"
-#include "framework/drill_tags.h"
 
 namespace quillo {
 namespace {
@@ -18,8 +17,9 @@ dsrDocumentsToApprove::dsrDocumentsToApprove(HostContext& context)
                        {.dateOptions = DateDisplay::range,
                         .titleId = 7568,
                         .companyCurrency = true,
-                        .foreign = Foreign::keptGatesSections}) {
-    onFormat("PageHeader", &dsrDocumentsToApprove::PageHeader_Format);
+                        .foreign = Foreign::keptGatesSections,
+                        .tables = "InvoiHdr, InvoiType, Cust",
+                        .endTextId = 7633}) {
     onFormat("ghCurrency", &dsrDocumentsToApprove::ghCurrency_Format);
     onFormat("Detail", &dsrDocumentsToApprove::Detail_Format);
     onFormat("gfCurrency", &dsrDocumentsToApprove::gfCurrency_Format);
@@ -27,11 +27,10 @@ dsrDocumentsToApprove::dsrDocumentsToApprove(HostContext& context)
 }
 
 void dsrDocumentsToApprove::ActiveReport_ReportStart() {
-    if (!askFilter("InvoiHdr, InvoiType, Cust")) return;
     const std::string kinds = std::to_string(InvoiceType::invoice) + "," + std::to_string(InvoiceType::order) + "," +
                               std::to_string(InvoiceType::quote);
     // One text for both kinds of database: "+" joins the currency's description also on Jet.
-    std::string sql =
+    const std::string sql =
         "SELECT InvoiHdr.InInvoiId, InvoiHdr.InvoiDate, InvoiHdr.InvoiId, InvoiHdr.ExCurrencyId, "
         "InvoiHdr.ExchangeRate, "
         "Cust.InCustId, Cust.CustId, Cust.Name, InvoiHdr.TotAmnt, "
@@ -47,69 +46,54 @@ void dsrDocumentsToApprove::ActiveReport_ReportStart() {
         ") "
         "AND NOT ((InvoiHdr.ToApprove = 0) OR (InvoiHdr.ToApprove Is Null)) "
         "AND InvoiHdr.InvoiDate BETWEEN ? AND ? ";
-    STEP(sql += whereClause(filterParts(), OwnWhere::yes));
     // The user's order stands alone, also where it breaks the currency groups: meant, the list is worked off in
     // the order that the approver asks for.
-    STEP(sql += orderClause(filterParts(), " Order By CurrencyCode, CustId, InvoiHdr.InvoiDate, InvoiHdr.InvoiId ASC"));
-    STEP(rsDocument.Recordset = execute(sql, {m_dtDateFrom, m_dtDateTo}));
-    STEP(if (m_bDisplayForeignCurrency) dynamic_cast<Field&>(*section("gfCurrency").find("txtCurrencyTotalCode")).Text =
-             "");
-    STEP(Translate());
-    STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
-    STEP(setDateCaption(lblDateFromDateTo));
-    STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport));
-}
-
-void dsrDocumentsToApprove::PageHeader_Format() {
-    STEP(ReplacePageHeaderControls());
-}
-
-void dsrDocumentsToApprove::ReplacePageHeaderControls() {
-    replaceCaptions(dsrFilterAndSortByInfoSubreport, lblDateCap,
-                    {&lblDocNoCap, &lblTotAmntCap, &lblNameCap, &lblDocType});
+    const bool asked = FilterableReport::ActiveReport_ReportStart(
+        {.text = sql,
+         .order = " Order By CurrencyCode, CustId, InvoiHdr.InvoiDate, InvoiHdr.InvoiId ASC",
+         .values = {m_dtDateFrom, m_dtDateTo}});
+    if (!asked) return;
+    if (m_bDisplayForeignCurrency) txtCurrencyTotalCode.Text.clear();
+    STEP(m_documents.setHomeCurrency(currencies().CieHomeCurrencyId()));
 }
 
 void dsrDocumentsToApprove::ghCurrency_Format() {
     if (rsDocument.atEnd()) {
-        STEP(txtFullCurrencyDescr.Text = "");
+        txtFullCurrencyDescr.Text.clear();
         return;
     }
-    STEP(m_amounts.enterCurrency(rsDocument.Collect("ExCurrencyId").int32OrZero()));
-}
-
-void dsrDocumentsToApprove::showAmount() {
-    const auto amount = documentAmount(rsDocument, currencies(), m_lngHomeCurrencyId, m_bDisplayForeignCurrency);
-    if (amount && !m_amounts.show(*amount, m_bIncludeZeroOrders, txtTotAmnt, locale()))
-        LayoutAction = LayoutActions::dropRow;
+    STEP(m_documents.enterCurrency(rsDocument.Collect("ExCurrencyId").int32OrZero()));
 }
 
 void dsrDocumentsToApprove::Detail_Format() {
     if (rsDocument.atEnd()) return;
+    txtTotAmnt.Text.clear();  // an amount that cannot be converted shows none
+    txtType.Text.clear();
+    std::optional<double> factor;
+    STEP(factor = m_documents.factor(rsDocument, currencies(), m_bDisplayForeignCurrency));
     STEP(txtType.Text = context().company().dictionary().Translate(rsDocument.Collect("DocType").textOrEmpty()));
-    STEP(txtDate.Text = context().utils().DateText(rsDocument.Collect("InvoiDate")));
-    STEP(showAmount());
+    bool listed = true;
+    if (factor) STEP(listed = m_documents.show(rsDocument, *factor, txtTotAmnt, locale()));
+    if (!listed) LayoutAction = LayoutActions::dropRow;
     // A row that is given up counts too, as in the list of open orders.
-    STEP(++m_lngRecordCount);
-    STEP(link(drillTag(Drill::invoice, rsDocument.Collect("InInvoiId")), {&txtTotAmnt, &txtInvoiId, &txtDate}));
-    STEP(link(drillTag(Drill::customer, rsDocument.Collect("InCustId")), {&txtName}));
+    ++m_lngRecordCount;
 }
 
 void dsrDocumentsToApprove::gfCurrency_Format() {
-    STEP(txtCurrencyTotal.Text = locale().currency(m_amounts.currencyTotal()));
+    STEP(txtCurrencyTotal.Text = locale().currency(m_documents.currencyTotal()));
 }
 
 void dsrDocumentsToApprove::ReportFooter_Format() {
-    STEP(txtGrandTotal.Visible = Label6.Visible = Label11.Visible = !m_bDisplayForeignCurrency);
-    STEP(txtGrandTotal.Text = locale().currency(m_amounts.grandTotal()));
-    STEP(setEndLine(lblEnd, 7633));
+    txtGrandTotal.Visible = Label6.Visible = Label11.Visible = !m_bDisplayForeignCurrency;
+    STEP(txtGrandTotal.Text = locale().currency(m_documents.grandTotal()));
 }
 
 void dsrDocumentsToApprove::IReportConfig_ShowConfigurationScreen(DialogService& dialogs) {
     frmAdvFilters form(context());
-    STEP(form.Properties(Option::includeZeroOrders, m_bIncludeZeroOrders));
+    form.Properties(Option::includeZeroOrders, m_documents.includesZero());
     STEP(form.PrepareInvConfigDialog(application(), Option::includeZeroOrders, 7222));
     STEP(dialogs.ShowModal(form));
-    STEP(m_bIncludeZeroOrders = form.Properties(Option::includeZeroOrders));
+    m_documents.includeZero(form.Properties(Option::includeZeroOrders));
 }
 
 }  // namespace quillo

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/run_frame.h"
-#include "reports/lists/document_amounts.h"
+#include "reports/lists/document_list.h"
 
 namespace quillo {
 
@@ -17,35 +17,22 @@ public:
 private:
     int titleId() const override;
     void ActiveReport_ReportStart() override;
-    void PageHeader_Format();
+    std::string query();
     void ghCurrency_Format();
     void Detail_Format();
     void gfCurrency_Format();
     void ReportFooter_Format();
-    void ReplacePageHeaderControls();
-    void showAmount();
 
-    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
-    Label& lblDateFromDateTo = label("lblDateFromDateTo");
-    Label& lblNo = label("lblNo");
-    Label& lblName = label("lblName");
-    Label& lblDateCap = label("lblDateCap");
-    Label& lblTotAmnt = label("lblTotAmnt");
     Field& txtCurrencyDescr = field("txtCurrencyDescr");
     Field& txtTotAmnt = field("txtTotAmnt");
-    Field& txtName = field("txtName");
-    Field& txtShipDate = field("txtShipDate");
-    Field& txtInvoiId = field("txtInvoiId");
     DataControl& rsOrder = data("rsOrder");
+    Field& txtCurrencyTotalCode = field("txtCurrencyTotalCode");
     Field& txtCurrencyTotal = field("txtCurrencyTotal");
     Label& Label6 = label("Label6");
     Label& Label11 = label("Label11");
     Field& txtGrandTotal = field("txtGrandTotal");
-    Label& lblEnd = label("lblEnd");
 
-    bool m_bIncludeZeroOrders = true;
-    int m_lngHomeCurrencyId = 0;
-    DocumentAmounts m_amounts;
+    DocumentList m_documents;
 };
 
 }  // namespace quillo

@@ -18,20 +18,11 @@ private:
     void ReplaceDetailControls();
     bool usesCodes() const { return Variant(m_strUseProjectCodes).toBool(); }
 
-    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
-    Line& Line1 = line("Line1");
-    Line& Line2 = line("Line2");
     Label& lblCode = label("lblCode");
     Label& lblDescription = label("lblDescription");
     Label& lblDateStart = label("lblDateStart");
-    Label& lbDateEnd = label("lbDateEnd");
-    Label& lblSaleBal = label("lblSaleBal");
-    Label& lblPurcBal = label("lblPurcBal");
-    Label& lblHourBal = label("lblHourBal");
     Field& fldProjId = field("fldProjId");
     Field& fldDescr = field("fldDescr");
-    Field& fldBegDate = field("fldBegDate");
-    Field& fldEndDate = field("fldEndDate");
     Field& txtEstSale = field("txtEstSale");
     Field& txtEstPurch = field("txtEstPurch");
     Field& txtEstHours = field("txtEstHours");

@@ -1,9 +1,9 @@
 #include "reports/sales_journal/dsrSalesJournalDetail.h"
 
 #include "framework/drill_tags.h"
-#include "framework/shared/MUtils.h"
-#include "framework/shared/account_texts.h"
 #include "reports/sales_journal/dsrSalesJournalDetailSubreport.h"
+#include "reports/shared/MUtils.h"
+#include "reports/shared/account_texts.h"
 
 namespace quillo {
 namespace {
@@ -31,12 +31,14 @@ void place(Control& control, const Column& column, bool foreign) {
 }  // namespace
 
 dsrSalesJournalDetail::dsrSalesJournalDetail(HostContext& context)
-    : SegmentReport(
-          "dsrSalesJournalDetail", context,
-          {.dateOptions = DateDisplay::range, .titleId = 6325, .companyCurrency = true, .foreign = Foreign::kept}) {
+    : SegmentReport("dsrSalesJournalDetail", context,
+                    {.dateOptions = DateDisplay::range,
+                     .titleId = 6325,
+                     .companyCurrency = true,
+                     .foreign = Foreign::kept,
+                     .filterFlagA = false}) {
     property("ExInvoiId", ExInvoiId);
     property("SubReportVisible", SubReportVisible);
-    onFormat("PageHeader", &dsrSalesJournalDetail::PageHeader_Format);
     onFormat("ghSeqNo", &dsrSalesJournalDetail::ghSeqNo_Format);
     onFormat("ghForCurr", &dsrSalesJournalDetail::ghForCurr_Format);
     onFormat("Detail", &dsrSalesJournalDetail::Detail_Format);
@@ -44,27 +46,45 @@ dsrSalesJournalDetail::dsrSalesJournalDetail(HostContext& context)
     onFormat("ReportFooter", &dsrSalesJournalDetail::ReportFooter_Format);
 }
 
+std::string dsrSalesJournalDetail::filterTables() const {
+    return MUtils::HasUnknownProject(context()) ? "GLDet, InvoiHdr, GLAcct, ProjInfo, Cust, WorldCurrency"
+                                                : "GLDet, InvoiHdr, GLAcct, Cust, WorldCurrency";
+}
+
 void dsrSalesJournalDetail::ActiveReport_ReportStart() {
     // The footer's two page breaks leave an empty page. The journal of one document keeps it: meant.
     RemovesEmptyPages = ExInvoiId == 0;
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
-    STEP(m_grandTotal = {});
-    STEP(m_lngSequence = 0);
     STEP(m_bAccountNumbers = usesAccountNumbers(context()));
     STEP(m_bProjects = MUtils::HasUnknownProject(context()));
-    if (!askFilter(m_bProjects ? "GLDet, InvoiHdr, GLAcct, ProjInfo, Cust, WorldCurrency"
-                               : "GLDet, InvoiHdr, GLAcct, Cust, WorldCurrency",
-                   false))
-        return;
+    placeColumns();
+    if (!askFilter()) return;
     std::string sql;
     STEP(sql = journalQuery());
     STEP(Translate());
-    STEP(setDateCaption(lblDateFromDateTo));
+    STEP(setDateCaption());
     std::vector<Variant> values{m_dtDateFrom, m_dtDateTo};
     if (ExInvoiId != 0) values.emplace_back(ExInvoiId);
     STEP(rsInvoiJournal.Recordset = execute(sql, values));
-    STEP(giveDistribution());
-    STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport, m_strSegmentFilterDisplay));
+    const auto distribution = std::make_shared<dsrSalesJournalDetailSubreport>(context());
+    STEP(distribution->give(execute(m_distributionCommand, distributionQuery(), {m_dtDateFrom, m_dtDateTo})));
+    distribution->HomeCurrencyInitialise(m_lngHomeCurrencyId);
+    STEP(distribution->clsApplicationInitialise(application()));
+    dsrPurchJournalDetailSubreport.Object = distribution;
+    STEP(fillFilterInfo());
+}
+
+// With foreign amounts the columns stand closer.
+void dsrSalesJournalDetail::placeColumns() {
+    lblCurrencyCap.Visible = txtCurrency.Visible = m_bDisplayForeignCurrency;
+    lblProjCap.Visible = lblProject.Visible = m_bProjects;
+    for (Control* debit : std::initializer_list<Control*>{&lblDebitCap, &txtDebit, &txtDebitTotal, &txtDebitGrandTotal})
+        place(*debit, debits, m_bDisplayForeignCurrency);
+    for (Control* credit :
+         std::initializer_list<Control*>{&lblCreditCap, &txtCredit, &txtCreditTotal, &txtCreditGrandTotal})
+        place(*credit, credits, m_bDisplayForeignCurrency);
+    place(lblAcctCap, accountCaption, m_bDisplayForeignCurrency);
+    place(txtAcctId, accounts, m_bDisplayForeignCurrency);
 }
 
 std::string dsrSalesJournalDetail::journalQuery() const {
@@ -112,35 +132,15 @@ std::string dsrSalesJournalDetail::distributionQuery() const {
     return sql + orderClauseBehind(filterParts(), "GLAcctId, ", " ORDER BY  GLAcct.GLAcctId");
 }
 
-void dsrSalesJournalDetail::giveDistribution() {
-    const auto distribution = std::make_shared<dsrSalesJournalDetailSubreport>(context());
-    STEP(distribution->give(execute(m_distributionCommand, distributionQuery(), {m_dtDateFrom, m_dtDateTo})));
-    STEP(distribution->HomeCurrencyInitialise(m_lngHomeCurrencyId));
-    STEP(distribution->clsApplicationInitialise(application()));
-    dsrPurchJournalDetailSubreport.Object = distribution;
-}
-
-void dsrSalesJournalDetail::PageHeader_Format() {
-    const bool foreign = m_bDisplayForeignCurrency;
-    STEP(lblCurrencyCap.Visible = foreign);
-    STEP(place(lblCreditCap, credits, foreign));
-    STEP(place(lblDebitCap, debits, foreign));
-    STEP(place(lblAcctCap, accountCaption, foreign));
-    STEP(lblProjCap.Visible = m_bProjects);
-    STEP(ReplacePageHeaderControls());
-}
-
-void dsrSalesJournalDetail::ReplacePageHeaderControls() {
-    replaceCaptions(
-        dsrFilterAndSortByInfoSubreport, lblSourceCap,
-        {&lbldateCap, &lblNoDocCap, &lblAcctCap, &lblCurrencyCap, &lblDebitCap, &lblCreditCap, &lblProjCap});
-}
-
 void dsrSalesJournalDetail::ghSeqNo_Format() {
     if (rsInvoiJournal.atEnd()) return;
     STEP(enterTransaction(rsInvoiJournal.Collect("SeqNo").toInt32()));
-    STEP(fldDetDate.Text = context().utils().DateText(rsInvoiJournal.Collect("DetDate")));
-    STEP(readCurrency());
+    // A posting without a currency counts as foreign and its conversion fails: meant, so that nobody takes its amounts
+    // for home currency unwarned.
+    const Variant currency = rsInvoiJournal.Collect("GLDetExCurrencyId");
+    m_bForeignRow = currency.int32OrZero() != m_lngHomeCurrencyId;
+    m_lngRowCurrencyId = m_lngHomeCurrencyId;
+    if (m_bForeignRow) STEP(m_lngRowCurrencyId = currency.toInt32());
     STEP(lblSource.Caption = GetText(isCreditNote() ? 2657 : 2916));
     STEP(link(documentTag(), {&fldDetDate, &fldDetRef, &fldDetDescr, &lblSource}));
 }
@@ -161,48 +161,33 @@ void dsrSalesJournalDetail::enterTransaction(int sequence) {
     m_lngSequence = sequence;
 }
 
-// A posting without a currency counts as foreign and its conversion fails: meant, so that nobody takes its amounts
-// for home currency unwarned.
-void dsrSalesJournalDetail::readCurrency() {
-    const Variant currency = rsInvoiJournal.Collect("GLDetExCurrencyId");
-    m_bForeignRow = currency.int32OrZero() != m_lngHomeCurrencyId;
-    m_lngRowCurrencyId = m_bForeignRow ? currency.toInt32() : m_lngHomeCurrencyId;
-}
-
 void dsrSalesJournalDetail::ghForCurr_Format() {
-    STEP(gfForCurr.Visible = false);
+    gfForCurr.Visible = false;
     if (rsInvoiJournal.atEnd()) return;
     STEP(gfForCurr.Visible = m_bForeignRow && m_bDisplayForeignCurrency && currencies().CieIsForeignCurrencyUsed());
     if (!gfForCurr.Visible) return;
+    lbl1USDestEgalA.Caption.clear();
     STEP(lbl1USDestEgalA.Caption =
              rateLine(m_lngRowCurrencyId, rsInvoiJournal.Collect("GLDetExchangeRate").moneyOrZero()));
 }
 
 void dsrSalesJournalDetail::Detail_Format() {
     if (rsInvoiJournal.atEnd()) return;
-    const bool foreign = m_bDisplayForeignCurrency;
-    STEP(showAmount(roundAmount(rsInvoiJournal.Collect("GLDetDetAmnt").toMoney(), 2)));
-    STEP(txtCurrency.Text = foreignAmount(roundAmount(rsInvoiJournal.Collect("ForeignAmnt").moneyOrZero(), 2)));
-    STEP(txtAcctId.Text = rsInvoiJournal.Collect("GLAcctDescr").textOrEmpty());
-    if (m_bAccountNumbers)
-        STEP(txtAcctId.Text = rsInvoiJournal.Collect("GLAcctId").textOrEmpty() + " - " + txtAcctId.Text);
-    STEP(lblProject.Text = rsInvoiJournal.Collect("ProjId").textOrEmpty());
-    STEP(txtCurrency.Visible = foreign);
-    STEP(place(txtCredit, credits, foreign));
-    STEP(place(txtDebit, debits, foreign));
-    STEP(place(txtAcctId, accounts, foreign));
-    STEP(lblProject.Visible = m_bProjects);
-}
-
-// An amount that rounds away gives up its row.
-void dsrSalesJournalDetail::showAmount(Money amount) {
+    Money amount, foreign;
+    STEP(amount = roundAmount(rsInvoiJournal.Collect("GLDetDetAmnt").toMoney(), 2));
+    STEP(foreign = roundAmount(rsInvoiJournal.Collect("ForeignAmnt").moneyOrZero(), 2));
     DebitCredit sides;
     sides.add(amount);
     txtDebit.Text = sideText(locale(), sides.debit);
     txtCredit.Text = sideText(locale(), sides.credit);
-    m_subtotal.add(sides);
-    m_grandTotal.add(sides);
+    STEP(m_subtotal.add(sides));
+    STEP(m_grandTotal.add(sides));
+    // An amount that rounds away gives up its row.
     if (amount.isZero()) LayoutAction = LayoutActions::dropRow;
+    txtCurrency.Text.clear();
+    STEP(txtCurrency.Text = foreignAmount(foreign));
+    txtAcctId.Text = rsInvoiJournal.Collect("GLAcctDescr").textOrEmpty();
+    if (m_bAccountNumbers) txtAcctId.Text = rsInvoiJournal.Collect("GLAcctId").textOrEmpty() + " - " + txtAcctId.Text;
 }
 
 std::string dsrSalesJournalDetail::foreignAmount(Money amount) const {
@@ -212,18 +197,14 @@ std::string dsrSalesJournalDetail::foreignAmount(Money amount) const {
 }
 
 void dsrSalesJournalDetail::gfSeqNo_Format() {
-    STEP(txtDebitTotal.Text = locale().currency(m_subtotal.debit));
-    STEP(txtCreditTotal.Text = locale().currency(m_subtotal.credit));
-    STEP(place(txtDebitTotal, debits, m_bDisplayForeignCurrency));
-    STEP(place(txtCreditTotal, credits, m_bDisplayForeignCurrency));
+    txtDebitTotal.Text = locale().currency(m_subtotal.debit);
+    txtCreditTotal.Text = locale().currency(m_subtotal.credit);
 }
 
 void dsrSalesJournalDetail::ReportFooter_Format() {
-    STEP(txtDebitGrandTotal.Text = locale().currency(m_grandTotal.debit));
-    STEP(txtCreditGrandTotal.Text = locale().currency(m_grandTotal.credit));
-    STEP(section("ReportFooter").Visible = !SubReportVisible);
-    STEP(place(txtDebitGrandTotal, debits, m_bDisplayForeignCurrency));
-    STEP(place(txtCreditGrandTotal, credits, m_bDisplayForeignCurrency));
+    txtDebitGrandTotal.Text = locale().currency(m_grandTotal.debit);
+    txtCreditGrandTotal.Text = locale().currency(m_grandTotal.credit);
+    section("ReportFooter").Visible = !SubReportVisible;
 }
 
 void dsrSalesJournalDetail::ActiveReport_ReportEnd() {

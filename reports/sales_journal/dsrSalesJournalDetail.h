@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/run_frame.h"
-#include "framework/shared/debit_credit.h"
+#include "reports/shared/debit_credit.h"
 
 namespace quillo {
 
@@ -16,31 +16,24 @@ public:
     // that ends with its last transaction.
     bool SubReportVisible = false;
 
+    std::string filterTables() const override;
+
 private:
     void ActiveReport_ReportStart() override;
     void ActiveReport_ReportEnd() override;
-    void PageHeader_Format();
     void ghSeqNo_Format();
     void ghForCurr_Format();
     void Detail_Format();
     void gfSeqNo_Format();
     void ReportFooter_Format();
-    void ReplacePageHeaderControls();
+    void placeColumns();
     std::string journalQuery() const;
     std::string distributionQuery() const;
-    void giveDistribution();
     void enterTransaction(int sequence);
-    void readCurrency();
     bool isCreditNote() const;
     std::string documentTag() const;
     std::string foreignAmount(Money amount) const;
-    void showAmount(Money amount);
 
-    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
-    Label& lblDateFromDateTo = label("lblDateFromDateTo");
-    Label& lblSourceCap = label("lblSourceCap");
-    Label& lbldateCap = label("lbldateCap");
-    Label& lblNoDocCap = label("lblNoDocCap");
     Label& lblAcctCap = label("lblAcctCap");
     Label& lblCurrencyCap = label("lblCurrencyCap");
     Label& lblDebitCap = label("lblDebitCap");

@@ -20,46 +20,31 @@ private:
         int invoices = 0, credits = 0, documents = 0;
     };
 
+    struct TotalFields {
+        Field &sales, &tax, &freight, &discount, &grand;
+    };
+
     void ActiveReport_ReportStart() override;
-    void PageHeader_Format();
     void ghCurrency_Format();
     void ghForCurr_Format();
     void Detail_Format();
     void gfCurrency_Format();
     void ReportFooter_Format();
-    void ReplacePageHeaderControls();
     std::string query() const;
     int rowCurrency() const { return rsInvoiJournal.Collect("InvoiHdrExCurrencyId").int32OrZero(); }
     Money amount(const char* column) const { return rsInvoiJournal.Collect(column).moneyOrZero(); }
     // The sales amount is taken before discount.
     Money salesAmount() const { return amount("DetAmnt") + amount("DiscTotAmnt"); }
-    void enterCurrency(int currencyId);
     Money rowRate() const;
     Money converted(Money value, Money rate) const;
     std::string amountOrBlank(Money value, Money rate) const;
     std::string countText(int count) const;
-    void countDocument(int type);
-    void addToTotals(Money rate);
+    void showTotals(const TotalFields& fields) const;
+    void showCounts(Field& invoices, Field& credits, Field& documents) const;
 
-    SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
-    Label& lblDateFromDateTo = label("lblDateFromDateTo");
-    Label& lblDateCap = label("lblDateCap");
-    Label& lblSourceCap = label("lblSourceCap");
-    Label& lblNoDocCap = label("lblNoDocCap");
-    Label& lblClientCap = label("lblClientCap");
-    Label& lblVenteCap = label("lblVenteCap");
-    Label& lblFreignCap = label("lblFreignCap");
-    Label& lblTaxCap = label("lblTaxCap");
-    Label& lblDiscountCap = label("lblDiscountCap");
-    Label& lblTotalCap = label("lblTotalCap");
-    Line& Line1 = line("Line1");
-    Line& Line2 = line("Line2");
     Section& ghCurrency = section("ghCurrency");
     Label& lblCurrencyName = label("lblCurrencyName");
-    Field& fldDate = field("fldDate");
     Field& txtSource = field("txtSource");
-    Field& fldDocNo = field("fldDocNo");
-    Field& fldName = field("fldName");
     Field& txtInvAmnt = field("txtInvAmnt");
     Field& txtShipAmnt = field("txtShipAmnt");
     Field& txtTaxAmnt = field("txtTaxAmnt");

@@ -4,8 +4,8 @@
 #include "framework/report_contract.h"
 #include "framework/report_factory.h"
 #include "framework/report_mixins.h"
-#include "framework/shared/MUtils.h"
 #include "framework/values/errors.h"
+#include "reports/shared/MUtils.h"
 #include "tests/host/test_company.h"
 
 namespace quillo::test {
@@ -103,7 +103,7 @@ public:
     using SegmentReport::firstSegments;
     using SegmentReport::segments;
     bool foreign() const { return m_bDisplayForeignCurrency; }
-    void fillHeader() { fillFilterInfo(subReport("dsrFilterAndSortByInfoSubreport")); }
+    void fillHeader() { fillFilterInfo(); }
 };
 
 TEST(Contract, TheForeignDisplayIsKeptAsTheReportAndTheCompanyAllow) {
@@ -133,11 +133,11 @@ TEST(Contract, TheForeignDisplayIsKeptAsTheReportAndTheCompanyAllow) {
 TEST(Contract, WithoutAFilterToolAReportGoesOnAndOneThatNeedsItSaysSo) {
     TestSession session;
     Sample optional(*session, {.filterOptional = true});
-    EXPECT_TRUE(optional.askFilter("Cust")) << "nobody cancelled";
+    EXPECT_TRUE(optional.askFilter()) << "nobody cancelled";
     EXPECT_NO_THROW(optional.fillHeader());
     EXPECT_TRUE(session.messages.texts.empty());
     Sample needy(*session, {});
-    EXPECT_TRUE(needy.askFilter("Cust"));
+    EXPECT_TRUE(needy.askFilter());
     ASSERT_EQ(session.messages.texts.size(), 1U);
     EXPECT_NE(session.messages.texts[0].find("The report has no filter tool"), std::string::npos);
     EXPECT_THROW(needy.fillHeader(), NameError);

@@ -216,9 +216,8 @@ TEST(Filters, MergeIntoTheText) {
               " ORDER BY worldcurrency.CURRENCYCODE DESC, Cust.Name");
     EXPECT_EQ(keeping("x=1|"), " ORDER BY own");
     EXPECT_EQ(orderClauseBehind(splitFilter("|Name"), "GLAcctId, ", " ORDER BY own"), " ORDER BY GLAcctId, Name");
-    EXPECT_EQ(orderClauseBefore(splitFilter(""), "own", {"Cust.Id"}), " ORDER BY own, Cust.Id");
-    EXPECT_EQ(orderClauseBefore(splitFilter("|cust.id DESC"), "own", {"Cust.Id", "Addr.Id"}),
-              " ORDER BY cust.id DESC, Addr.Id");
+    EXPECT_EQ(orderWithTies(" ORDER BY own", {"Cust.Id"}), " ORDER BY own, Cust.Id");
+    EXPECT_EQ(orderWithTies(" ORDER BY cust.id DESC", {"Cust.Id", "Addr.Id"}), " ORDER BY cust.id DESC, Addr.Id");
 }
 
 TEST(Segments, ClauseHasTheAskedParts) {

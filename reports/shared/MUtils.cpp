@@ -1,4 +1,4 @@
-#include "framework/shared/MUtils.h"
+#include "reports/shared/MUtils.h"
 
 #include "framework/query_builder.h"
 #include "framework/values/errors.h"

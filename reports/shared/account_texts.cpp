@@ -1,4 +1,4 @@
-#include "framework/shared/account_texts.h"
+#include "reports/shared/account_texts.h"
 
 namespace quillo {
 
