@@ -43,26 +43,41 @@ void PageMatching::expect(const std::vector<ExpectedPrint>& prints) {
             if (!control.text.empty()) texts_[control.plan->name].due.push_back({control.text, &print});
             if (isFigure(control.plan->kind)) ++dueFigures_[control.plan->name];
         }
+        prints_[print.section->name][print.order] = &print;
         expect(print.inner);
     }
 }
 
-// True when the section shows a text.
-bool PageMatching::visit(const PlacedSection& section, int page, int depth) {
-    if (section.repeat) return false;
+// Gives the print that a placed section shows, as far as a text tells, of its own or in a sub-report.
+const ExpectedPrint* PageMatching::visit(const PlacedSection& section, int page, int depth) {
+    if (section.repeat) return nullptr;
     Piece piece{page, &section, nullptr, depth};
+    const ExpectedPrint* within = nullptr;
     std::vector<const ControlPlan*> shown;
     for (const PlacedControl& control : section.controls) {
         bool seen = !control.text.empty();
         if (seen) take(control, piece);
         if (isFigure(control.info->kind)) ++figures_[control.info->name];
-        for (const PlacedSection& inner : control.sections) seen = visit(inner, page, depth + 1) || seen;
+        for (const PlacedSection& inner : control.sections) {
+            const ExpectedPrint* print = visit(inner, page, depth + 1);
+            if (print == nullptr) continue;
+            within = print;
+            seen = true;
+        }
         if (seen) shown.push_back(&index_.control(control));
     }
+    if (piece.print == nullptr && within != nullptr) piece.print = holderOf(section, *within);
     order(piece);
     pieces_.push_back(piece);
     for (const ControlPlan* control : shown) seen_.push_back({page, piece.print, control});
-    return !shown.empty();
+    return shown.empty() ? nullptr : piece.print;
+}
+
+// The print of a section in which a sub-report's print stands: the last that was formatted before it.
+const ExpectedPrint* PageMatching::holderOf(const PlacedSection& section, const ExpectedPrint& inner) const {
+    const auto& prints = prints_.at(section.info->name);
+    const auto behind = prints.upper_bound(inner.order);
+    return behind == prints.begin() ? nullptr : std::prev(behind)->second;
 }
 
 void PageMatching::take(const PlacedControl& control, Piece& piece) {

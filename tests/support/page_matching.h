@@ -57,7 +57,8 @@ private:
         std::size_t next = 0, letters = 0;  // what of them has been seen
     };
     void expect(const std::vector<ExpectedPrint>& prints);
-    bool visit(const PlacedSection& section, int page, int depth);
+    const ExpectedPrint* visit(const PlacedSection& section, int page, int depth);
+    const ExpectedPrint* holderOf(const PlacedSection& section, const ExpectedPrint& inner) const;
     void take(const PlacedControl& control, Piece& piece);
     // Where a piece stands among the others; tells the print of a rest that shows no text of its own.
     void order(Piece& piece);
@@ -66,10 +67,11 @@ private:
 
     const PlanIndex& index_;
     std::map<std::string, Texts> texts_;
-    std::map<std::string, int> dueFigures_, figures_;      // lines and shapes
-    std::map<const ReportPlan*, int> last_;                // order of the print seen last
-    std::map<std::string, const ExpectedPrint*> current_;  // of each section
-    std::set<std::string> begun_;                          // sections that began without a text
+    std::map<std::string, int> dueFigures_, figures_;                    // lines and shapes
+    std::map<const ReportPlan*, int> last_;                              // order of the print seen last
+    std::map<std::string, std::map<int, const ExpectedPrint*>> prints_;  // of each section, by their order
+    std::map<std::string, const ExpectedPrint*> current_;                // of each section
+    std::set<std::string> begun_;                                        // sections that began without a text
     std::vector<Piece> pieces_;
     std::vector<Seen> seen_;
     std::string difference_;
