@@ -141,7 +141,8 @@ std::size_t TextShaper::shapeAscii(std::string_view text, std::size_t pos, const
 // One character that is not simple makes its whole word one for HarfBuzz. Gives the place behind the word.
 std::size_t TextShaper::shapeWordAt(std::string_view text, std::size_t pos, std::size_t firstGlyph, const Face& face,
                                     ShapedText& out) {
-    const std::size_t start = text.find_last_of(blanks, pos) + 1, end = std::min(text.find_first_of(blanks, pos), text.size());
+    const std::size_t start = text.find_last_of(blanks, pos) + 1,
+                      end = std::min(text.find_first_of(blanks, pos), text.size());
     std::size_t kept = out.glyphs.size();
     while (kept > firstGlyph && out.glyphs[kept - 1].from >= start) --kept;
     out.cut(kept);

@@ -59,8 +59,10 @@ std::uint32_t PdfCanvas::finish(std::uint32_t resources) {
     out << ">>";
     pictures_.appendResources(out);
     out << ">>";
+    const std::uint32_t encoding = file_.reserve();
+    PdfFont::writeEncoding(file_, encoding);
     for (const auto& font : fonts_) {
-        if (font) font->write(file_);
+        if (font) font->write(file_, encoding);
     }
     return outline;
 }
