@@ -37,6 +37,14 @@ std::string orderClauseKeeping(const FilterParts& filter, std::string_view colum
     return orderClauseBehind(filter, named ? "" : std::string(column) + ", ", ownClause);
 }
 
+std::string orderClauseBefore(const FilterParts& filter, std::string_view own,
+                              std::initializer_list<std::string_view> keeping) {
+    std::string order = filter.order.empty() ? std::string(own) : filter.order;
+    for (const std::string_view column : keeping)
+        if (!containsName(order, column)) order.append(", ").append(column);
+    return " ORDER BY " + order;
+}
+
 std::string segmentClause(std::string_view column, std::string_view list, bool none, bool behindCondition) {
     if (list.empty() && !none) return {};
     std::string clause = behindCondition ? " AND (" : "(";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,11 @@ std::string orderClause(const FilterParts& filter, std::string_view ownClause);
 std::string orderClauseBehind(const FilterParts& filter, std::string_view leading, std::string_view ownClause);
 // As before, but a user's order that names the column itself (without regard to case) stands alone.
 std::string orderClauseKeeping(const FilterParts& filter, std::string_view column, std::string_view ownClause);
+
+// The user's order, or else the report's own columns, and behind it those that keep rows together which belong
+// together, each unless the order names it itself.
+std::string orderClauseBefore(const FilterParts& filter, std::string_view own,
+                              std::initializer_list<std::string_view> keeping);
 
 // The segment condition, "(column IN (list) OR column IS NULL)" in the parts that are asked for, with " AND " in
 // front where a condition stands before it; empty without a choice. The list goes in as the host gave it.

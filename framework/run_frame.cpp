@@ -10,12 +10,7 @@ ReportFrame::ReportFrame(std::string name, HostContext& context, const ContractR
     : Report(std::move(name), context), contract_(contract) {}
 
 void ReportFrame::IReport_DateFrom(const Date& value) {
-    // With a closing date alone there is no first day to keep.
-    if (contract_.keepsDates && contract_.dateOptions != DateDisplay::closingDate) m_dtDateFrom = value;
-}
-
-void ReportFrame::IReport_DateTo(const Date& value) {
-    if (contract_.keepsDates) m_dtDateTo = value;
+    if (contract_.keepsDateFrom && contract_.dateOptions != DateDisplay::closingDate) m_dtDateFrom = value;
 }
 
 std::string ReportFrame::withoutMarks(std::string text) {
@@ -80,14 +75,6 @@ void ReportFrame::replaceCaptions(const SubReport& filter, Label& first, std::in
     first.Top = belowFilter(filter);
     for (Label* other : others) other->Top = first.Top;
     section("PageHeader").Height = first.Top + first.Height;
-}
-
-void ReportFrame::removeEmptyPage() {
-    if (Pages == nullptr) return;
-    const int index = Pages->PageNumber() - 2;
-    if (!Pages->isEmpty(index)) return;
-    Pages->Remove(index);
-    Pages->Commit();
 }
 
 std::string ReportFrame::rateLine(int currencyId, Money rate) const {

@@ -33,7 +33,7 @@ struct ContractRow {
     int titleId = 0;               // text of the title; 0: empty
     bool companyCurrency = false;  // UseCurrency tells whether the company uses foreign currency; else False
     Foreign foreign = Foreign::ignored;
-    bool keepsDates = true;       // false: DateFrom and DateTo are empty bodies
+    bool keepsDateFrom = true;    // false: DateFrom is an empty body, as with a closing date alone
     bool filterOptional = false;  // without a filter tool the report prints everything; else that is a failure
 };
 
@@ -45,7 +45,7 @@ public:
     Date IReport_DateFrom() override { return m_dtDateFrom; }
     void IReport_DateFrom(const Date& value) override;
     Date IReport_DateTo() override { return m_dtDateTo; }
-    void IReport_DateTo(const Date& value) override;
+    void IReport_DateTo(const Date& value) override { m_dtDateTo = value; }
     void IReport_Application(Application& application) override { m_objApplication = &application; }
     std::string IReport_ReportTitle() override;
     Report* IReport_ReportDesigner() override { return this; }
@@ -85,9 +85,6 @@ protected:
     static float belowFilter(const SubReport& filter) { return filter.Top + filter.Height + 90; }
     // One line of captions under the filter text, the page header ending with it.
     void replaceCaptions(const SubReport& filter, Label& first, std::initializer_list<Label*> others);
-    // At the end of a report whose footer holds two page breaks: takes out the empty page that they leave, and never
-    // a page with content.
-    void removeEmptyPage();
     // The line that tells a foreign transaction's rate: "1 USD equals 1.35 CAD".
     std::string rateLine(int currencyId, Money rate) const;
     // The last line of a report: the count, a blank, and what was counted.

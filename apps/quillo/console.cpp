@@ -30,7 +30,6 @@ void Console::complain(std::string_view text) const {
 }
 
 void ConsoleMessages::Show(std::string_view text) {
-    if (interrupted) return;  // what a stopped query leaves is no failure; the program says that it was stopped
     shown_.emplace_back(text);
     console_.complain(text);
 }

@@ -27,7 +27,7 @@ constexpr std::string_view ordersBehindComma[] = {"dsrDayEndBalanceByUsr", "dsrI
                                                   "dsrConsumedStatsByPeriod"};
 
 Date readDate(const std::string& option, const std::string& text) {
-    const auto date = text.size() == 10 ? Date::parseIso(text) : std::nullopt;
+    const auto date = Date::parseIsoDay(text);
     if (!date) throw UsageError(option + " is a date such as 2024-12-31, not \"" + text + "\"");
     return *date;
 }

@@ -1,5 +1,6 @@
 #include "framework/engine/band_run.h"
 
+#include <algorithm>
 #include <exception>
 
 #include "framework/values/errors.h"
@@ -17,22 +18,39 @@ bool isFooterKind(SectionKind kind) {
     return kind == SectionKind::groupFooter || kind == SectionKind::reportFooter || kind == SectionKind::pageFooter;
 }
 
-template <class Visit>
-void eachField(const Section& section, Visit visit) {
-    for (const auto& control : section.controls)
-        if (control->kind() == ControlKind::field) visit(static_cast<Field&>(*control));
-}
-
-// An event that fails outside of its own steps must not end the run, nor pass unseen. The procedure's name is made of
-// its two parts only when it is told.
-template <class Event>
-void guarded(const Report& report, std::string_view object, std::string_view procedure, const Event& event) {
+// What fails outside of a report's own steps must not end the run, nor pass unseen. The procedure's name is made only
+// when it is told.
+template <class Event, class Procedure>
+void guarded(const Report& report, const Procedure& procedure, const Event& event) {
     try {
         event();
     } catch (const EngineError&) {
         throw;
     } catch (const std::exception& error) {
-        report.showFailure(error.what(), std::string(object).append("_").append(procedure), 0);
+        report.showFailure(error.what(), procedure(), 0);
+    }
+}
+
+template <class Event>
+void guardedEvent(const Report& report, std::string_view object, std::string_view event, const Event& run) {
+    guarded(
+        report, [&] { return std::string(object).append("_").append(event); }, run);
+}
+
+template <class Action>
+void guardedField(const Report& report, const Section& section, const Field& field, const Action& action) {
+    guarded(
+        report, [&] { return section.Name() + "_Format, field " + field.Name(); }, action);
+}
+
+// A sub-report has no pages of its own.
+void refusePages(const Report& report) {
+    for (const auto& section : report.sections()) {
+        const bool breaks = std::any_of(section->controls.begin(), section->controls.end(),
+                                        [](const auto& control) { return control->kind() == ControlKind::pageBreak; });
+        if (breaks || section->NewPage != NewPage::none || section->GrpKeepTogether != GroupKeep::none)
+            throw EngineError("Report " + report.name() + ", section " + section->Name() +
+                              ": a sub-report cannot break pages or keep groups together");
     }
 }
 
@@ -48,23 +66,36 @@ Section* BandRun::single(SectionKind kind) const {
 }
 
 void BandRun::run() {
-    guarded(report_, "ActiveReport", "ReportStart", [&] { report_.ActiveReport_ReportStart(); });
+    if (target_.isNested()) refusePages(report_);
+    guardedEvent(report_, "ActiveReport", "ReportStart", [&] { report_.ActiveReport_ReportStart(); });
     if (report_.fetchData)
-        guarded(report_, "ActiveReport", "DataInitialize", [&] { report_.ActiveReport_DataInitialize(); });
+        guardedEvent(report_, "ActiveReport", "DataInitialize", [&] { report_.ActiveReport_DataInitialize(); });
     prepare();
+    live_ = firstRow();
+    if (live_) checkGroupKeys();
+    bool more = live_;
     target_.begin(*this);
-    walk();
+    for (; more; more = nextRow()) row();
+    live_ = false;
+    close(0);
     print(single(SectionKind::reportFooter));
 }
 
+void BandRun::end() {
+    guardedEvent(report_, "ActiveReport", "ReportEnd", [&] { report_.ActiveReport_ReportEnd(); });
+}
+
 void BandRun::prepare() {
-    const DataControl* data = report_.dataControl();
-    rows_ = data != nullptr ? data->Recordset.get() : nullptr;
-    groups_.clear();
+    if (!report_.notes || !report_.notes->isFor(state_.names)) report_.notes = std::make_shared<RunNotes>(state_.names);
+    notes_ = report_.notes.get();
+    prepareGroups();
+    prepareFields();
+    takeRecordset();
+}
+
+void BandRun::prepareGroups() {
     for (const auto& section : report_.sections()) {
-        if (section->kind() != SectionKind::groupHeader) continue;
-        groups_.push_back({section.get(), nullptr, Expression::compile(section->DataField), {}});
-        section->info.level = static_cast<int>(groups_.size());
+        if (section->kind() == SectionKind::groupHeader) groups_.push_back({section.get(), nullptr, {}, {}});
     }
     std::size_t next = groups_.size();
     for (const auto& section : report_.sections()) {
@@ -72,34 +103,55 @@ void BandRun::prepare() {
         if (next == 0)
             throw EngineError("Report " + report_.name() + ": section " + section->Name() + " has no group header");
         groups_[--next].footer = section.get();
-        section->info.level = static_cast<int>(next + 1);
     }
     if (next != 0)
         throw EngineError("Report " + report_.name() + ": section " + groups_[next - 1].header->Name() +
                           " has no group footer");
-    prepareFields();
 }
 
 void BandRun::prepareFields() {
     for (const auto& section : report_.sections()) {
-        eachField(*section, [&](Field& field) {
-            field.binding = Field::Binding();
+        int level = 0;
+        for (std::size_t i = 0; i < groups_.size(); ++i)
+            if (groups_[i].header == section.get() || groups_[i].footer == section.get())
+                level = static_cast<int>(i) + 1;
+        for (FieldNotes& notes : notes_->of(*section, level).fields) {
+            const Field& field = *notes.field;
+            notes = FieldNotes();
+            notes.field = const_cast<Field*>(&field);
             if (field.IsSum) {
-                Sum sum{&field, -1};
+                Sum sum{&notes, section.get(), -1, {}};
                 for (std::size_t i = 0; i < groups_.size(); ++i)
                     if (equalNames(groups_[i].header->Name(), field.SumGroup)) sum.group = static_cast<int>(i);
                 sums_.push_back(sum);
             } else if (section->kind() != SectionKind::detail && !field.DataField.empty()) {
-                captured_.push_back(&field);
+                captured_.emplace_back(section.get(), &notes);
             }
-        });
+        }
     }
 }
 
-void BandRun::bindColumns(Field& field) const {
-    if (field.binding.source == field.DataField) return;
-    field.binding.expression = Expression::compile(field.DataField);
-    field.binding.source = field.DataField;
+// A group over a column that is not there would be one silent group.
+void BandRun::checkGroupKeys() {
+    for (Group& group : groups_) {
+        for (const Expression::Part& part : group.expression.parts())
+            if (part.isColumn && findColumn(part.text) == missingColumn)
+                report_.showFailure("There is no column \"" + part.text + "\" to group by",
+                                    group.header->Name() + "_Format", 0);
+    }
+}
+
+void BandRun::takeRecordset() {
+    const DataControl* data = report_.dataControl();
+    rows_ = data != nullptr ? data->Recordset : nullptr;
+    notes_->forgetColumns();
+    for (Group& group : groups_) group.expression = Expression::compile(group.header->DataField);
+}
+
+void BandRun::compile(FieldNotes& notes) const {
+    if (notes.source == notes.field->DataField) return;
+    notes.expression = Expression::compile(notes.field->DataField);
+    notes.source = notes.field->DataField;
 }
 
 int BandRun::findColumn(std::string_view name) const {
@@ -129,94 +181,101 @@ ValueView BandRun::valueOf(Expression& expression, std::string& joined) const {
     return ValueView::ofText(joined);
 }
 
-void BandRun::show(Field& field) const {
+void BandRun::show(FieldNotes& notes) const {
+    Field& field = *notes.field;
     field.Text.clear();
-    field.Format.append(field.Text, field.binding.shown, report_.context().locale());
+    field.Format.append(field.Text, notes.shown, report_.context().locale());
 }
 
-void BandRun::fill(Section& section) {
-    eachField(section, [&](Field& field) {
-        if (field.DataField.empty()) return;
-        if (field.IsSum) {
-            field.binding.shown =
-                field.binding.exact ? Variant(field.binding.moneySum) : Variant(field.binding.realSum);
-            return show(field);
-        }
-        if (section.kind() == SectionKind::detail) {
-            bindColumns(field);
-            const ValueView value = valueOf(field.binding.expression, joined_);
-            field.Text.clear();
-            return field.Format.append(field.Text, value, report_.context().locale());
-        }
-        if (!isFooterKind(section.kind()) && live_) {
-            bindColumns(field);
-            field.binding.shown = valueOf(field.binding.expression, joined_);
-        }
-        show(field);
-    });
+void BandRun::fill(const Section& section) {
+    for (FieldNotes& notes : notes_->of(section).fields) {
+        if (notes.field->DataField.empty()) continue;
+        guardedField(report_, section, *notes.field, [&] { fillField(section, notes); });
+    }
+}
+
+void BandRun::fillField(const Section& section, FieldNotes& notes) {
+    Field& field = *notes.field;
+    field.Text.clear();  // a value that cannot be shown leaves no other row's text behind
+    if (field.IsSum) {
+        notes.shown = notes.sum.exact ? Variant(notes.sum.money) : Variant(notes.sum.real);
+        return show(notes);
+    }
+    compile(notes);
+    if (section.kind() == SectionKind::detail)
+        return field.Format.append(field.Text, valueOf(notes.expression, joined_), report_.context().locale());
+    if (!isFooterKind(section.kind()) && live_) notes.shown = valueOf(notes.expression, joined_);
+    show(notes);
 }
 
 // Footers print when the recordset has moved on: what they show of a row is kept here.
 void BandRun::capture() {
-    for (Field* field : captured_) {
-        bindColumns(*field);
-        field->binding.shown = valueOf(field->binding.expression, joined_);
+    for (const auto& [section, notes] : captured_) {
+        guardedField(report_, *section, *notes->field, [&, kept = notes] {
+            compile(*kept);
+            kept->shown = valueOf(kept->expression, joined_);
+        });
     }
 }
 
-std::optional<PlacedSection> BandRun::format(Section& section) {
+std::optional<LaidOut> BandRun::format(Section& section) {
     fill(section);
     report_.LayoutAction = LayoutActions::normal;
-    if (section.Format) guarded(report_, section.Name(), "Format", section.Format);
-    if (!section.Visible || report_.LayoutAction == LayoutActions::dropRow) return std::nullopt;
-    return layOut(section, target_.width(), target_.arena(), state_);
+    if (section.Format) guardedEvent(report_, section.Name(), "Format", section.Format);
+    if (!section.Visible || report_.drops()) return std::nullopt;
+    return layOut(section, {report_, *notes_, state_, target_.arena(), target_.width(), target_.takesFlow(section)});
 }
 
 void BandRun::print(Section* section) {
     if (section == nullptr) return;
-    target_.beforeFormat();
-    if (const auto placed = format(*section)) target_.place(*section, *placed);
+    const auto laid = format(*section);
+    if (!laid) return;
+    target_.place(*section, *laid);
+    printed(*section);
 }
 
-std::vector<Section*> BandRun::repeatedHeaders() const {
-    std::vector<Section*> headers;
-    for (std::size_t i = 0; i < openGroups_; ++i)
-        if (groups_[i].header->Repeat) headers.push_back(groups_[i].header);
-    return headers;
+void BandRun::printed(Section& section) {
+    if (section.AfterPrint) guardedEvent(report_, section.Name(), "AfterPrint", section.AfterPrint);
 }
 
-bool BandRun::advance() {
+bool BandRun::rowsAtEnd() const {
+    return rows_ == nullptr || rows_->atEnd();
+}
+
+bool BandRun::firstRow() {
+    if (report_.fetchData) return fetch();
+    return report_.dataControl() == nullptr || !rowsAtEnd();
+}
+
+bool BandRun::nextRow() {
+    if (report_.dataControl() != nullptr) advance();
+    if (report_.fetchData) return fetch();
+    return !rowsAtEnd();
+}
+
+// A row that is fed by hand, or that the recordset has moved to.
+bool BandRun::fetch() {
+    const bool beside = rows_ != nullptr;
+    const bool end = report_.dataControl() != nullptr && rowsAtEnd();
+    bool eof = true;  // a fetch that fails must not go on for ever
+    guardedEvent(report_, "ActiveReport", "FetchData", [&] {
+        bool told = end;
+        report_.fetchData(told);
+        eof = told;
+    });
+    return !eof && !(beside && end);
+}
+
+// To the next row, or to what an event has put in the recordset's place.
+void BandRun::advance() {
+    if (rows_ != report_.dataControl()->Recordset) return takeRecordset();
+    if (rowsAtEnd()) return;
     try {
         rows_->moveNext();
-        return !rows_->atEnd();
     } catch (const std::exception& error) {
-        if (state_.options.proceed && !state_.options.proceed(state_.progress)) throw RunStopped();
         report_.showFailure(error.what(), "ActiveReport_FetchData", 0);
-        return false;
+        rows_ = report_.dataControl()->Recordset = nullptr;
     }
-}
-
-void BandRun::walk() {
-    if (report_.fetchData) {
-        for (bool eof = false;;) {
-            guarded(report_, "ActiveReport", "FetchData", [&] {
-                eof = true;  // a fetch that fails must not go on for ever
-                bool end = false;
-                report_.fetchData(end);
-                eof = end;
-            });
-            if (eof) break;
-            row();
-        }
-    } else if (report_.dataControl() == nullptr) {
-        row();
-    } else if (rows_ != nullptr && !rows_->atEnd()) {
-        do {
-            row();
-        } while (advance());
-    }
-    live_ = false;
-    close(0);
 }
 
 std::size_t BandRun::firstChanged() {
@@ -228,19 +287,13 @@ std::size_t BandRun::firstChanged() {
 
 void BandRun::row() {
     live_ = false;
-    if (openGroups_ > 0 || groups_.empty()) {
-        const std::size_t changed = firstChanged();
-        close(changed);
-        live_ = true;
-        open(changed);
-    } else {
-        live_ = true;
-        open(0);
-    }
+    const std::size_t from = openGroups_ > 0 || groups_.empty() ? firstChanged() : 0;
+    close(from);
+    live_ = true;
+    open(from);
     printDetail();
     capture();
-    if (++state_.progress.rows % 256 == 0 && state_.options.proceed && !state_.options.proceed(state_.progress))
-        throw RunStopped();
+    if (++state_.progress.rows % 256 == 0) state_.askToProceed();
 }
 
 void BandRun::open(std::size_t from) {
@@ -248,10 +301,8 @@ void BandRun::open(std::size_t from) {
         Group& group = groups_[i];
         if (!group.expression.empty()) group.value = valueOf(group.expression, joined_);
         for (const Sum& sum : sums_) {
-            if (sum.group != static_cast<int>(i) || sum.field->SumRunning == Running::all) continue;
-            sum.field->binding.moneySum = Money();
-            sum.field->binding.realSum = 0;
-            sum.field->binding.exact = true;
+            if (sum.group != static_cast<int>(i) || sum.field->field->SumRunning == Running::all) continue;
+            sum.field->sum = {};
         }
         target_.openGroup(*group.header);
         print(group.header);
@@ -267,59 +318,59 @@ void BandRun::close(std::size_t from) {
     }
 }
 
-void BandRun::addToSums(int sign) {
-    for (const Sum& sum : sums_) {
-        Field::Binding& binding = sum.field->binding;
-        bindColumns(*sum.field);
-        const ValueView value = valueOf(binding.expression, joined_);
-        if (value.isNull()) continue;  // adds nothing
-        binding.exact = binding.exact && value.kind() != ValueKind::real;
-        const Money amount = value.toMoney();
-        binding.moneySum += sign < 0 ? -amount : amount;
-        binding.realSum += sign * value.toDouble();
+void BandRun::addToSums() {
+    for (Sum& sum : sums_) {
+        sum.before = sum.field->sum;
+        guardedField(report_, *sum.section, *sum.field->field, [&] { addToSum(*sum.field); });
     }
+}
+
+void BandRun::addToSum(FieldNotes& notes) {
+    compile(notes);
+    const ValueView value = valueOf(notes.expression, joined_);
+    if (value.isNull()) return;  // adds nothing
+    FieldNotes::Sum sum = notes.sum;
+    sum.money += value.toMoney();
+    sum.real += value.toDouble();
+    sum.exact = sum.exact && value.kind() != ValueKind::real;
+    notes.sum = sum;
 }
 
 void BandRun::printDetail() {
     Section* detail = single(SectionKind::detail);
     if (detail == nullptr) return;
-    target_.beforeFormat();
     // A running sum in the row shows the row itself; a row that is dropped takes its share back.
-    guarded(report_, detail->Name(), "Format", [&] { addToSums(1); });
-    const auto placed = format(*detail);
-    if (report_.LayoutAction == LayoutActions::dropRow) {
-        guarded(report_, detail->Name(), "Format", [&] { addToSums(-1); });
-    } else if (placed) {
-        target_.place(*detail, *placed);
+    addToSums();
+    const auto laid = format(*detail);
+    if (report_.drops()) {
+        for (const Sum& sum : sums_) sum.field->sum = sum.before;
+        return;
     }
-    target_.detailDone();
+    if (!laid) return;
+    target_.place(*detail, *laid);
+    printed(*detail);
 }
 
 namespace {
 
 // Stacks the sections of a sub-report; it has no page header or footer.
-class SubReportTarget final : public SectionTarget {
+class StackTarget final : public SectionTarget {
 public:
-    SubReportTarget(float width, Arena& arena) : width_(width), arena_(arena) {}
+    StackTarget(float width, Arena& arena) : width_(width), arena_(arena) {}
 
     Arena& arena() override { return arena_; }
     float width() const override { return width_; }
+    bool isNested() const override { return true; }
     void begin(BandRun& run) override { run.print(run.single(SectionKind::reportHeader)); }
 
-    void place(Section& section, const PlacedSection& placed) override {
-        if (placed.height > 0 || !placed.controls.empty()) {
-            sections_.push_back(placed);
-            sections_.back().top = height_;
-            height_ += placed.height;
-        }
-        if (section.AfterPrint) section.AfterPrint();
+    void place(Section&, const LaidOut& laid) override {
+        if (laid.placed.height <= 0 && laid.placed.controls.empty()) return;
+        sections_.push_back(laid.placed);
+        sections_.back().top = height_;
+        height_ += laid.placed.height;
     }
 
-    std::span<const PlacedSection> take() {
-        const auto kept = arena_.array<PlacedSection>(sections_.size());
-        std::uninitialized_copy(sections_.begin(), sections_.end(), kept.begin());
-        return kept;
-    }
+    std::span<const PlacedSection> take() const { return arena_.keep(sections_); }
 
 private:
     float width_;
@@ -330,11 +381,11 @@ private:
 
 }  // namespace
 
-std::span<const PlacedSection> runSubReport(Report& report, float width, Arena& arena, RunState& state) {
-    SubReportTarget target(width, arena);
-    BandRun run(report, state, target);
+std::span<const PlacedSection> StackedRuns::run(Report& report, float width, Arena& arena) {
+    StackTarget target(width, arena);
+    BandRun run(report, state_, target);
     run.run();
-    guarded(report, "ActiveReport", "ReportEnd", [&] { report.ActiveReport_ReportEnd(); });
+    run.end();
     return target.take();
 }
 

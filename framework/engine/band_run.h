@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "framework/engine/layout.h"
-#include "framework/engine/report.h"
 
 namespace quillo {
 
@@ -19,14 +18,15 @@ public:
     virtual ~SectionTarget() = default;
     virtual Arena& arena() = 0;
     virtual float width() const = 0;
+    // Whether this is the inside of a sub-report's control.
+    virtual bool isNested() const { return false; }
+    // Whether the last sub-report of the section may run while its rows go to the target.
+    virtual bool takesFlow(const Section&) const { return false; }
     // Before the first row; prints the report header.
     virtual void begin(BandRun& run) = 0;
-    // A section is about to be formatted: a page break that was asked for takes place now.
-    virtual void beforeFormat() {}
-    virtual void place(Section& section, const PlacedSection& placed) = 0;
+    virtual void place(Section& section, const LaidOut& laid) = 0;
     virtual void openGroup(Section&) {}
     virtual void closeGroup(Section&) {}
-    virtual void detailDone() {}
 };
 
 // The walk of one report over its rows: binding, groups, sums, events. Knows nothing of pages.
@@ -34,19 +34,21 @@ class BandRun {
 public:
     BandRun(Report& report, RunState& state, SectionTarget& target);
 
-    // From ActiveReport_ReportStart to the report footer.
+    // From ActiveReport_ReportStart to the report footer. Throws RunStopped and EngineError.
     void run();
+    // ActiveReport_ReportEnd: after what the run placed has found its place.
+    void end();
 
     Report& report() { return report_; }
     RunState& state() { return state_; }
     // The section of a kind that stands once in a design; null when there is none.
     Section* single(SectionKind kind) const;
     // Binds and formats a section, and lays it out; nothing when it is hidden or was dropped.
-    std::optional<PlacedSection> format(Section& section);
-    // Formats a section and hands it to the target.
+    std::optional<LaidOut> format(Section& section);
+    // Formats a section, hands it to the target and tells the report that it has printed.
     void print(Section* section);
-    // The headers of the open groups that print again on each page, outermost first.
-    std::vector<Section*> repeatedHeaders() const;
+    // Tells the report that a section has printed.
+    void printed(Section& section);
 
 private:
     struct Group {
@@ -56,44 +58,59 @@ private:
         Variant value;
     };
     struct Sum {
-        Field* field;
-        int group;  // index of its group; -1: the report
+        FieldNotes* field;
+        const Section* section;
+        int group;               // index of its group; -1: the report
+        FieldNotes::Sum before;  // what a row that is dropped leaves
     };
 
     void prepare();
+    void prepareGroups();
     void prepareFields();
-    void bindColumns(Field& field) const;
+    void checkGroupKeys();
+    void takeRecordset();
+    void compile(FieldNotes& notes) const;
     int findColumn(std::string_view name) const;
     ValueView columnValue(const Expression::Part& part) const;
     ValueView valueOf(Expression& expression, std::string& joined) const;
-    void fill(Section& section);
-    void show(Field& field) const;
+    void fill(const Section& section);
+    void fillField(const Section& section, FieldNotes& notes);
+    void show(FieldNotes& notes) const;
     void capture();
-    void walk();
-    bool advance();
+    bool firstRow();
+    bool nextRow();
+    bool fetch();
+    bool rowsAtEnd() const;
+    void advance();
     void row();
     std::size_t firstChanged();
     void open(std::size_t from);
     void close(std::size_t from);
     void printDetail();
-    void addToSums(int sign);
+    void addToSums();
+    void addToSum(FieldNotes& notes);
 
     Report& report_;
     RunState& state_;
     SectionTarget& target_;
-    Recordset* rows_ = nullptr;
+    RunNotes* notes_ = nullptr;
+    std::shared_ptr<Recordset> rows_;  // kept: an event may give the data control another one, or none
     std::vector<Group> groups_;
     std::size_t openGroups_ = 0;
     std::vector<Sum> sums_;
-    std::vector<Field*> captured_;  // bound fields of headers and footers: keep their value for a later print
-    bool live_ = false;             // a row stands there to be read
+    std::vector<std::pair<const Section*, FieldNotes*>> captured_;  // fields of headers and footers: keep a row's value
+    bool live_ = false;                                             // a row stands there to be read
     std::string joined_;
 };
 
-// Runs a report inside a sub-report's control; the sections live in the arena.
-std::span<const PlacedSection> runSubReport(Report& report, float width, Arena& arena, RunState& state);
+// Runs sub-reports whole, each into an arena.
+class StackedRuns final : public NestedRuns {
+public:
+    explicit StackedRuns(RunState& state) : state_(state) {}
+    std::span<const PlacedSection> run(Report& report, float width, Arena& arena) override;
 
-// Thrown when the run was asked to stop. Not an std::exception, so that no step takes it for a failure.
-struct RunStopped {};
+private:
+    RunState& state_;
+};
 
 }  // namespace quillo

@@ -9,14 +9,14 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/engine/expression.h"
 #include "framework/engine/page.h"
 #include "framework/host/database.h"
 #include "framework/values/locale_format.h"
 
 // Sections and controls of a design as plain data that reports read and write. All measures are
 // twips. What a report writes in a section's Format event holds for that print and for all later
-// ones, until it is written again; what the engine grows holds for that one print.
+// ones, until it is written again; what the engine grows holds for that one print. The engine keeps its own notes
+// elsewhere (run_notes.h).
 namespace quillo {
 
 class Report;
@@ -32,9 +32,6 @@ struct Control {
 
     const std::string& Name() const { return info.name; }
     ControlKind kind() const { return info.kind; }
-
-    const ControlInfo* placedInfo = nullptr;  // the engine's: its name among the run's names
-    std::uint64_t placedRun = 0;              // the engine's: the run that the above belongs to
 };
 
 // How a text looks. Written as a style text ("font-size: 8pt; text-align: right; font-weight: bold;"), in
@@ -44,27 +41,21 @@ public:
     StyleProperty& operator=(std::string_view css);
     const TextStyle& value() const { return value_; }
     TextStyle& edit() {
-        changed_ = true;
+        ++version_;
         return value_;
     }
-
-    bool takeChange() {  // the engine's: whether it must look the style up again
-        const bool changed = changed_;
-        changed_ = false;
-        return changed;
-    }
+    // Grows with each change.
+    unsigned version() const { return version_; }
 
 private:
     TextStyle value_;
-    bool changed_ = true;
+    unsigned version_ = 1;
 };
 
 struct TextControl : Control {
     StyleProperty Style;
     bool CanGrow = false;  // grows with its text and pushes down what stands below
     void setAlignment(Align align) { Style.edit().align = align; }
-
-    const TextStyle* placedStyle = nullptr;  // the engine's
 };
 
 struct Label : TextControl {
@@ -80,16 +71,6 @@ struct Field : TextControl {
     bool IsSum = false;  // a sum of the column over a group or the report, kept by the engine
     Running SumRunning = Running::none;
     std::string SumGroup;  // name of the group's header; empty: over the report
-
-    // The engine's: what the field is bound to and what it shows.
-    struct Binding {
-        std::string source;  // the DataField that was compiled
-        Expression expression;
-        Variant shown;  // of footers and headers: the value that they print
-        Money moneySum;
-        double realSum = 0;
-        bool exact = true;  // all summed values were money or integers
-    } binding;
 };
 
 struct Line : Control {
@@ -142,10 +123,10 @@ struct Section {
     float Height = 0;
     bool Visible = true;
     int NewPage = NewPage::none;
-    bool KeepTogether = true;   // not split over pages while it fits on one
-    std::string DataField;      // of a group header; empty: breaks with its outer group
-    bool Repeat = false;        // of a group header: prints again on each page of its group
-    bool UnderlayNext = false;  // what follows starts at this section's top
+    bool KeepTogether = true;  // not split over pages while it fits on one
+    std::string DataField;     // of a group header; empty: breaks with its outer group
+    bool Repeat = false;       // of a group header, or of a sub-report's header: stands again on each page that follows
+    bool UnderlayNext = false;  // of a group header: its group starts at its top, and ends below it
     GroupKeep GrpKeepTogether = GroupKeep::none;
     std::vector<std::unique_ptr<Control>> controls;
 
@@ -159,9 +140,6 @@ struct Section {
 
     std::function<void()> Format;
     std::function<void()> AfterPrint;
-
-    const SectionInfo* placedInfo = nullptr;  // the engine's
-    std::uint64_t placedRun = 0;
 };
 
 template <class T>

@@ -1,11 +1,14 @@
 #include "framework/engine/design_reader.h"
 
+#include <algorithm>
+#include <cmath>
 #include <initializer_list>
 #include <nlohmann/json.hpp>
 #include <span>
 #include <unordered_map>
 #include <unordered_set>
 
+#include "framework/engine/expression.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
 
@@ -20,6 +23,11 @@ struct Place {
     std::string text;
     [[noreturn]] void fail(const std::string& what) const { throw InputError("Design " + text + ": " + what); }
     Place in(const std::string& part) const { return {text + ", " + part}; }
+    // By name, or by its place in the list (from 1) where it has none.
+    Place in(const std::string& kind, const Json& object, std::size_t index) const {
+        const bool named = object.is_object() && object.contains("name") && object["name"].is_string();
+        return in(kind + " " + (named ? object["name"].get<std::string>() : std::to_string(index)));
+    }
 };
 
 class Keys {
@@ -33,7 +41,11 @@ public:
 
     bool has(const char* key) const { return object_.contains(key); }
     void number(const char* key, float& out) const {
-        if (const Json* value = of(key, &Json::is_number, "a number")) out = value->get<float>();
+        const Json* value = of(key, &Json::is_number, "a number");
+        if (value == nullptr) return;
+        constexpr double most = 1e6;  // far beyond any page
+        if (!(std::fabs(value->get<double>()) <= most)) place_.fail("\"" + std::string(key) + "\" is too large");
+        out = value->get<float>();
     }
     void boolean(const char* key, bool& out) const {
         if (const Json* value = of(key, &Json::is_boolean, "true or false")) out = value->get<bool>();
@@ -98,6 +110,7 @@ constexpr std::pair<std::string_view, GroupKeep> keepNames[] = {
 constexpr std::pair<std::string_view, Running> runningNames[] = {{"group", Running::group}, {"all", Running::all}};
 
 void readStyles(const Json& styles, Styles& known, const Place& place) {
+    if (!styles.is_object()) place.fail("\"styles\" must be an object of styles by name");
     for (const auto& [name, object] : styles.items()) {
         const Place here = place.in("style " + name);
         const Keys keys(object, here,
@@ -126,8 +139,11 @@ void readStyles(const Json& styles, Styles& known, const Place& place) {
 Json parse(std::string_view text, const Place& place) {
     try {
         return Json::parse(text);
-    } catch (const Json::exception& error) {
-        place.fail(error.what());
+    } catch (const Json::parse_error& error) {
+        const auto line = std::count(text.begin(), text.begin() + std::min(error.byte, text.size()), '\n') + 1;
+        place.fail("it is no JSON, at line " + std::to_string(line));
+    } catch (const Json::exception&) {
+        place.fail("it holds a number that is too large");
     }
 }
 
@@ -140,7 +156,8 @@ public:
         if (root.contains("styles")) readStyles(root["styles"], styles_, place_);
         Design design;
         if (root.contains("page")) design.setup = readPage(root["page"]);
-        for (const Json& section : keys.list("sections")) design.sections.push_back(readSection(section));
+        for (const Json& section : keys.list("sections"))
+            design.sections.push_back(readSection(section, place_.in("section", section, design.sections.size() + 1)));
         checkGroups(design);
         return design;
     }
@@ -159,8 +176,7 @@ private:
         return setup;
     }
 
-    std::unique_ptr<Section> readSection(const Json& object) {
-        const Place here = place_.in("section " + object.value("name", "?"));
+    std::unique_ptr<Section> readSection(const Json& object, const Place& here) {
         const Keys keys(object, here,
                         {"name", "kind", "height", "visible", "keepTogether", "newPage", "dataField", "repeat",
                          "underlayNext", "groupKeepTogether", "bookmark", "fill", "controls"});
@@ -180,12 +196,27 @@ private:
         section->NewPage = keys.choice<int>("newPage", newPageNames, 0);
         section->GrpKeepTogether = keys.choice<GroupKeep>("groupKeepTogether", keepNames, GroupKeep::none);
         for (const Json& control : keys.list("controls"))
-            section->controls.push_back(readControl(control, here, section->info.kind));
+            section->controls.push_back(
+                readControl(control, here.in("control", control, section->controls.size() + 1), section->info.kind));
+        checkSection(*section, here);
         return section;
     }
 
-    std::unique_ptr<Control> readControl(const Json& object, const Place& section, SectionKind sectionKind) {
-        const Place here = section.in("control " + object.value("name", "?"));
+    // What the engine could not do with a section is refused here, not left out there.
+    static void checkSection(const Section& section, const Place& here) {
+        const SectionKind kind = section.kind();
+        const bool groupHeader = kind == SectionKind::groupHeader;
+        if (!groupHeader && (section.UnderlayNext || section.GrpKeepTogether != GroupKeep::none))
+            here.fail("only a group header can be underlaid or keep its group together");
+        if (section.Repeat && !groupHeader && kind != SectionKind::reportHeader) here.fail("only headers repeat");
+        const bool breaks = std::any_of(section.controls.begin(), section.controls.end(),
+                                        [](const auto& control) { return control->kind() == ControlKind::pageBreak; });
+        const bool everyPage = kind == SectionKind::pageHeader || kind == SectionKind::pageFooter;
+        if (breaks && (everyPage || section.Repeat)) here.fail("a section that stands on every page cannot break it");
+        if (everyPage && section.NewPage != NewPage::none) here.fail("a section of every page cannot ask for a page");
+    }
+
+    std::unique_ptr<Control> readControl(const Json& object, const Place& here, SectionKind sectionKind) {
         const Keys keys(object, here,
                         {"kind", "name",      "left",   "top",       "width", "height",  "tag",     "caption",
                          "text", "dataField", "format", "style",     "align", "canGrow", "visible", "x1",

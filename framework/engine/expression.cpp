@@ -1,6 +1,9 @@
 #include "framework/engine/expression.h"
 
+#include <algorithm>
+
 #include "framework/values/errors.h"
+#include "framework/values/text.h"
 
 namespace quillo {
 namespace {
@@ -26,7 +29,16 @@ private:
         if (rest_.empty()) fail();
         if (rest_.front() == '[') return {true, until(']')};
         if (rest_.front() == '"') return {false, until('"')};
-        fail();
+        return {true, name()};
+    }
+
+    std::string name() {
+        const auto stands = [](char c) { return isDigit(c) || isLetter(c) || c == '_' || c == '.'; };
+        const auto end = std::find_if_not(rest_.begin(), rest_.end(), stands);
+        std::string name(rest_.begin(), end);
+        if (name.empty() || isDigit(name.front())) fail();
+        rest_.remove_prefix(name.size());
+        return name;
     }
 
     std::string until(char closing) {
@@ -39,7 +51,7 @@ private:
     }
 
     void skipBlanks() {
-        while (!rest_.empty() && rest_.front() == ' ') rest_.remove_prefix(1);
+        while (!rest_.empty() && isBlank(rest_.front())) rest_.remove_prefix(1);
     }
 
     [[noreturn]] void fail() const {

@@ -9,7 +9,8 @@
 namespace quillo {
 
 // What a field is bound to, compiled once: a plain column, or an expression that joins columns and
-// texts: =[CurrencyCode] & " - " & [Descr]. Null joins as nothing.
+// texts: =[CurrencyCode] & " - " & [Descr], the brackets left out where a name is a plain word. Null
+// joins as nothing.
 class Expression {
 public:
     Expression() = default;

@@ -3,311 +3,249 @@
 #include <algorithm>
 #include <cmath>
 
-#include "framework/engine/band_run.h"
+#include "framework/engine/push_down.h"
 
 namespace quillo {
 namespace {
 
-// A control that grew, by its place in the design.
-struct Growth {
-    float top, bottom, by;
+// Lays out the controls of one section.
+class SectionLayout {
+public:
+    SectionLayout(const Section& section, const LayoutRoom& room)
+        : section_(section), room_(room), notes_(room.notes.of(section)) {}
+
+    LaidOut run() {
+        result_.placed.info = notes_.info;
+        result_.placed.width = room_.width;
+        result_.placed.height = checkedHeight();
+        result_.flowing = room_.flows ? lastSubReport() : nullptr;
+        placeControls();
+        collectBreaks();
+        if (grown_ || holdsReport_) {
+            pushGrown();
+            growSection();
+        }
+        finish();
+        return result_;
+    }
+
+private:
+    float checkedHeight() const {
+        if (section_.Height >= 0 && std::isfinite(section_.Height)) return section_.Height;
+        room_.report.showFailure(
+            "A section cannot be " + Variant(static_cast<double>(section_.Height)).toText() + " twips high",
+            section_.Name() + "_Format", 0);
+        return 0;
+    }
+
+    static bool isPrinted(const Control& control) {
+        return control.Visible && control.kind() != ControlKind::dataControl &&
+               control.kind() != ControlKind::pageBreak;
+    }
+
+    bool hasPlace(const Control& control) const {
+        const auto& line = static_cast<const Line&>(control);
+        const bool known = control.kind() == ControlKind::line
+                               ? std::isfinite(line.X1 + line.X2 + line.Y1 + line.Y2)
+                               : std::isfinite(control.Left + control.Top + control.Width + control.Height);
+        if (!known)
+            room_.report.showFailure("A control without a place is left out",
+                                     section_.Name() + "_Format, control " + control.Name(), 0);
+        return known;
+    }
+
+    // The sub-report that may run while its rows go to the pages: the only control that reaches as far down as it does.
+    const SubReport* lastSubReport() const {
+        const SubReport* last = nullptr;
+        for (const auto& control : section_.controls) {
+            if (!isPrinted(*control) || control->kind() != ControlKind::subReport) continue;
+            const auto& sub = static_cast<const SubReport&>(*control);
+            if (sub.Object && sub.CanGrow && (last == nullptr || sub.Top > last->Top)) last = &sub;
+        }
+        if (last == nullptr) return nullptr;
+        for (const auto& control : section_.controls) {
+            if (control.get() == last || control->kind() == ControlKind::dataControl) continue;
+            if (control->kind() == ControlKind::pageBreak ? control->Top > last->Top
+                                                          : isPrinted(*control) && designBottom(*control) > last->Top)
+                return nullptr;
+        }
+        return last;
+    }
+
+    static float designBottom(const Control& control) {
+        if (control.kind() != ControlKind::line) return control.Top + std::max(control.Height, 0.0F);
+        const auto& line = static_cast<const Line&>(control);
+        return std::max(line.Y1, line.Y2);
+    }
+
+    void placeControls() {
+        const auto count = static_cast<std::size_t>(std::count_if(section_.controls.begin(), section_.controls.end(),
+                                                                  [](const auto& c) { return isPrinted(*c); }));
+        const auto controls = room_.arena.array<PlacedControl>(count);
+        std::size_t next = 0;
+        for (std::size_t i = 0; i < section_.controls.size(); ++i) {
+            Control& control = *section_.controls[i];
+            if (!isPrinted(control)) continue;
+            if (&control == result_.flowing) {
+                flowFrom(control, notes_.controls[i]);
+            } else if (hasPlace(control)) {
+                PlacedControl& placed = *new (&controls[next++]) PlacedControl();
+                placed.info = notes_.controls[i].info;
+                place(control, notes_.controls[i], placed);
+                note(control, placed);
+            }
+        }
+        controls_ = controls.first(next);
+        result_.placed.controls = controls_;
+    }
+
+    void flowFrom(const Control& control, const ControlNotes& notes) {
+        result_.flowInfo = notes.info;
+        result_.flowTop = std::max(control.Top, 0.0F);
+        designBottom_ = std::max(designBottom_, designBottom(control));
+        result_.flowRoom = std::max(0.0F, result_.placed.height - designBottom_);
+    }
+
+    static float designHeight(const Control& control, const PlacedControl& placed) {
+        return std::max(control.kind() == ControlKind::line ? placed.height : control.Height, 0.0F);
+    }
+
+    void note(const Control& control, const PlacedControl& placed) {
+        const float height = designHeight(control, placed);
+        designBottom_ = std::max(designBottom_, placed.top + height);
+        grown_ = grown_ || placed.height > height;
+        holdsReport_ = holdsReport_ || control.kind() == ControlKind::subReport;
+    }
+
+    void pushGrown() {
+        std::vector<Extent> extents;
+        std::size_t next = 0;
+        for (std::size_t i = 0; i < section_.controls.size() && next < controls_.size(); ++i) {
+            PlacedControl& placed = controls_[next];
+            if (placed.info != notes_.controls[i].info) continue;
+            const float height = designHeight(*section_.controls[i], placed);
+            extents.push_back({placed.top, placed.top + height, placed.height - height, &placed.top});
+            ++next;
+        }
+        for (float& top : breaks_) extents.push_back({top, top, 0, &top});
+        extents.push_back({result_.flowTop, result_.flowTop, 0, &result_.flowTop});
+        pushDown(extents);
+    }
+
+    void collectBreaks() {
+        const auto isBreak = [](const auto& control) {
+            return control->kind() == ControlKind::pageBreak && static_cast<const PageBreak&>(*control).Enabled;
+        };
+        const auto count = std::count_if(section_.controls.begin(), section_.controls.end(), isBreak);
+        breaks_ = room_.arena.array<float>(static_cast<std::size_t>(count));
+        std::size_t next = 0;
+        for (const auto& control : section_.controls) {
+            if (isBreak(control)) breaks_[next++] = std::max(control->Top, 0.0F);
+        }
+    }
+
+    // The room that the design leaves below its last control stays.
+    void growSection() {
+        float bottom = 0;
+        for (const PlacedControl& control : controls_) bottom = std::max(bottom, bottomOf(control));
+        PlacedSection& placed = result_.placed;
+        placed.height = std::max(placed.height, bottom + std::max(0.0F, placed.height - designBottom_));
+    }
+
+    void finish() {
+        for (const PlacedControl& control : controls_)
+            if (bottomOf(control) > result_.placed.height && shows(control)) result_.placed.height = bottomOf(control);
+        std::sort(breaks_.begin(), breaks_.end());
+        result_.breaks = breaks_;
+    }
+
+    void placeText(TextControl& control, ControlNotes& notes, const std::string& text, PlacedControl& placed) {
+        RunState& run = room_.run;
+        placed.style = room_.notes.style(control, notes);
+        placed.text = room_.arena.text(text);
+        if (!placed.style->wrap || text.empty()) return;
+        run.lineStarts.clear();
+        run.measure.breakLines(text, *placed.style, control.Width, run.lineStarts);
+        placed.lines = room_.arena.keep(run.lineStarts);
+        if (!control.CanGrow) return;
+        const float lines = static_cast<float>(run.lineStarts.size());
+        placed.height = std::max(placed.height, lines * run.measure.lineHeight(*placed.style));
+    }
+
+    void placeSubReport(const SubReport& control, PlacedControl& placed) {
+        if (!control.Object) return;
+        const auto& filled = room_.run.filled;
+        const auto known =
+            std::find_if(filled.begin(), filled.end(), [&](const auto& entry) { return entry.first == &control; });
+        placed.sections =
+            known != filled.end() ? known->second : room_.run.nested->run(*control.Object, control.Width, room_.arena);
+        if (control.CanGrow) placed.height = std::max(placed.height, stackedHeight(placed.sections));
+    }
+
+    static void placeLine(const Line& line, PlacedControl& placed) {
+        placed.left = line.X1;
+        placed.top = std::max(line.Y1, 0.0F);
+        placed.width = line.X2 - line.X1;
+        placed.height = std::max(line.Y2, 0.0F) - placed.top;
+        placed.lineWidth = line.LineWidth;
+    }
+
+    void place(Control& control, ControlNotes& notes, PlacedControl& placed) {
+        placed.left = control.Left;
+        placed.top = std::max(control.Top, 0.0F);
+        placed.width = control.Width;
+        placed.height = std::max(control.Height, 0.0F);
+        placed.link = room_.arena.text(control.Hyperlink);
+        switch (control.kind()) {
+            case ControlKind::label:
+                return placeText(static_cast<Label&>(control), notes, static_cast<Label&>(control).Caption, placed);
+            case ControlKind::field:
+                return placeText(static_cast<Field&>(control), notes, static_cast<Field&>(control).Text, placed);
+            case ControlKind::richEdit:
+                return placeText(static_cast<RichEdit&>(control), notes, static_cast<RichEdit&>(control).RTF, placed);
+            case ControlKind::line:
+                return placeLine(static_cast<const Line&>(control), placed);
+            case ControlKind::shape:
+                placed.lineWidth = static_cast<const Shape&>(control).LineWidth;
+                placed.fill = static_cast<const Shape&>(control).BackColor;
+                return;
+            case ControlKind::subReport:
+                return placeSubReport(static_cast<const SubReport&>(control), placed);
+            case ControlKind::image:
+                placed.picture = room_.notes.names().picture(static_cast<const Image&>(control).Picture);
+                return;
+            case ControlKind::chart:
+                placed.chart = room_.notes.names().chart(static_cast<const Chart&>(control).Data);
+                return;
+            case ControlKind::dataControl:
+            case ControlKind::pageBreak:
+                return;
+        }
+    }
+
+    const Section& section_;
+    const LayoutRoom& room_;
+    SectionNotes& notes_;
+    LaidOut result_;
+    std::span<PlacedControl> controls_;
+    std::span<float> breaks_;
+    float designBottom_ = 0;  // of the lowest control, before anything grew
+    bool grown_ = false;
+    bool holdsReport_ = false;  // a section grows to hold the whole of its sub-reports and what stands beside them
 };
 
-const TextStyle* styleOf(TextControl& control, RunState& run) {
-    if (control.Style.takeChange() || control.placedRun != run.id)
-        control.placedStyle = run.names->style(control.Style.value());
-    return control.placedStyle;
-}
-
-void placeText(TextControl& control, const std::string& text, PlacedControl& placed, Arena& arena, RunState& run) {
-    placed.style = styleOf(control, run);
-    placed.text = arena.text(text);
-    if (!placed.style->wrap || text.empty()) return;
-    static thread_local std::vector<std::uint32_t> starts;
-    starts.clear();
-    run.measure.breakLines(text, *placed.style, control.Width, starts);
-    const auto lines = arena.array<std::uint32_t>(starts.size());
-    std::copy(starts.begin(), starts.end(), lines.begin());
-    placed.lines = lines;
-    if (control.CanGrow)
-        placed.height =
-            std::max(control.Height, static_cast<float>(starts.size()) * run.measure.lineHeight(*placed.style));
-}
-
-void placeSubReport(const SubReport& control, PlacedControl& placed, Arena& arena, RunState& run) {
-    if (!control.Object) return;
-    const auto filled =
-        std::find_if(run.filled.begin(), run.filled.end(), [&](const auto& entry) { return entry.first == &control; });
-    placed.sections =
-        filled != run.filled.end() ? filled->second : runSubReport(*control.Object, control.Width, arena, run);
-    if (control.CanGrow) placed.height = std::max(control.Height, stackedHeight(placed.sections));
-}
-
-void place(Control& control, PlacedControl& placed, Arena& arena, RunState& run) {
-    placed.left = control.Left;
-    placed.top = control.Top;
-    placed.width = control.Width;
-    placed.height = control.Height;
-    placed.link = arena.text(control.Hyperlink);
-    switch (control.kind()) {
-        case ControlKind::label: {
-            auto& label = static_cast<Label&>(control);
-            placeText(label, label.Caption, placed, arena, run);
-            break;
-        }
-        case ControlKind::field: {
-            auto& field = static_cast<Field&>(control);
-            placeText(field, field.Text, placed, arena, run);
-            break;
-        }
-        case ControlKind::richEdit: {
-            auto& rich = static_cast<RichEdit&>(control);
-            placeText(rich, rich.RTF, placed, arena, run);
-            break;
-        }
-        case ControlKind::line: {
-            const auto& line = static_cast<const Line&>(control);
-            placed.left = line.X1;
-            placed.top = line.Y1;
-            placed.width = line.X2 - line.X1;
-            placed.height = line.Y2 - line.Y1;
-            placed.lineWidth = line.LineWidth;
-            break;
-        }
-        case ControlKind::shape: {
-            const auto& shape = static_cast<const Shape&>(control);
-            placed.lineWidth = shape.LineWidth;
-            placed.fill = shape.BackColor;
-            break;
-        }
-        case ControlKind::subReport:
-            placeSubReport(static_cast<const SubReport&>(control), placed, arena, run);
-            break;
-        case ControlKind::image: {
-            const auto& picture = static_cast<const Image&>(control).Picture;
-            const auto bytes = arena.array<std::byte>(picture.size());
-            std::copy(picture.begin(), picture.end(), bytes.begin());
-            placed.picture = bytes;
-            break;
-        }
-        case ControlKind::chart:
-            placed.chart = run.names->chart(static_cast<const Chart&>(control).Data);
-            break;
-        case ControlKind::dataControl:
-        case ControlKind::pageBreak:
-            break;
-    }
-    if (control.placedRun != run.id) {
-        control.placedInfo = run.names->control(control.info);
-        control.placedRun = run.id;
-    }
-    placed.info = control.placedInfo;
-}
-
-bool isPrinted(const Control& control) {
-    return control.Visible && control.kind() != ControlKind::dataControl && control.kind() != ControlKind::pageBreak;
-}
+}  // namespace
 
 float bottomOf(const PlacedControl& control) {
     return control.top + std::max(control.height, 0.0F);
 }
 
-// How far a control that starts at top is pushed: below every control that stood above it.
-float pushOf(float top, const std::vector<Growth>& growths) {
-    float push = 0;
-    for (const Growth& growth : growths)
-        if (growth.bottom <= top) push = std::max(push, growth.by + pushOf(growth.top, growths));
-    return push;
-}
-
-void pushDown(PlacedSection& placed, std::span<PlacedControl> controls, const std::vector<Growth>& growths,
-              float oldBottom) {
-    float bottom = 0;
-    for (PlacedControl& control : controls) {
-        control.top += pushOf(control.top, growths);
-        bottom = std::max(bottom, bottomOf(control));
-    }
-    // The room that the design leaves below its last control stays.
-    placed.height = std::max(placed.height, bottom + std::max(0.0F, placed.height - oldBottom));
-}
-
-}  // namespace
-
 float stackedHeight(std::span<const PlacedSection> sections) {
     return sections.empty() ? 0 : sections.back().top + sections.back().height;
 }
 
-PlacedSection layOut(Section& section, float width, Arena& arena, RunState& run) {
-    if (section.placedRun != run.id) {
-        section.placedInfo = run.names->section(section.info);
-        section.placedRun = run.id;
-    }
-    const auto count = static_cast<std::size_t>(
-        std::count_if(section.controls.begin(), section.controls.end(), [](const auto& c) { return isPrinted(*c); }));
-    const auto controls = arena.array<PlacedControl>(count);
-    std::vector<Growth> growths;
-    bool holdsReport = false;  // a section grows to hold the whole of its sub-reports and what stands beside them
-    float oldBottom = 0;
-    std::size_t next = 0;
-    for (const auto& control : section.controls) {
-        if (!isPrinted(*control)) continue;
-        PlacedControl& placed = *new (&controls[next++]) PlacedControl();
-        place(*control, placed, arena, run);
-        const float height = control->kind() == ControlKind::line ? std::max(placed.height, 0.0F) : control->Height;
-        oldBottom = std::max(oldBottom, placed.top + height);
-        if (placed.height > height && control->kind() != ControlKind::line)
-            growths.push_back({placed.top, placed.top + height, placed.height - height});
-        holdsReport = holdsReport || control->kind() == ControlKind::subReport;
-    }
-    PlacedSection placed;
-    placed.info = section.placedInfo;
-    placed.width = width;
-    placed.height = section.Height;
-    if (!growths.empty() || holdsReport) pushDown(placed, controls, growths, oldBottom);
-    placed.controls = controls;
-    return placed;
-}
-
-namespace {
-
-bool isSplittable(const PlacedControl& control) {
-    return !control.sections.empty() || control.lines.size() > 1 || control.info->kind == ControlKind::shape ||
-           (control.info->kind == ControlKind::line && control.height > 0);
-}
-
-struct Halves {
-    std::vector<PlacedControl> head, tail;
-    float waste = 0;       // room above the cut that a split control could not use
-    float wasteBelow = 0;  // only what starts below here moves down by it
-};
-
-void splitLines(const PlacedControl& control, float above, Arena& arena, Halves& halves) {
-    const float lineHeight = control.height / static_cast<float>(control.lines.size());
-    const auto fitting =
-        std::min(static_cast<std::size_t>(std::floor(above / lineHeight + 0.01F)), control.lines.size());
-    PlacedControl head = control, tail = control;
-    const std::uint32_t at =
-        fitting < control.lines.size() ? control.lines[fitting] : static_cast<std::uint32_t>(control.text.size());
-    head.text = control.text.substr(0, at);
-    head.lines = control.lines.first(fitting);
-    head.height = static_cast<float>(fitting) * lineHeight;
-    tail.height = control.height - head.height;
-    tail.text = control.text.substr(at);
-    const auto rest = arena.array<std::uint32_t>(control.lines.size() - fitting);
-    std::transform(control.lines.begin() + static_cast<std::ptrdiff_t>(fitting), control.lines.end(), rest.begin(),
-                   [at](std::uint32_t start) { return start - at; });
-    tail.lines = rest;
-    tail.top = 0;
-    if (fitting > 0) halves.head.push_back(head);
-    if (!tail.lines.empty()) halves.tail.push_back(tail);
-}
-
-void splitSubReport(const PlacedControl& control, float above, Arena& arena, Halves& halves) {
-    std::vector<PlacedSection> head, tail;
-    float shift = 0;
-    for (const PlacedSection& section : control.sections) {
-        if (tail.empty() && section.top + section.height <= above + 0.01F) {
-            head.push_back(section);
-            continue;
-        }
-        if (tail.empty()) {
-            PlacedSection first, rest;
-            // Only a section that starts the page and is higher than it is torn further.
-            if (head.empty() && splitSection(section, above - section.top, arena, first, rest)) {
-                head.push_back(first);
-                tail.push_back(rest);
-                shift = section.top + section.height - rest.height;
-                tail.back().top = 0;
-                continue;
-            }
-            shift = section.top;
-        }
-        tail.push_back(section);
-        tail.back().top -= shift;
-    }
-    const auto keep = [&arena](const std::vector<PlacedSection>& sections) {
-        const auto copy = arena.array<PlacedSection>(sections.size());
-        std::uninitialized_copy(sections.begin(), sections.end(), copy.begin());
-        return copy;
-    };
-    if (!head.empty()) {
-        PlacedControl part = control;
-        part.sections = keep(head);
-        part.height = stackedHeight(part.sections);
-        halves.head.push_back(part);
-    }
-    if (!tail.empty()) {
-        PlacedControl part = control;
-        part.sections = keep(tail);
-        part.height = std::max(stackedHeight(part.sections), control.height - above);
-        part.top = 0;
-        halves.waste = std::max(halves.waste, part.height - (control.height - above));
-        halves.wasteBelow = control.top + control.height;
-        halves.tail.push_back(part);
-    }
-}
-
-void splitBox(const PlacedControl& control, float above, Halves& halves) {
-    PlacedControl head = control, tail = control;
-    head.height = above;
-    tail.height = control.height - above;
-    tail.top = 0;
-    halves.head.push_back(head);
-    halves.tail.push_back(tail);
-}
-
-// The last height at which no control that must stay whole is torn.
-float cutOf(const PlacedSection& section, float available) {
-    float cut = available;
-    for (bool moved = true; moved;) {
-        moved = false;
-        for (const PlacedControl& control : section.controls) {
-            if (isSplittable(control) || control.top >= cut || bottomOf(control) <= cut + 0.01F) continue;
-            cut = control.top;
-            moved = true;
-        }
-    }
-    return cut;
-}
-
-}  // namespace
-
-bool splitSection(const PlacedSection& section, float available, Arena& arena, PlacedSection& head,
-                  PlacedSection& tail) {
-    const float cut = cutOf(section, available);
-    if (cut <= 0) return false;
-    Halves halves;
-    std::vector<const PlacedControl*> below;
-    for (const PlacedControl& control : section.controls) {
-        if (bottomOf(control) <= cut + 0.01F && control.top < cut) {
-            halves.head.push_back(control);
-        } else if (control.top >= cut) {
-            below.push_back(&control);
-        } else if (!control.sections.empty()) {
-            splitSubReport(control, cut - control.top, arena, halves);
-        } else if (control.lines.size() > 1) {
-            splitLines(control, cut - control.top, arena, halves);
-        } else {
-            splitBox(control, cut - control.top, halves);
-        }
-    }
-    if (halves.head.empty()) return false;
-    for (const PlacedControl* control : below) {
-        halves.tail.push_back(*control);
-        halves.tail.back().top -= cut - (control->top >= halves.wasteBelow ? halves.waste : 0);
-    }
-    const auto keep = [&arena](const std::vector<PlacedControl>& controls) {
-        const auto copy = arena.array<PlacedControl>(controls.size());
-        std::uninitialized_copy(controls.begin(), controls.end(), copy.begin());
-        return copy;
-    };
-    head = tail = section;
-    head.height = cut;
-    head.controls = keep(halves.head);
-    tail.continued = true;
-    tail.height = section.height - cut + halves.waste;
-    tail.controls = keep(halves.tail);
-    return true;
+LaidOut layOut(const Section& section, const LayoutRoom& room) {
+    return SectionLayout(section, room).run();
 }
 
 }  // namespace quillo

@@ -1,37 +1,42 @@
 #pragma once
 
-#include <atomic>
-#include <cstdint>
-#include <memory>
 #include <span>
-#include <utility>
 #include <vector>
 
-#include "framework/engine/controls.h"
-#include "framework/engine/engine.h"
+#include "framework/engine/report.h"
+#include "framework/engine/run_notes.h"
+#include "framework/engine/run_state.h"
 
 namespace quillo {
 
-// What one run shares between its report and its sub-reports.
-struct RunState {
-    TextMeasure& measure;
-    const RunOptions& options;
-    std::shared_ptr<RunNames> names = std::make_shared<RunNames>();
-    std::uint64_t id = 0;
-    Progress progress{};
-    Arena kept{};  // what stays for the whole run: the sub-reports of the page header
-    std::vector<std::pair<const SubReport*, std::span<const PlacedSection>>> filled{};
+// A section as it will print.
+struct LaidOut {
+    PlacedSection placed;
+    std::span<const float> breaks;  // tops of its enabled page breaks, ascending; what grew above them is counted
+    // A sub-report below which nothing stands and that has not run yet: it runs while its rows go to the pages. Its
+    // place is flowTop; the design leaves flowRoom below it.
+    const SubReport* flowing = nullptr;
+    const ControlInfo* flowInfo = nullptr;
+    float flowTop = 0, flowRoom = 0;
 };
 
-// Lays out a formatted section at the left top corner 0, 0 of what it will be placed on.
-PlacedSection layOut(Section& section, float width, Arena& arena, RunState& run);
+// Where a section is laid out.
+struct LayoutRoom {
+    const Report& report;
+    RunNotes& notes;
+    RunState& run;
+    Arena& arena;
+    float width = 0;
+    bool flows = false;  // whether a sub-report below which nothing stands may run later
+};
+
+// Lays out a formatted section at the left top corner 0, 0 of what it will be placed on. What grows pushes down what
+// stands below it, and the section is never lower than what it shows. A height that no section can have shows a box.
+LaidOut layOut(const Section& section, const LayoutRoom& room);
 
 // Height of sections stacked as a sub-report holds them.
 float stackedHeight(std::span<const PlacedSection> sections);
 
-// Cuts a section in two at the last place above available (twips) where nothing is torn: between the
-// controls, the lines of a text, the sections of a sub-report. False when nothing fits above.
-bool splitSection(const PlacedSection& section, float available, Arena& arena, PlacedSection& head,
-                  PlacedSection& tail);
+float bottomOf(const PlacedControl& control);
 
 }  // namespace quillo

@@ -70,7 +70,7 @@ const TextStyle* RunNames::style(const TextStyle& style) {
 const SectionInfo* RunNames::section(const SectionInfo& info) {
     return intern(sections_, info, [](const SectionInfo& a, const SectionInfo& b) {
         return a.name == b.name && a.kind == b.kind && a.level == b.level && a.bookmark == b.bookmark &&
-               a.fill == b.fill;
+               a.repeat == b.repeat && a.fill == b.fill;
     });
 }
 
@@ -84,6 +84,12 @@ const ChartData* RunNames::chart(const ChartData& chart) {
     return charts_.back().get();
 }
 
+std::span<const std::byte> RunNames::picture(std::span<const std::byte> file) {
+    for (const auto& known : pictures_)
+        if (std::equal(known.begin(), known.end(), file.begin(), file.end())) return known;
+    return pictures_.emplace_back(file.begin(), file.end());
+}
+
 PlacedSection copySection(const PlacedSection& section, Arena& arena) {
     PlacedSection copy = section;
     const auto controls = arena.array<PlacedControl>(section.controls.size());
@@ -95,9 +101,6 @@ PlacedSection copySection(const PlacedSection& section, Arena& arena) {
         const auto lines = arena.array<std::uint32_t>(from.lines.size());
         std::copy(from.lines.begin(), from.lines.end(), lines.begin());
         to.lines = lines;
-        const auto picture = arena.array<std::byte>(from.picture.size());
-        std::copy(from.picture.begin(), from.picture.end(), picture.begin());
-        to.picture = picture;
         const auto sections = arena.array<PlacedSection>(from.sections.size());
         for (std::size_t s = 0; s < sections.size(); ++s)
             new (&sections[s]) PlacedSection(copySection(from.sections[s], arena));
@@ -105,6 +108,25 @@ PlacedSection copySection(const PlacedSection& section, Arena& arena) {
     }
     copy.controls = controls;
     return copy;
+}
+
+bool shows(const PlacedControl& control) {
+    switch (control.info->kind) {
+        case ControlKind::line:
+        case ControlKind::shape:
+            return true;
+        default:
+            return !control.text.empty() || (control.style != nullptr && control.style->fill) ||
+                   !control.picture.empty() || control.chart != nullptr ||
+                   std::any_of(control.sections.begin(), control.sections.end(),
+                               [](const PlacedSection& inner) { return shows(inner); });
+    }
+}
+
+bool shows(const PlacedSection& section) {
+    return (section.info->fill && section.height > 0) ||
+           std::any_of(section.controls.begin(), section.controls.end(),
+                       [](const PlacedControl& control) { return shows(control); });
 }
 
 std::unique_ptr<Page> Page::clone() const {

@@ -67,6 +67,7 @@ struct SectionInfo {
     int level = 0;          // depth of the group, 1 the outermost; 0 for other sections
     bool bookmark = false;  // a group header that the document's outline lists
     std::optional<Color> fill;
+    bool repeat = false;  // a heading that stands again on each page that follows
 };
 
 struct ControlInfo {
@@ -109,6 +110,7 @@ struct PlacedSection {
     const SectionInfo* info = nullptr;
     float left = 0, top = 0, width = 0, height = 0;  // from the page's corner, or the sub-report's
     bool continued = false;                          // the rest of a section that began on the page before
+    bool repeat = false;                             // a heading that printed before and stands here again
     std::span<const PlacedControl> controls;
 };
 
@@ -120,6 +122,13 @@ public:
         return {static_cast<T*>(allocate(count * sizeof(T), alignof(T))), count};
     }
     std::string_view text(std::string_view source);
+    // A copy of values that need no destructor.
+    template <class T>
+    std::span<const T> keep(const std::vector<T>& values) {
+        const auto copy = array<T>(values.size());
+        std::uninitialized_copy(values.begin(), values.end(), copy.begin());
+        return copy;
+    }
     // Gives back all but the room itself.
     void clear();
     std::size_t capacity() const;
@@ -135,20 +144,23 @@ private:
     std::size_t used_ = 0;
 };
 
-// Styles, names and charts that pages point into: kept until the last page that uses them is gone. An entry never moves
-// nor changes, so that another thread may read those of its pages while the run adds new ones.
+// Styles, names, charts and pictures that pages point into: kept until the last page that uses them is gone. An entry
+// never moves nor changes, so that another thread may read those of its pages while the run adds new ones.
 class RunNames {
 public:
     const TextStyle* style(const TextStyle& style);
     const SectionInfo* section(const SectionInfo& info);
     const ControlInfo* control(const ControlInfo& info);
     const ChartData* chart(const ChartData& chart);
+    // The same bytes are kept once.
+    std::span<const std::byte> picture(std::span<const std::byte> file);
 
 private:
     std::vector<std::unique_ptr<TextStyle>> styles_;
     std::vector<std::unique_ptr<SectionInfo>> sections_;
     std::vector<std::unique_ptr<ControlInfo>> controls_;
     std::vector<std::unique_ptr<ChartData>> charts_;
+    std::vector<std::vector<std::byte>> pictures_;
 };
 
 struct PageSetup {
@@ -175,6 +187,11 @@ struct Page {
 
 // Copies a section with all that it points to into an arena.
 PlacedSection copySection(const PlacedSection& section, Arena& arena);
+
+// Whether anything of it can be seen: a text, a line, a box, a picture, a filled ground, or such a thing in a
+// sub-report.
+bool shows(const PlacedControl& control);
+bool shows(const PlacedSection& section);
 
 // Takes pages as soon as they can no longer change, in page order; finish() is called once, after a run that came to
 // its end; a sink that is destroyed without finish() leaves nothing behind.

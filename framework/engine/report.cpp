@@ -19,7 +19,11 @@ std::string_view designOf(const std::string& name) {
 }  // namespace
 
 UnboundFields::UnboundField& UnboundFields::Add(std::string name) {
-    return fields_.emplace_back(UnboundField{std::move(name), {}});
+    const int known = find(name);
+    if (known < 0) return fields_.emplace_back(UnboundField{std::move(name), {}});
+    UnboundField& field = fields_[static_cast<std::size_t>(known)];
+    field.Value = Variant();
+    return field;
 }
 
 int UnboundFields::find(std::string_view name) const {
@@ -102,8 +106,9 @@ void Report::setProperty(std::string_view property, const Variant& value) {
 }
 
 void Report::showFailure(std::string_view description, std::string_view procedure, int line) const {
+    const std::string place = line == 0 ? "" : " at line " + std::to_string(line);
     context_.messages().Show(std::string(description) + "\r\nin Quillo." + name_ + "." + std::string(procedure) +
-                             " at line " + std::to_string(line));
+                             place);
 }
 
 }  // namespace quillo

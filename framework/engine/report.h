@@ -12,21 +12,7 @@
 
 namespace quillo {
 
-// The laid-out pages that a report may still change at its end.
-class PageCollection {
-public:
-    virtual ~PageCollection() = default;
-    virtual int Count() const = 0;
-    // Number of the page on which the section printed last began, behind its last page break; 1 for the first.
-    virtual int PageNumber() const = 0;
-    // Whether the page at index (0 for the first) holds nothing but page header and footer. False for
-    // a page that has gone to the sink.
-    virtual bool isEmpty(int index) const = 0;
-    // Marks a page for removal. Throws EngineError when there is none or it has gone to the sink.
-    virtual void Remove(int index) = 0;
-    // Takes out the marked pages; those behind move up.
-    virtual void Commit() = 0;
-};
+class RunNotes;
 
 // Columns that a report fills by hand in ActiveReport_FetchData.
 class UnboundFields {
@@ -35,6 +21,7 @@ public:
         std::string name;
         Variant Value;
     };
+    // A field of that name that is there already stays, without its value.
     UnboundField& Add(std::string name);
     // Throws NameError when there is none.
     UnboundField& Item(std::string_view name);
@@ -45,8 +32,9 @@ private:
     std::deque<UnboundField> fields_;
 };
 
+// What a Format event may ask of the engine: both skipRow and dropRow give up the row, which then leaves no trace.
 namespace LayoutActions {
-inline constexpr int normal = 7, dropRow = 4;
+inline constexpr int normal = 7, skipRow = 2, dropRow = 4;
 }
 
 // A design and the events that give it life. A report is made for one run of one company and belongs to
@@ -73,8 +61,10 @@ public:
     Section& addSection(std::string name, SectionKind type, int index, float height);
     UnboundFields Fields;
     int LayoutAction = LayoutActions::normal;
-    // Only while the report runs.
-    PageCollection* Pages = nullptr;
+    bool drops() const { return LayoutAction == LayoutActions::skipRow || LayoutAction == LayoutActions::dropRow; }
+    // True takes out the empty pages that several page breaks in a row leave, as they come, so that none of the pages
+    // behind them waits for the report's end.
+    bool RemovesEmptyPages = false;
 
     virtual void ActiveReport_ReportStart() {}
     virtual void ActiveReport_DataInitialize() {}
@@ -84,11 +74,14 @@ public:
     void setProperty(std::string_view property, const Variant& value);
     std::vector<std::string> propertyNames() const;
 
-    // Shows the box of a failed step; the run goes on.
+    // Shows the box of a failed step; the run goes on. line 0: a failure that the engine found, which has none.
     void showFailure(std::string_view description, std::string_view procedure, int line) const;
 
-    // The engine's: fetches the next hand-fed row; absent when rows come from a recordset.
+    // The engine's: fetches the next hand-fed row, or is told of the next row of the recordset. eof comes in as
+    // whether the rows are at their end; true on return ends them.
     std::function<void(bool& eof)> fetchData;
+    // The engine's notes of its last run.
+    std::shared_ptr<RunNotes> notes;
     // The data control whose rows the engine walks; null when the design has none.
     DataControl* dataControl() const;
 

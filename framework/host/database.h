@@ -30,13 +30,34 @@ public:
     // Index of the first column of that name, or -1. A qualified name ("InvoiHdr.ExCurrencyId") that the
     // result does not have as it stands falls back to its last part.
     int find(std::string_view name) const;
-    // The value of a column in the current row. Throws NameError when there is no such column.
-    Variant Collect(std::string_view name) const;
+    // The value of a column in the current row, a copy to keep. Throws NameError when there is no such column.
+    Variant Collect(std::string_view name) const { return Variant(view(name)); }
+    // The same without a copy, until the next move.
     ValueView view(std::string_view name) const;
 
 private:
     using Columns = std::unordered_map<std::string, int, NameHash, NameEqual>;
     mutable Columns columns_;  // made at first use; wide results are asked by name on every row
+};
+
+// A column of the rows of one query, looked up once and then read on every row. It keeps its rows alive, and is
+// made anew for those of the next query.
+class Column {
+public:
+    Column() = default;
+    // Throws NameError when the rows have no such column, DatabaseError without rows.
+    Column(std::shared_ptr<const Recordset> rows, std::string_view name);
+    // The value in the row on which the rows stand, until their next move. Throws DatabaseError at the end, and of a
+    // column of no rows.
+    ValueView view() const {
+        if (!rows_) failWithoutRows();
+        return rows_->value(index_);
+    }
+
+private:
+    [[noreturn]] static void failWithoutRows();
+    std::shared_ptr<const Recordset> rows_;
+    int index_ = -1;
 };
 
 // Types that HostRecordset::Value is asked for.
@@ -80,9 +101,17 @@ public:
     virtual ~HostDatabase() = default;
     virtual std::string ConnectionString() const = 0;
     virtual std::unique_ptr<Command> newCommand() = 0;
-    // A look-up. mode 2 or 4, options 0, flag 0 as the reports pass them; a "?" takes the parameter.
+    // A look-up. mode 2 or 4, options 0, flag 0 as the reports pass them; the values take the "?" marks in order.
     virtual std::unique_ptr<HostRecordset> OpenRecordset(std::string_view text, int mode, int options,
-                                                         const Variant& parameter = {}, int flag = 0) = 0;
+                                                         const std::vector<Variant>& parameters, int flag = 0) = 0;
+    // The same with one mark, and without any.
+    std::unique_ptr<HostRecordset> OpenRecordset(std::string_view text, int mode, int options, const Variant& parameter,
+                                                 int flag = 0) {
+        return OpenRecordset(text, mode, options, std::vector<Variant>{parameter}, flag);
+    }
+    std::unique_ptr<HostRecordset> OpenRecordset(std::string_view text, int mode, int options) {
+        return OpenRecordset(text, mode, options, std::vector<Variant>());
+    }
 };
 
 }  // namespace quillo

@@ -1,11 +1,10 @@
 #include "framework/values/date.h"
 
-#include <charconv>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 
 #include "framework/values/errors.h"
+#include "framework/values/text.h"
 
 namespace quillo {
 namespace {
@@ -14,12 +13,23 @@ using namespace std::chrono;
 
 constexpr sys_days epoch = 1899y / December / 30d;
 
-std::optional<int> number(std::string_view text) {
+constexpr int firstYear = 100, lastYear = 9999;
+
+// A number of as many digits as the text has; read by hand, since journals read two dates a row.
+std::optional<int> number(std::string_view digits) {
     int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (text.empty() || text.front() == '-' || error != std::errc{} || end != text.data() + text.size())
-        return std::nullopt;
+    for (const char digit : digits) {
+        if (!isDigit(digit)) return std::nullopt;
+        value = value * 10 + (digit - '0');
+    }
     return value;
+}
+
+std::optional<Date> dayOf(int year, int month, int day) {
+    const year_month_day date{std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
+                              std::chrono::day(static_cast<unsigned>(day))};
+    if (year < firstYear || year > lastYear || !date.ok()) return std::nullopt;
+    return Date{static_cast<double>((sys_days(date) - epoch).count())};
 }
 
 std::optional<double> timeOfDay(std::string_view text) {
@@ -35,40 +45,44 @@ std::optional<double> timeOfDay(std::string_view text) {
 }  // namespace
 
 Date Date::fromCivil(int year, int month, int day) {
-    const year_month_day date{std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
-                              std::chrono::day(static_cast<unsigned>(day))};
-    if (year < 100 || year > 9999 || !date.ok()) throw ConversionError("There is no such date");
-    return {static_cast<double>((sys_days(date) - epoch).count())};
+    if (const auto date = dayOf(year, month, day)) return *date;
+    throw ConversionError("There is no such date");
 }
 
 Date::Civil Date::civil() const {
-    const year_month_day date{epoch + std::chrono::days(static_cast<long>(std::floor(days)))};
+    constexpr auto first = static_cast<double>((sys_days(year(firstYear) / January / 1) - epoch).count());
+    if (!(days >= first && days < noEndLimit.days + 1)) throw ConversionError("There is no such date");
+    const year_month_day date{epoch + std::chrono::days(static_cast<int>(std::floor(days)))};
     return {static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
             static_cast<int>(static_cast<unsigned>(date.day()))};
 }
 
+std::optional<Date> Date::parseIsoDay(std::string_view text) {
+    if (text.size() != 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
+    const auto year = number(text.substr(0, 4));
+    const auto month = number(text.substr(5, 2));
+    const auto day = number(text.substr(8, 2));
+    return year && month && day ? dayOf(*year, *month, *day) : std::nullopt;
+}
+
 std::optional<Date> Date::parseIso(std::string_view text) {
-    if (text.size() < 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
-    const auto y = number(text.substr(0, 4));
-    const auto m = number(text.substr(5, 2));
-    const auto d = number(text.substr(8, 2));
-    if (!y || !m || !d || *y < 100) return std::nullopt;
-    const year_month_day date{std::chrono::year(*y), std::chrono::month(static_cast<unsigned>(*m)),
-                              std::chrono::day(static_cast<unsigned>(*d))};
-    if (!date.ok()) return std::nullopt;
-    const double day = static_cast<double>((sys_days(date) - epoch).count());
-    if (text.size() == 10) return Date{day};
+    const auto day = parseIsoDay(text.substr(0, 10));
+    if (!day || text.size() == 10) return day;
     if (text[10] != ' ' && text[10] != 'T') return std::nullopt;
     const auto time = timeOfDay(text.substr(11));
     if (!time) return std::nullopt;
-    return Date{day + *time};
+    return Date{day->days + *time};
 }
 
 std::string Date::isoText() const {
     const Civil date = civil();
-    char buffer[16];
-    const int length = std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d", date.year, date.month, date.day);
-    return {buffer, static_cast<std::size_t>(length)};
+    std::string text;
+    appendDigits(text, static_cast<unsigned>(date.year), 4);
+    text += '-';
+    appendDigits(text, static_cast<unsigned>(date.month), 2);
+    text += '-';
+    appendDigits(text, static_cast<unsigned>(date.day), 2);
+    return text;
 }
 
 }  // namespace quillo

@@ -20,9 +20,13 @@ struct Date {
     };
     // Throws ConversionError when the calendar has no such day.
     static Date fromCivil(int year, int month, int day);
+    // Throws ConversionError for a count of days outside of the years 100 to 9999.
     Civil civil() const;
-    // YYYY-MM-DD, and nothing else; an optional time of day " HH:MM[:SS]" is taken too.
+    // YYYY-MM-DD, and nothing else.
+    static std::optional<Date> parseIsoDay(std::string_view text);
+    // The same, or with a time of day " HH:MM[:SS]" behind it.
     static std::optional<Date> parseIso(std::string_view text);
+    // Throws as civil does.
     std::string isoText() const;
 };
 

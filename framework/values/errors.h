@@ -36,4 +36,7 @@ struct EngineError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// The run was asked to stop. No failure, and no std::exception, so that no step shows it: the engine alone catches it.
+struct RunStopped {};
+
 }  // namespace quillo

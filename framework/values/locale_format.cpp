@@ -2,10 +2,10 @@
 
 #include <array>
 #include <cmath>
-#include <cstdio>
 
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "framework/values/text.h"
 
 namespace quillo {
 namespace {
@@ -51,23 +51,21 @@ void appendSigned(std::string& out, Money value, int decimals, bool grouped, con
     out += negative ? affixes.negativeSuffix : affixes.positiveSuffix;
 }
 
-bool isSpace(std::string_view text, std::size_t at, std::size_t& length) {
-    static constexpr std::string_view spaces[] = {" ", "\xC2\xA0", "\xE2\x80\xAF", "\xE2\x80\x89"};
-    for (const auto space : spaces) {
-        if (text.substr(at, space.size()) == space) {
-            length = space.size();
-            return true;
-        }
-    }
-    return false;
+// The blanks that locales put into amounts, as long as the first of them here; 0 for anything else.
+std::size_t blankLength(std::string_view text) {
+    const char first = text.front();
+    if (first > ' ' && first < 0x7F) return 0;  // most of an amount
+    for (const std::string_view blank : {" ", "\xC2\xA0", "\xE2\x80\xAF", "\xE2\x80\x89"})
+        if (text.starts_with(blank)) return blank.size();
+    return 0;
 }
 
-std::string withoutSpaces(std::string_view text) {
+std::string withoutBlanks(std::string_view text) {
     std::string result;
-    for (std::size_t at = 0; at < text.size();) {
-        std::size_t length = 1;
-        if (!isSpace(text, at, length)) result += text[at];
-        at += length;
+    while (!text.empty()) {
+        const std::size_t blank = blankLength(text);
+        if (blank == 0) result += text.front();
+        text.remove_prefix(std::max<std::size_t>(blank, 1));
     }
     return result;
 }
@@ -81,6 +79,17 @@ bool peel(std::string_view& text, const std::string& prefix, const std::string& 
 }
 
 }  // namespace
+
+LocaleFormat::LocaleFormat(LocaleSymbols symbols)
+    : symbols_(std::move(symbols)), shortDate_(compileDate(symbols_.shortDate)), group_(withoutBlanks(symbols_.group)) {
+    addShapes(symbols_.currency);
+    addShapes(symbols_.number);
+}
+
+void LocaleFormat::addShapes(const LocaleSymbols::Affixes& affixes) {
+    shapes_.push_back({withoutBlanks(affixes.negativePrefix), withoutBlanks(affixes.negativeSuffix), true});
+    shapes_.push_back({withoutBlanks(affixes.positivePrefix), withoutBlanks(affixes.positiveSuffix), false});
+}
 
 void LocaleFormat::appendCurrency(std::string& out, Money amount, int digits) const {
     appendSigned(out, amount, digits < 0 ? symbols_.currencyDigits : digits, true, symbols_, symbols_.currency);
@@ -112,27 +121,41 @@ std::string LocaleFormat::percent(double share, int digits) const {
     return text;
 }
 
-std::string LocaleFormat::shortDate(Date date) const {
-    const Date::Civil civil = date.civil();
-    const std::string& pattern = symbols_.shortDate;
-    std::string text;
-    for (std::size_t at = 0; at < pattern.size();) {
-        const char token = pattern[at];
-        std::size_t run = 1;
-        while (at + run < pattern.size() && pattern[at + run] == token) ++run;
-        char buffer[16];
-        const int width = run == 1 ? 1 : static_cast<int>(run);
-        const int value = token == 'y'   ? (run == 2 ? civil.year % 100 : civil.year)
-                          : token == 'M' ? civil.month
-                                         : civil.day;
-        if (token == 'y' || token == 'M' || token == 'd') {
-            std::snprintf(buffer, sizeof buffer, "%0*d", width, value);
-            text += buffer;
-        } else {
-            text.append(pattern, at, run);
-        }
-        at += run;
+std::vector<LocaleFormat::DatePart> LocaleFormat::compileDate(std::string_view pattern) {
+    using Kind = DatePart::Kind;
+    std::vector<DatePart> parts;
+    while (!pattern.empty()) {
+        const char token = pattern.front();
+        const std::size_t run = std::min(pattern.find_first_not_of(token), pattern.size());
+        const Kind kind = token == 'y'   ? (run == 2 ? Kind::yearOfCentury : Kind::year)
+                          : token == 'M' ? Kind::month
+                          : token == 'd' ? Kind::day
+                                         : Kind::text;
+        parts.push_back({kind, run, kind == Kind::text ? std::string(run, token) : std::string()});
+        pattern.remove_prefix(run);
     }
+    return parts;
+}
+
+void LocaleFormat::appendShortDate(std::string& out, Date date) const {
+    using Kind = DatePart::Kind;
+    const Date::Civil civil = date.civil();
+    for (const DatePart& part : shortDate_) {
+        const int number = part.kind == Kind::year            ? civil.year
+                           : part.kind == Kind::yearOfCentury ? civil.year % 100
+                           : part.kind == Kind::month         ? civil.month
+                                                              : civil.day;
+        if (part.kind == Kind::text) {
+            out += part.text;
+        } else {
+            appendDigits(out, static_cast<unsigned>(number), part.digits);
+        }
+    }
+}
+
+std::string LocaleFormat::shortDate(Date date) const {
+    std::string text;
+    appendShortDate(text, date);
     return text;
 }
 
@@ -152,7 +175,7 @@ void LocaleFormat::appendGeneral(std::string& out, const ValueView& value) const
             out += value.textView();
             return;
         case ValueKind::date:
-            out += shortDate(value.toDate());
+            appendShortDate(out, value.toDate());
             return;
         case ValueKind::boolean:
             out += value.toText();
@@ -163,59 +186,39 @@ void LocaleFormat::appendGeneral(std::string& out, const ValueView& value) const
     }
 }
 
-Money LocaleFormat::readMoney(std::string_view text) const {
-    const auto fail = [&]() -> Money {
-        throw ConversionError("Type mismatch: \"" + std::string(text) + "\" is not an amount");
-    };
-    const std::string compact = withoutSpaces(text);
-    bool negative = false;
-    std::string_view digits;
-    const LocaleSymbols::Affixes* all[] = {&symbols_.currency, &symbols_.number};
-    const auto matches = [&](const std::string& prefix, const std::string& suffix) {
-        digits = compact;
-        return peel(digits, withoutSpaces(prefix), withoutSpaces(suffix)) && !digits.empty() && digits.front() >= '0' &&
-               digits.front() <= '9';
-    };
-    bool found = false;
-    for (const auto* affixes : all) {
-        if (found) break;
-        if (matches(affixes->negativePrefix, affixes->negativeSuffix)) {
-            found = negative = true;
-        } else {
-            found = matches(affixes->positivePrefix, affixes->positiveSuffix);
-        }
-    }
-    if (!found && compact.size() > 2 && compact.front() == '(' && compact.back() == ')')
-        return -readMoney(std::string_view(compact).substr(1, compact.size() - 2));
-    if (!found) return fail();
-
-    const std::string group = withoutSpaces(symbols_.group);
+std::optional<Money> LocaleFormat::readDigits(std::string_view digits) const {
     std::string plain;
     bool point = false;
-    for (std::size_t at = 0; at < digits.size();) {
-        const auto rest = digits.substr(at);
-        if (rest.front() >= '0' && rest.front() <= '9') {
-            plain += rest.front();
-            ++at;
-        } else if (!point && rest.starts_with(symbols_.decimal)) {
+    while (!digits.empty()) {
+        std::size_t length = 1;
+        if (isDigit(digits.front())) {
+            plain += digits.front();
+        } else if (!point && digits.starts_with(symbols_.decimal)) {
             plain += '.';
             point = true;
-            at += symbols_.decimal.size();
-        } else if (!point && !group.empty() && rest.starts_with(group)) {
-            at += group.size();
+            length = symbols_.decimal.size();
+        } else if (!point && !group_.empty() && digits.starts_with(group_)) {
+            length = group_.size();
         } else {
-            return fail();
+            return std::nullopt;
         }
+        digits.remove_prefix(length);
     }
-    // Read digit by digit: a detour over a double would lose the last places of a big amount.
-    const auto dot = plain.find('.');
-    std::string decimals = dot == std::string::npos ? "" : plain.substr(dot + 1);
-    if (decimals.size() > 4) return fail();
-    decimals.resize(4, '0');
-    const std::string units = plain.substr(0, dot);
-    if (units.size() > 15) throw OverflowError("Overflow: the amount is too large");
-    const Money amount = Money::fromRaw(std::stoll(units) * Money::scale + std::stoll(decimals));
-    return negative ? -amount : amount;
+    return Money::parse(plain);
+}
+
+Money LocaleFormat::readMoney(std::string_view text) const {
+    const std::string compact = withoutBlanks(text);
+    for (const AmountShape& shape : shapes_) {
+        std::string_view digits = compact;
+        if (!peel(digits, shape.prefix, shape.suffix) || digits.empty() || !isDigit(digits.front())) continue;
+        const auto amount = readDigits(digits);
+        if (!amount) break;
+        return shape.negative ? -*amount : *amount;
+    }
+    if (compact.size() > 2 && compact.front() == '(' && compact.back() == ')')
+        return -readMoney(std::string_view(compact).substr(1, compact.size() - 2));
+    throw ConversionError("Type mismatch: \"" + std::string(text) + "\" is not an amount");
 }
 
 NumberFormat::Picture NumberFormat::compilePicture(std::string_view part, std::string_view whole) {
@@ -267,7 +270,7 @@ void NumberFormat::append(std::string& out, const ValueView& value, const Locale
         return;
     }
     if (kind_ == Kind::date) {
-        out += locale.shortDate(value.toDate());
+        locale.appendShortDate(out, value.toDate());
         return;
     }
     if (kind_ == Kind::percent) {

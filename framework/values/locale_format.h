@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "framework/values/date.h"
 #include "framework/values/money.h"
@@ -33,8 +35,8 @@ struct LocaleSymbols {
 // Halves round away from zero, as on a printed statement. Immutable: may be shared between threads.
 class LocaleFormat {
 public:
-    LocaleFormat() = default;
-    explicit LocaleFormat(LocaleSymbols symbols) : symbols_(std::move(symbols)) {}
+    LocaleFormat() : LocaleFormat(LocaleSymbols()) {}
+    explicit LocaleFormat(LocaleSymbols symbols);
 
     // digits: decimals, -1 for the locale's own.
     std::string currency(Money amount, int digits = -1) const;
@@ -42,7 +44,7 @@ public:
     std::string number(double value, int digits = -1) const;
     // A share of one: 0.125 is 12.5 %.
     std::string percent(double share, int digits = 2) const;
-    // Empty for Null. Time of day is not printed.
+    // Time of day is not printed. Throws ConversionError outside of the calendar.
     std::string shortDate(Date date) const;
     // A number as it is: no grouping, only the decimals that it has ("1.35", "1,35").
     std::string plainNumber(const ValueView& value) const;
@@ -51,6 +53,7 @@ public:
 
     void appendCurrency(std::string& out, Money amount, int digits = -1) const;
     void appendNumber(std::string& out, Money value, int digits) const;
+    void appendShortDate(std::string& out, Date date) const;
 
     // Reads what currency() and number() wrote; signs, grouping and currency marks of this locale.
     // Throws ConversionError when the text is not such a number.
@@ -59,7 +62,26 @@ public:
     const LocaleSymbols& symbols() const { return symbols_; }
 
 private:
+    // A piece of the short date's pattern: digits of the date, or a text that stands for itself.
+    struct DatePart {
+        enum class Kind { text, year, yearOfCentury, month, day };
+        Kind kind = Kind::text;
+        std::size_t digits = 0;  // at least
+        std::string text;
+    };
+    static std::vector<DatePart> compileDate(std::string_view pattern);
+    // What stands around the digits of an amount, without blanks.
+    struct AmountShape {
+        std::string prefix, suffix;
+        bool negative = false;
+    };
+    void addShapes(const LocaleSymbols::Affixes& affixes);
+    std::optional<Money> readDigits(std::string_view digits) const;
+
     LocaleSymbols symbols_;
+    std::vector<DatePart> shortDate_;
+    std::vector<AmountShape> shapes_;  // in the order in which reading tries them
+    std::string group_;                // without blanks
 };
 
 // A format of a design, compiled once: "Currency", "Percent", "Short Date", or a picture such as

@@ -1,5 +1,6 @@
 #include "framework/values/money.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -24,16 +25,17 @@ std::int64_t narrow(Wide value) {
 
 enum class Tie { toEven, away };
 
-Wide divideRounded(Wide numerator, Wide divisor, Tie tie) {
+// slack: what lies no further than that from a tie counts as the tie; in the unit of the numerator.
+Wide divideRounded(Wide numerator, Wide divisor, Tie tie, Wide slack = 0) {
     if (divisor < 0) {
         numerator = -numerator;
         divisor = -divisor;
     }
     Wide quotient = numerator / divisor;
     const Wide remainder = numerator % divisor;
-    const Wide twice = 2 * (remainder < 0 ? -remainder : remainder);
-    if (twice > divisor || (twice == divisor && (tie == Tie::away || quotient % 2 != 0)))
-        quotient += numerator < 0 ? -1 : 1;
+    const Wide beyondHalf = 2 * (remainder < 0 ? -remainder : remainder) - divisor;
+    const bool isTie = (beyondHalf < 0 ? -beyondHalf : beyondHalf) <= 2 * slack;
+    if (isTie ? tie == Tie::away || quotient % 2 != 0 : beyondHalf > 0) quotient += numerator < 0 ? -1 : 1;
     return quotient;
 }
 
@@ -44,13 +46,20 @@ std::int64_t stepOf(int digits) {
     return powers[static_cast<std::size_t>(digits)];
 }
 
-// The decimal value that a double stands for, as an integer of the given power; a value within two
-// units of the double's last place of a tie is that tie.
-long double scaled(double value, long double power) {
-    if (!std::isfinite(value)) overflow();
-    const long double product = static_cast<long double>(value) * power;
-    if (std::fabs(product) > 9.2e18L) overflow();
-    return product;
+// The product of an amount and a double, rounded once to a multiple of step (ten-thousandths). A double is an integer
+// over a power of two, and so the product is exact.
+Money rounded(std::int64_t raw, double rate, std::int64_t step, Tie tie) {
+    if (!(std::fabs(rate) < 0x1p63)) overflow();
+    constexpr int mantissa = std::numeric_limits<double>::digits;
+    constexpr int mostPlaces = 111;  // step over the power stays in 126 bits; what is cut off is below any slack
+    int exponent = 0;
+    std::frexp(rate, &exponent);
+    const int places = std::clamp(mantissa - exponent, 0, mostPlaces);
+    const Wide product = static_cast<Wide>(raw) * static_cast<std::int64_t>(std::ldexp(rate, places));
+    const Wide one = Wide{1} << places;  // a ten-thousandth
+    const Wide lastPlace = raw < 0 ? -static_cast<Wide>(raw) : static_cast<Wide>(raw);
+    const Wide slack = std::min(2 * lastPlace, one / 8);
+    return Money::fromRaw(narrow(divideRounded(product, one * step, tie, slack) * step));
 }
 
 }  // namespace
@@ -60,13 +69,26 @@ Money Money::fromInteger(std::int64_t units) {
 }
 
 Money Money::fromDouble(double value) {
-    const long double product = scaled(value, scale);
-    const long double whole = std::floor(product);
-    const long double part = product - whole;
-    const long double slack = std::fabs(product) * 4.5e-16L;
-    auto result = static_cast<std::int64_t>(whole);
-    if (part > 0.5L + slack || (part >= 0.5L - slack && result % 2 != 0)) ++result;
-    return fromRaw(result);
+    return rounded(scale, value, 1, Tie::toEven);
+}
+
+std::optional<Money> Money::parse(std::string_view text) {
+    const bool negative = text.starts_with('-');
+    if (negative) text.remove_prefix(1);
+    const auto point = std::min(text.find('.'), text.size());
+    const auto places = text.substr(std::min(point + 1, text.size()));
+    constexpr auto digits = "0123456789";
+    if (point == 0 || text.substr(0, point).find_first_not_of(digits) != text.npos ||
+        places.find_first_not_of(digits) != text.npos || places.size() > 4)
+        return std::nullopt;
+    Wide raw = 0;
+    const auto append = [&raw](char digit) {
+        raw = raw * 10 + (digit - '0');
+        if (raw > Wide{1} << 64) overflow();
+    };
+    for (const char digit : text.substr(0, point)) append(digit);
+    for (std::size_t i = 0; i < 4; ++i) append(i < places.size() ? places[i] : '0');
+    return fromRaw(narrow(negative ? -raw : raw));
 }
 
 std::string Money::toText() const {
@@ -88,12 +110,16 @@ Money Money::operator-() const {
 }
 
 Money& Money::operator+=(Money other) {
-    if (__builtin_add_overflow(raw_, other.raw_, &raw_)) overflow();
+    std::int64_t result = 0;
+    if (__builtin_add_overflow(raw_, other.raw_, &result)) overflow();
+    raw_ = result;
     return *this;
 }
 
 Money& Money::operator-=(Money other) {
-    if (__builtin_sub_overflow(raw_, other.raw_, &raw_)) overflow();
+    std::int64_t result = 0;
+    if (__builtin_sub_overflow(raw_, other.raw_, &result)) overflow();
+    raw_ = result;
     return *this;
 }
 
@@ -101,20 +127,8 @@ Money operator*(Money a, Money b) {
     return Money::fromRaw(narrow(divideRounded(static_cast<Wide>(a.raw_) * b.raw_, Money::scale, Tie::toEven)));
 }
 
-namespace {
-
-// Rates carry up to ten decimals; the product of amount and rate is then exact.
-constexpr std::int64_t rateScale = 10'000'000'000;
-
-Wide exactProduct(Money amount, double rate) {
-    const long double whole = std::round(scaled(rate, static_cast<long double>(rateScale)));
-    return static_cast<Wide>(amount.raw()) * static_cast<Wide>(whole);
-}
-
-}  // namespace
-
 Money operator*(Money amount, double rate) {
-    return Money::fromRaw(narrow(divideRounded(exactProduct(amount, rate), rateScale, Tie::toEven)));
+    return rounded(amount.raw_, rate, 1, Tie::toEven);
 }
 
 Money operator/(Money a, Money b) {
@@ -128,17 +142,11 @@ Money roundAmount(Money value, int digits) {
 }
 
 Money roundAmount(double value, int digits) {
-    const std::int64_t step = stepOf(digits);
-    const long double product = scaled(value, static_cast<long double>(Money::scale / step));
-    const long double nudged = std::fabs(product) * (1 + 4.5e-16L);
-    const auto units = static_cast<std::int64_t>(std::floor(nudged + 0.5L));
-    return Money::fromRaw(narrow(static_cast<Wide>(value < 0 ? -units : units) * step));
+    return rounded(Money::scale, value, stepOf(digits), Tie::away);
 }
 
 Money roundProduct(Money amount, double rate, int digits) {
-    const std::int64_t step = stepOf(digits);
-    return Money::fromRaw(
-        narrow(divideRounded(exactProduct(amount, rate), static_cast<Wide>(rateScale) * step, Tie::away) * step));
+    return rounded(amount.raw(), rate, stepOf(digits), Tie::away);
 }
 
 }  // namespace quillo

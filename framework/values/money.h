@@ -2,13 +2,21 @@
 
 #include <compare>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace quillo {
 
 // An amount of money: a 64-bit integer scaled by 10000, exact to the fourth decimal. Every
-// operation is checked and throws OverflowError. Products, quotients and doubles become money by
-// rounding half to even at the fourth decimal, as the accounts themselves are kept.
+// operation is checked and throws OverflowError; what throws leaves its value as it was. Products,
+// quotients and doubles become money by rounding half to even at the fourth decimal, as the accounts
+// themselves are kept.
+//
+// A double (a rate, a product) counts as exactly the binary fraction that it is, however small, and
+// is rounded once. Since the decimal that a person wrote is only near to it, what comes as near to a
+// tie as two units of the double's last place is that tie: 1.005 is 1.01 in cents, not 1.00. Never
+// more than an eighth of a ten-thousandth is forgiven so, that a big amount keeps its last place.
 class Money {
 public:
     static constexpr std::int64_t scale = 10000;
@@ -20,8 +28,11 @@ public:
         return money;
     }
     static Money fromInteger(std::int64_t units);
-    // Half to even at the fourth decimal of the decimal value that the double stands for.
+    // Throws OverflowError also for what is no number.
     static Money fromDouble(double value);
+    // Reads what toText writes, exactly. Nothing for every other text, a fifth decimal among them; throws OverflowError
+    // for a number that is too large.
+    static std::optional<Money> parse(std::string_view text);
 
     constexpr std::int64_t raw() const { return raw_; }
     double toDouble() const { return static_cast<double>(raw_) / static_cast<double>(scale); }
@@ -47,7 +58,7 @@ private:
 
 // Rounds half away from zero, as invoices are rounded. digits: 0 to 4 decimals.
 Money roundAmount(Money value, int digits);
-// The same for a product that is not money yet; a double within its own precision of a tie is a tie.
+// The same for a product that is not money yet.
 Money roundAmount(double value, int digits);
 // An amount times a rate, rounded once, half away from zero: 0.01 is never made out of 0.00499.
 Money roundProduct(Money amount, double rate, int digits);

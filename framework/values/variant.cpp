@@ -7,6 +7,7 @@
 
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "framework/values/text.h"
 
 namespace quillo {
 namespace {
@@ -23,29 +24,10 @@ std::string shortest(double value) {
 }
 
 bool parseNumber(std::string_view text, double& value) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    text = trimmed(text);
     if (!text.empty() && text.front() == '+') text.remove_prefix(1);
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     return !text.empty() && error == std::errc{} && end == text.data() + text.size() && std::isfinite(value);
-}
-
-// A plain decimal with up to four places, read without the detour over a double that would cost a big amount its cents.
-bool parseExact(std::string_view text, Money& amount) {
-    const bool negative = !text.empty() && text.front() == '-';
-    if (negative) text.remove_prefix(1);
-    const auto point = std::min(text.find('.'), text.size());
-    const auto places = text.substr(std::min(point + 1, text.size()));
-    if (point == 0 || point > 14 || places.size() > 4) return false;
-    std::int64_t raw = 0;
-    for (std::size_t i = 0; i < point + 4 + (point < text.size() ? 1 : 0); ++i) {
-        if (i == point && point < text.size()) continue;
-        const char digit = i < text.size() ? text[i] : '0';
-        if (digit < '0' || digit > '9') return false;
-        raw = raw * 10 + (digit - '0');
-    }
-    amount = Money::fromRaw(negative ? -raw : raw);
-    return true;
 }
 
 std::int64_t wholeOf(double value, const ValueView& origin) {
@@ -163,11 +145,10 @@ Money ValueView::toMoney() const {
         case ValueKind::int32:
         case ValueKind::int64:
             return Money::fromInteger(integer_);
-        case ValueKind::text: {
-            Money exact;
-            if (parseExact(text_, exact)) return exact;
+        case ValueKind::text:
+            // A detour over a double would cost a big amount its cents.
+            if (const auto exact = Money::parse(text_)) return *exact;
             [[fallthrough]];
-        }
         default:
             return Money::fromDouble(toDouble());
     }

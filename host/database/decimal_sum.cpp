@@ -25,18 +25,20 @@ Wide partsOf(double value) {
 }  // namespace
 
 void DecimalSum::add(std::int64_t value) {
-    if (__builtin_add_overflow(ones_, value, &ones_)) throw OverflowError("integer overflow");
+    std::int64_t sum = 0;
+    if (__builtin_add_overflow(ones_, value, &sum)) throw OverflowError("integer overflow");
+    ones_ = sum;
 }
 
 void DecimalSum::add(double value) {
-    fractions_ = true;
-    if (!(std::fabs(value) < most)) {
+    if (std::fabs(value) < most) {
+        const Wide parts = partsOf(value) + parts_;
+        add(static_cast<std::int64_t>(parts / partsOfOne));
+        parts_ = static_cast<std::int64_t>(parts % partsOfOne);
+    } else {
         beyond_ += value;
-        return;
     }
-    const Wide parts = partsOf(value) + parts_;
-    add(static_cast<std::int64_t>(parts / partsOfOne));
-    parts_ = static_cast<std::int64_t>(parts % partsOfOne);
+    fractions_ = true;
 }
 
 double DecimalSum::real() const {

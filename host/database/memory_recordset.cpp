@@ -4,6 +4,7 @@
 #include <string>
 
 #include "framework/values/errors.h"
+#include "framework/values/text.h"
 #include "host/database/row_filter.h"
 
 namespace quillo {
@@ -11,7 +12,7 @@ namespace {
 
 class MemoryRecordset final : public Recordset {
 public:
-    MemoryRecordset(std::shared_ptr<const RowSet> rows, std::vector<std::size_t> shown)
+    MemoryRecordset(std::shared_ptr<const RowSet> rows, std::vector<std::uint32_t> shown)
         : rows_(std::move(rows)), shown_(std::move(shown)) {}
 
     bool atEnd() const override { return position_ >= shown_.size(); }
@@ -28,11 +29,11 @@ public:
 
 private:
     std::shared_ptr<const RowSet> rows_;
-    std::vector<std::size_t> shown_;
+    std::vector<std::uint32_t> shown_;
     std::size_t position_ = 0;
 };
 
-Variant converted(const Variant& value, int type) {
+Variant converted(const ValueView& value, int type) {
     if (value.isNull()) return {};
     switch (type) {
         case ValueType::integer:
@@ -71,11 +72,11 @@ void MemoryHostRecordset::MoveNext() {
 }
 
 void MemoryHostRecordset::setFilter(std::string_view condition) {
-    std::vector<std::size_t> all(rows_->rowCount());
-    std::iota(all.begin(), all.end(), std::size_t{0});
-    if (condition.find_first_not_of(" \t\r\n") != std::string_view::npos) {
+    std::vector<std::uint32_t> all(rows_->rowCount());
+    std::iota(all.begin(), all.end(), 0U);
+    if (!trimmed(condition).empty()) {
         const RowFilter filter(condition, *rows_);
-        std::erase_if(all, [&](std::size_t row) { return !filter.matches(*rows_, row); });
+        std::erase_if(all, [&](std::uint32_t row) { return !filter.matches(*rows_, row); });
     }
     shown_ = std::move(all);
     position_ = 0;

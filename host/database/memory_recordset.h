@@ -26,7 +26,7 @@ public:
 
 private:
     std::shared_ptr<const RowSet> rows_;
-    std::vector<std::size_t> shown_;
+    std::vector<std::uint32_t> shown_;  // rows, in their order
     std::size_t position_ = 0;
 };
 

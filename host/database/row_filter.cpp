@@ -13,7 +13,7 @@ namespace {
 using Condition = RowFilter::Condition;
 using Truth = std::optional<bool>;
 
-int compareValues(const Variant& value, const Variant& literal) {
+int compareValues(const ValueView& value, const Variant& literal) {
     const auto order = [](auto a, auto b) { return a < b ? -1 : a > b ? 1 : 0; };
     // True is any number but 0 here, as it is in the database.
     if (value.kind() == ValueKind::boolean) return order(value.toBool(), literal.toBool());
@@ -89,7 +89,7 @@ private:
         if (cursor_.take("LIKE")) {
             const Variant pattern = literal();
             return [column, text = pattern.textOrEmpty()](const RowSet& rows, std::size_t row) -> Truth {
-                const Variant& value = rows.at(row, column);
+                const ValueView value = rows.at(row, column);
                 if (value.isNull()) return std::nullopt;
                 return matchesLike(value.toText(), text);
             };
@@ -100,7 +100,7 @@ private:
             return nullTest(column, sign == "=");
         }
         return [column, sign, wanted = literal()](const RowSet& rows, std::size_t row) -> Truth {
-            const Variant& value = rows.at(row, column);
+            const ValueView value = rows.at(row, column);
             if (value.isNull()) return std::nullopt;
             return holds(sign, compareValues(value, wanted));
         };
@@ -120,7 +120,14 @@ private:
         return column;
     }
 
-    Variant literal() { return cursor_.rest().starts_with('#') ? date() : cursor_.literal(); }
+    Variant literal() {
+        if (cursor_.rest().starts_with('#')) return date();
+        constexpr std::size_t length = 10;
+        const auto day = Date::parseIsoDay(cursor_.rest().substr(0, length));
+        if (!day) return cursor_.literal();
+        cursor_.moveTo(cursor_.position() + length);
+        return *day;
+    }
 
     Variant date() {
         const std::string_view rest = cursor_.rest();

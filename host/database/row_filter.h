@@ -10,6 +10,7 @@ namespace quillo {
 
 // A condition on the columns of rows in memory:
 //   Name LIKE 'A%' AND (Amount >= 10.5 OR NOT Due < #2024-01-31#) AND Code IS NOT NULL
+// A day is written with or without its signs: 2024-01-31.
 // = Null and <> Null ask the same as IS NULL and IS NOT NULL; every other comparison with a Null is
 // neither true nor false.
 class RowFilter {

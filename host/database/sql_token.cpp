@@ -3,19 +3,13 @@
 #include <algorithm>
 
 #include "framework/values/names.h"
+#include "framework/values/text.h"
 
 namespace quillo::sql {
 namespace {
 
-bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 bool startsWord(char c) {
-    const char lower = lowerLetter(c);
-    return (lower >= 'a' && lower <= 'z') || c == '_' || c == '@' || c == '#' || static_cast<unsigned char>(c) >= 0x80;
+    return isLetter(c) || c == '_' || c == '@' || c == '#' || static_cast<unsigned char>(c) >= 0x80;
 }
 bool continuesWord(char c) {
     return startsWord(c) || isDigit(c) || c == '$';

@@ -76,7 +76,8 @@ SqliteConnection::Limit::Limit(SqliteConnection& connection, int seconds) : conn
 
 void SqliteConnection::fail(const sqlite::Error& failure) const {
     if ((failure.code & 0xFF) != SQLITE_INTERRUPT) throw DatabaseError(failure.what());
-    throw DatabaseError(stopped() ? "The query was stopped" : "The query took longer than its time limit");
+    if (stopped()) throw RunStopped();
+    throw DatabaseError("The query took longer than its time limit");
 }
 
 void SqliteConnection::trace(std::string_view text, const std::vector<Variant>& parameters) {

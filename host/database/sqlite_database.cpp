@@ -4,7 +4,6 @@
 
 #include "framework/values/errors.h"
 #include "host/database/memory_recordset.h"
-#include "host/database/sql_token.h"
 
 namespace quillo {
 namespace {
@@ -48,12 +47,6 @@ private:
     std::vector<Compiled> compiled_;
 };
 
-bool hasMark(std::string_view text) {
-    const auto all = sql::tokens(text);
-    return std::any_of(all.begin(), all.end(),
-                       [](const sql::Token& token) { return token.kind == sql::TokenKind::mark; });
-}
-
 }  // namespace
 
 SqliteDatabase::SqliteDatabase(const std::string& path)
@@ -73,11 +66,9 @@ std::shared_ptr<SqliteQuery> SqliteDatabase::lookUp(const std::string& text) {
     return query;
 }
 
-std::unique_ptr<HostRecordset> SqliteDatabase::OpenRecordset(std::string_view text, int, int, const Variant& parameter,
-                                                             int) {
-    std::vector<Variant> parameters;
+std::unique_ptr<HostRecordset> SqliteDatabase::OpenRecordset(std::string_view text, int, int,
+                                                             const std::vector<Variant>& parameters, int) {
     const std::string written(text);
-    if (!parameter.isNull() || hasMark(text)) parameters.push_back(parameter);
     connection_->trace(written, parameters);
     const auto query = lookUp(written);
     query->bind(parameters);

@@ -20,8 +20,9 @@ public:
     std::string ConnectionString() const override { return connectionString_; }
     std::unique_ptr<Command> newCommand() override;
     // The statements of look-ups stay compiled, because reports ask the same for each row.
+    using HostDatabase::OpenRecordset;
     std::unique_ptr<HostRecordset> OpenRecordset(std::string_view text, int mode, int options,
-                                                 const Variant& parameter = {}, int flag = 0) override;
+                                                 const std::vector<Variant>& parameters, int flag = 0) override;
 
     // While the flag is true, running statements end with a failure; it must outlive the database.
     void setStopFlag(const std::atomic<bool>* stop) { connection_->setStopFlag(stop); }

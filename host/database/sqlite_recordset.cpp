@@ -8,6 +8,7 @@
 
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "framework/values/text.h"
 
 namespace quillo {
 namespace {
@@ -27,24 +28,6 @@ Kind kindOf(const char* declared, std::string_view name) {
     if (equalNames(first, "DATE")) return Kind::date;
     if (equalNames(first, "BOOLEAN")) return Kind::boolean;
     return Kind::plain;
-}
-
-// Exactly YYYY-MM-DD; read by hand, since journals read two dates a row.
-std::optional<Date> isoDay(std::string_view text) {
-    if (text.size() != 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
-    unsigned digits[8];
-    unsigned count = 0;
-    for (const std::size_t at : {0U, 1U, 2U, 3U, 5U, 6U, 8U, 9U}) {
-        const auto digit = static_cast<unsigned>(text[at]) - '0';
-        if (digit > 9) return std::nullopt;
-        digits[count++] = digit;
-    }
-    using namespace std::chrono;
-    const year_month_day day{year(static_cast<int>(digits[0] * 1000 + digits[1] * 100 + digits[2] * 10 + digits[3])),
-                             month(digits[4] * 10 + digits[5]), std::chrono::day(digits[6] * 10 + digits[7])};
-    constexpr sys_days first = 1899y / December / 30d;
-    if (!day.ok() || day.year() < 100y) return std::nullopt;
-    return Date{static_cast<double>((sys_days(day) - first).count())};
 }
 
 // Amounts are kept to at most four decimals: one multiplication finds them, and only what lies
@@ -70,9 +53,8 @@ ValueView textView(sqlite3_stmt* statement, int column, Kind kind) {
     if (data == nullptr) return ValueView::ofText({});
     const std::string_view text(data, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
     if (kind == Kind::date || kind == Kind::maybeDate) {
-        if (const auto day = isoDay(text)) return ValueView::ofDate(*day);
-        if (kind == Kind::date)
-            if (const auto moment = Date::parseIso(text)) return ValueView::ofDate(*moment);
+        const auto date = kind == Kind::date ? Date::parseIso(text) : Date::parseIsoDay(text);
+        if (date) return ValueView::ofDate(*date);
     }
     return ValueView::ofText(text);
 }
@@ -106,8 +88,7 @@ void bindValue(sqlite::Statement& statement, int index, const Variant& value) {
         const std::chrono::hh_mm_ss time{std::chrono::seconds(seconds < 86400 ? seconds : 86399)};
         const auto append = [&](char mark, auto count) {
             text += mark;
-            text += static_cast<char>('0' + count / 10);
-            text += static_cast<char>('0' + count % 10);
+            appendDigits(text, static_cast<unsigned>(count), 2);
         };
         append(' ', time.hours().count());
         append(':', time.minutes().count());

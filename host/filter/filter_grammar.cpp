@@ -1,6 +1,9 @@
 #include "host/filter/filter_grammar.h"
 
+#include <algorithm>
+
 #include "framework/values/errors.h"
+#include "framework/values/text.h"
 #include "host/database/sql_cursor.h"
 
 namespace quillo {
@@ -36,13 +39,13 @@ void refuseBars(std::string_view text, const std::string& subject) {
 class ConditionParser {
 public:
     ConditionParser(std::string_view text, const std::string& subject, const FilterScope& scope)
-        : cursor_(text, subject), scope_(scope) {}
+        : text_(text), cursor_(text, subject), scope_(scope) {}
 
-    std::optional<FilterCondition> whole() {
+    std::optional<FilterWhere> whole() {
         if (cursor_.atEnd()) return std::nullopt;
         FilterCondition condition = alternatives();
         if (!cursor_.atEnd()) cursor_.refuse("AND, OR or the end");
-        return condition;
+        return FilterWhere{std::move(condition), std::string(trimmed(sql_.append(text_.substr(copied_))))};
     }
 
 private:
@@ -84,7 +87,7 @@ private:
 
     FilterCondition test() {
         FilterCondition condition;
-        condition.column = columnAt(cursor_, scope_);
+        condition.column = column();
         if (cursor_.take("IS")) {
             condition.kind = Kind::isNull;
             condition.negated = cursor_.take("NOT");
@@ -122,17 +125,28 @@ private:
     FilterOperand operand() {
         if (cursor_.startsLiteral()) return cursor_.literal();
         if (cursor_.peek().kind != TokenKind::word) cursor_.refuse("a value or a column");
-        return columnAt(cursor_, scope_);
+        return column();
     }
 
+    FilterColumn column() {
+        const std::size_t start = cursor_.position();
+        FilterColumn found = columnAt(cursor_, scope_);
+        sql_.append(text_.substr(copied_, start - copied_)).append(found.sql());
+        copied_ = start + trimmed(text_.substr(start, cursor_.position() - start)).size();
+        return found;
+    }
+
+    std::string_view text_;
     sql::Cursor cursor_;
     const FilterScope& scope_;
     int depth_ = 0;
+    std::string sql_;         // the condition as a query takes it,
+    std::size_t copied_ = 0;  // up to here in the text
 };
 
 }  // namespace
 
-std::optional<FilterCondition> parseFilterCondition(std::string_view text, const FilterScope& scope) {
+std::optional<FilterWhere> parseFilterCondition(std::string_view text, const FilterScope& scope) {
     const std::string subject = "The filter's condition";
     refuseBars(text, subject);
     return ConditionParser(text, subject, scope).whole();
@@ -148,7 +162,9 @@ std::vector<FilterOrder> parseFilterOrder(std::string_view text, const FilterSco
         FilterOrder order{columnAt(cursor, scope)};
         order.descending = cursor.take("DESC");
         if (!order.descending) cursor.take("ASC");
-        orders.push_back(std::move(order));
+        const bool again = std::any_of(orders.begin(), orders.end(),
+                                       [&](const FilterOrder& before) { return before.column == order.column; });
+        if (!again) orders.push_back(std::move(order));
     } while (cursor.takeSymbol(","));
     if (!cursor.atEnd()) cursor.refuse("\",\" or the end");
     return orders;

@@ -32,9 +32,16 @@ struct FilterOrder {
     bool descending = false;
 };
 
+// A condition as it was understood, and as a query takes it: as it was written, but each column as
+// "Table.Column".
+struct FilterWhere {
+    FilterCondition condition;
+    std::string sql;
+};
+
 // Nothing for blanks alone. Throw InputError with the character at which the text is refused, and what
-// stands there.
-std::optional<FilterCondition> parseFilterCondition(std::string_view text, const FilterScope& scope);
+// stands there. A column that the order names again sorts nothing any more and is left out.
+std::optional<FilterWhere> parseFilterCondition(std::string_view text, const FilterScope& scope);
 std::vector<FilterOrder> parseFilterOrder(std::string_view text, const FilterScope& scope);
 
 }  // namespace quillo

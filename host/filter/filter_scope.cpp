@@ -5,18 +5,9 @@
 
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "framework/values/text.h"
 
 namespace quillo {
-namespace {
-
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first);
-}
-
-}  // namespace
-
 FilterScope::FilterScope(std::string_view list, const Catalogue& catalogue) {
     while (!list.empty()) {
         const auto comma = list.find(',');

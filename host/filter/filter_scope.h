@@ -12,6 +12,10 @@ namespace quillo {
 struct FilterColumn {
     std::string table;
     std::string column;
+
+    // "Table.Column": a query may join further tables that have a column of that name.
+    std::string sql() const { return table + "." + column; }
+    bool operator==(const FilterColumn&) const = default;
 };
 
 // The columns over which a report lets its user filter: those of a list of tables and columns such as

@@ -1,16 +1,18 @@
 #include "host/filter/filter_tool.h"
 
 #include "framework/values/errors.h"
+#include "framework/values/text.h"
 #include "host/filter/filter_grammar.h"
 #include "host/filter/filter_words.h"
 
 namespace quillo {
 namespace {
 
-std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first);
+std::string orderText(const std::vector<FilterOrder>& orders) {
+    std::string text;
+    for (const FilterOrder& order : orders)
+        text += (text.empty() ? "" : ", ") + order.column.sql() + (order.descending ? " DESC" : "");
+    return text;
 }
 
 }  // namespace
@@ -31,15 +33,14 @@ void HeadlessFilterTool::GetFilter(const std::string& Tables, bool, bool, bool& 
 }
 
 std::string HeadlessFilterTool::checked(const std::string& tables) {
-    const std::string where = trimmed(choice_.where);
-    const std::string order = trimmed(choice_.order);
-    if (where.empty() && order.empty()) return {};
+    if (trimmed(choice_.where).empty() && trimmed(choice_.order).empty()) return {};
     const FilterScope scope(tables, catalogue_);
-    const auto condition = parseFilterCondition(where, scope);
-    const auto columns = parseFilterOrder(order, scope);
-    info_.where = condition ? conditionInWords(*condition, context_) : "";
+    const auto where = parseFilterCondition(choice_.where, scope);
+    const auto columns = parseFilterOrder(choice_.order, scope);
+    info_.where = where ? conditionInWords(where->condition, context_) : "";
     info_.order = orderInWords(columns, context_);
-    return where + "|" + (choice_.leadingSeparator && !order.empty() ? ", " : "") + order;
+    return (where ? where->sql : "") + "|" + (choice_.leadingSeparator && !columns.empty() ? ", " : "") +
+           orderText(columns);
 }
 
 }  // namespace quillo

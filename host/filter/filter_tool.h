@@ -23,7 +23,8 @@ public:
     using Deliver = std::function<void(const std::string& filter)>;
 
     // deliver takes where part, "|" and order part, or an empty text when both are empty: the report's
-    // IFilterableReport_Filter. Catalogue and context must outlive the tool.
+    // IFilterableReport_Filter. Columns are delivered as "Table.Column", however they were asked for. Catalogue and
+    // context must outlive the tool.
     HeadlessFilterTool(FilterChoice choice, const Catalogue& catalogue, const HostContext& context, Deliver deliver);
 
     // A choice that is refused cancels, as a user who sees the refusal would; failure() then tells the place.

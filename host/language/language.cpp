@@ -7,19 +7,13 @@
 #include <iterator>
 
 #include "framework/values/errors.h"
+#include "framework/values/text.h"
 #include "host/language/placeholders.h"
 
 namespace quillo {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r";
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
-}
 
 std::string_view unquoted(std::string_view text) {
     const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';

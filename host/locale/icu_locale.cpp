@@ -12,6 +12,7 @@
 
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "framework/values/text.h"
 
 namespace quillo {
 namespace {
@@ -49,8 +50,21 @@ std::u16string knownCurrency(std::string_view code) {
     return currency;
 }
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
+icu::UnicodeString narrowSignIn(const char* locale, const std::u16string& currency, UErrorCode& status) {
+    int32_t length = 0;
+    const UChar* sign = ucurr_getName(currency.c_str(), locale, UCURR_NARROW_SYMBOL_NAME, nullptr, &length, &status);
+    return U_FAILURE(status) ? icu::UnicodeString() : icu::UnicodeString(sign, length);
+}
+
+// The books are kept in one currency, and so its sign tells no country: "$", never "CA$" or "CAD". A sign of the
+// locale's own ("kr.") stays.
+void signNarrowly(icu::DecimalFormat& format, const std::u16string& currency, const char* locale, UErrorCode& status) {
+    const icu::UnicodeString own = narrowSignIn(locale, currency, status);
+    const icu::UnicodeString plain = narrowSignIn("root", currency, status);
+    icu::DecimalFormatSymbols signs(*format.getDecimalFormatSymbols());
+    const bool tellsCountry = own.endsWith(plain) || own == icu::UnicodeString(currency.c_str());
+    signs.setSymbol(icu::DecimalFormatSymbols::kCurrencySymbol, tellsCountry ? plain : own);
+    format.setDecimalFormatSymbols(signs);
 }
 
 // What stands before the first digit and behind the last one: the signs as they come out in print,
@@ -70,8 +84,8 @@ LocaleSymbols::Affixes affixesOf(const icu::DecimalFormat& format) {
     return affixes;
 }
 
-const icu::DecimalFormat& decimal(const std::unique_ptr<icu::NumberFormat>& format, std::string_view locale) {
-    const auto* result = dynamic_cast<const icu::DecimalFormat*>(format.get());
+icu::DecimalFormat& decimal(const std::unique_ptr<icu::NumberFormat>& format, std::string_view locale) {
+    auto* result = dynamic_cast<icu::DecimalFormat*>(format.get());
     if (result == nullptr) check(U_UNSUPPORTED_ERROR, locale);
     return *result;
 }
@@ -104,6 +118,7 @@ LocaleFormat makeLocaleFormat(std::string_view name, std::string_view currencyCo
     const std::unique_ptr<icu::NumberFormat> percents(icu::NumberFormat::createPercentInstance(locale, status));
     check(status, name);
     amounts->setCurrency(currency.c_str(), status);
+    signNarrowly(decimal(amounts, name), currency, locale.getName(), status);
     check(status, name);
 
     const icu::DecimalFormat& number = decimal(numbers, name);

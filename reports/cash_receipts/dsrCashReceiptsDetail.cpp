@@ -22,6 +22,8 @@ dsrCashReceiptsDetail::dsrCashReceiptsDetail(HostContext& context)
 }
 
 void dsrCashReceiptsDetail::ActiveReport_ReportStart() {
+    // The footer's two page breaks leave an empty page. The journal of one transaction keeps it: meant.
+    RemovesEmptyPages = SeqNo == 0;
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(m_bUsesProjects = MUtils::HasUnknownProject(context()));
     STEP(m_bAccountNumbers = usesAccountNumbers(context()));
@@ -213,7 +215,6 @@ void dsrCashReceiptsDetail::ReportFooter_Format() {
 }
 
 void dsrCashReceiptsDetail::ActiveReport_ReportEnd() {
-    if (SeqNo == 0) STEP(removeEmptyPage());
     dsrCashReceiptsDetailSubreport.Object.reset();
 }
 

@@ -7,7 +7,7 @@
 namespace quillo {
 
 dsrCustCustomFieldList::dsrCustCustomFieldList(HostContext& context)
-    : FilterableReport("dsrCustCustomFieldList", context, {.titleId = 6217, .keepsDates = false}) {
+    : FilterableReport("dsrCustCustomFieldList", context, {.titleId = 6217, .keepsDateFrom = false}) {
     onFetchData(&dsrCustCustomFieldList::ActiveReport_FetchData);
     onFormat("PageHeader", &dsrCustCustomFieldList::PageHeader_Format);
     onFormat("ghCustId", &dsrCustCustomFieldList::ghCustId_Format);
@@ -25,36 +25,38 @@ void dsrCustCustomFieldList::ActiveReport_ReportStart() {
     if (!askFilter("Cust")) return;
     STEP(sql += whereClause(filterParts(), OwnWhere::yes));
     STEP(sql += orderClause(filterParts(), " ORDER BY CustId"));
-    STEP(rcsCustCustomFieldList.Recordset = execute(sql));
+    STEP(m_customers = execute(sql));
     STEP(Translate());
     STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport));
 }
 
 void dsrCustCustomFieldList::ActiveReport_DataInitialize() {
-    STEP(Fields.Add("FieldCaption"));
-    STEP(Fields.Add("FieldValue"));
-}
-
-void dsrCustCustomFieldList::readValues() {
-    m_next = 0;
-    m_values = context().company().customFields().Values("Cust", rcsCustCustomFieldList.Collect("InCustId").toInt32());
-    std::erase_if(m_values, [](const CustomFieldValue& field) { return field.value.empty(); });
+    for (const char* name : {"InCustId", "CustId", "Name", "FieldCaption", "FieldValue"}) Fields.Add(name);
 }
 
 // One fetch a value; a customer without values gives one empty row, so that its line prints.
 void dsrCustCustomFieldList::ActiveReport_FetchData(bool& eof) {
-    const bool moreValues = m_next < m_values.size();
-    if (!moreValues) {
-        if (m_started && !rcsCustCustomFieldList.atEnd()) rcsCustCustomFieldList.Recordset->moveNext();
-        m_started = true;
-        eof = rcsCustCustomFieldList.atEnd();
-        if (eof) return;
-        m_values.clear();
-        STEP(readValues());
-    }
+    eof = m_next == m_values.size() && !nextCustomer();
+    if (eof) return;
     const CustomFieldValue field = m_next < m_values.size() ? m_values[m_next++] : CustomFieldValue();
-    STEP(Fields.Item("FieldCaption").Value = field.caption);
-    STEP(Fields.Item("FieldValue").Value = field.value);
+    Fields.Item("FieldCaption").Value = field.caption;
+    Fields.Item("FieldValue").Value = field.value;
+}
+
+bool dsrCustCustomFieldList::nextCustomer() {
+    if (m_started && m_customers) m_customers->moveNext();
+    m_started = true;
+    if (!m_customers || m_customers->atEnd()) return false;
+    for (const char* column : {"InCustId", "CustId", "Name"}) Fields.Item(column).Value = m_customers->Collect(column);
+    m_next = 0;
+    m_values.clear();
+    STEP(readValues());
+    return true;
+}
+
+void dsrCustCustomFieldList::readValues() {
+    m_values = context().company().customFields().Values("Cust", customerKey().toInt32());
+    std::erase_if(m_values, [](const CustomFieldValue& field) { return field.value.empty(); });
 }
 
 void dsrCustCustomFieldList::PageHeader_Format() {
@@ -69,14 +71,13 @@ void dsrCustCustomFieldList::ReplacePageHeaderControls() {
 }
 
 void dsrCustCustomFieldList::ghCustId_Format() {
-    if (rcsCustCustomFieldList.atEnd()) return;
-    STEP(link(plainTag(rcsCustCustomFieldList.Collect("InCustId")), {&fldCustId, &fldName}));
-    STEP(++m_lngRecordCount);
+    STEP(link(plainTag(customerKey()), {&fldCustId, &fldName}));
+    ++m_lngRecordCount;
 }
 
 void dsrCustCustomFieldList::Detail_Format() {
-    STEP(if (fldValue.Text.empty()) LayoutAction = LayoutActions::dropRow);
-    STEP(link(plainTag(rcsCustCustomFieldList.Collect("InCustId")), {&fldValue}));
+    if (fldValue.Text.empty()) LayoutAction = LayoutActions::dropRow;
+    STEP(link(plainTag(customerKey()), {&fldValue}));
 }
 
 void dsrCustCustomFieldList::ReportFooter_Format() {

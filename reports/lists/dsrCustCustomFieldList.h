@@ -19,7 +19,9 @@ private:
     void Detail_Format();
     void ReportFooter_Format();
     void ReplacePageHeaderControls();
+    bool nextCustomer();
     void readValues();
+    const Variant& customerKey() { return Fields.Item("InCustId").Value; }
 
     SubReport& dsrFilterAndSortByInfoSubreport = subReport("dsrFilterAndSortByInfoSubreport");
     Line& Line1 = line("Line1");
@@ -29,9 +31,9 @@ private:
     Field& fldCustId = field("fldCustId");
     Field& fldName = field("fldName");
     Field& fldValue = field("fldValue");
-    DataControl& rcsCustCustomFieldList = data("rcsCustCustomFieldList");
     Label& lblEnd = label("lblEnd");
 
+    std::shared_ptr<Recordset> m_customers;
     std::vector<CustomFieldValue> m_values;  // of the customer that is being fed
     std::size_t m_next = 0;                  // the value to feed next
     bool m_started = false;                  // the first customer was read

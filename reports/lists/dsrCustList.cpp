@@ -18,7 +18,7 @@ void stack(float top, std::initializer_list<Label*> captions) {
 }  // namespace
 
 dsrCustList::dsrCustList(HostContext& context)
-    : FilterableReport("dsrCustList", context, {.titleId = 6219, .keepsDates = false}) {
+    : FilterableReport("dsrCustList", context, {.titleId = 6219, .keepsDateFrom = false}) {
     onFormat("PageHeader", &dsrCustList::PageHeader_Format);
     onFormat("Detail", &dsrCustList::Detail_Format);
     onFormat("ReportFooter", &dsrCustList::ReportFooter_Format);

@@ -17,7 +17,7 @@ dsrCustListShipAddr::dsrCustListShipAddr(HostContext& context)
 }
 
 void dsrCustListShipAddr::ActiveReport_ReportStart() {
-    STEP(m_lngRecordCount = 0);
+    STEP(m_customers.clear());
     std::string sql =
         "SELECT Cust.*, KorvaLanguages.DisplayName, Addr.InAddrId, Addr.AddrName, Addr.AddrLine1, Addr.AddrLine2, "
         "Addr.City, Addr.Province, Addr.PostalCode, Country.CountryName "
@@ -28,7 +28,7 @@ void dsrCustListShipAddr::ActiveReport_ReportStart() {
     if (!askFilter("Cust,Addr")) return;
     STEP(sql += whereClause(filterParts(), OwnWhere::yes));
     // A customer's addresses stand together behind whatever the user sorts by.
-    STEP(sql += orderClause(filterParts(), " ORDER BY CustId") + ", Cust.InCustId, Addr.InAddrId");
+    STEP(sql += orderClauseBefore(filterParts(), "CustId", {"Cust.InCustId", "Addr.InAddrId"}));
     STEP(rcsCustListShipAddr.Recordset = execute(sql));
     STEP(Translate());
     STEP(fillFilterInfo(dsrFilterAndSortByInfoSubreport));
@@ -55,7 +55,8 @@ void dsrCustListShipAddr::ghCustId_Format() {
     STEP(fldEmail.Hyperlink = mailTag(fldEmail.Text));
     STEP(fldNameLang.Text =
              context().company().dictionary().Translate(rcsCustListShipAddr.Collect("DisplayName").textOrEmpty()));
-    STEP(++m_lngRecordCount);
+    // An order by city or the like splits a customer's addresses: it prints again, and counts once.
+    STEP(m_customers.insert(rcsCustListShipAddr.Collect("InCustId").toInt32()));
 }
 
 void dsrCustListShipAddr::Detail_Format() {
@@ -77,6 +78,7 @@ std::string dsrCustListShipAddr::addressText() const {
 }
 
 void dsrCustListShipAddr::ReportFooter_Format() {
+    m_lngRecordCount = static_cast<int>(m_customers.size());
     STEP(setEndLine(lblEnd, 7622));
 }
 

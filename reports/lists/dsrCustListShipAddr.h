@@ -1,5 +1,7 @@
 #pragma once
 
+#include <unordered_set>
+
 #include "framework/run_frame.h"
 
 namespace quillo {
@@ -40,6 +42,7 @@ private:
     Label& fldShipAddr = label("fldShipAddr");
     DataControl& rcsCustListShipAddr = data("rcsCustListShipAddr");
     Label& lblEnd = label("lblEnd");
+    std::unordered_set<int> m_customers;  // those that printed
 };
 
 }  // namespace quillo

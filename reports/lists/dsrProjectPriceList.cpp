@@ -5,7 +5,7 @@
 namespace quillo {
 
 dsrProjectPriceList::dsrProjectPriceList(HostContext& context)
-    : FilterableReport("dsrProjectPriceList", context, {.titleId = 6312, .keepsDates = false}) {
+    : FilterableReport("dsrProjectPriceList", context, {.titleId = 6312, .keepsDateFrom = false}) {
     onFormat("PageHeader", &dsrProjectPriceList::PageHeader_Format);
     onFormat("Detail", &dsrProjectPriceList::Detail_Format);
     onFormat("ReportFooter", &dsrProjectPriceList::ReportFooter_Format);

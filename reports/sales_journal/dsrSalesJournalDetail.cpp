@@ -45,6 +45,8 @@ dsrSalesJournalDetail::dsrSalesJournalDetail(HostContext& context)
 }
 
 void dsrSalesJournalDetail::ActiveReport_ReportStart() {
+    // The footer's two page breaks leave an empty page. The journal of one document keeps it: meant.
+    RemovesEmptyPages = ExInvoiId == 0;
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(m_grandTotal = {});
     STEP(m_lngSequence = 0);
@@ -225,8 +227,7 @@ void dsrSalesJournalDetail::ReportFooter_Format() {
 }
 
 void dsrSalesJournalDetail::ActiveReport_ReportEnd() {
-    if (ExInvoiId == 0) STEP(removeEmptyPage());
-    STEP(dsrPurchJournalDetailSubreport.Object = nullptr);
+    dsrPurchJournalDetailSubreport.Object = nullptr;
 }
 
 }  // namespace quillo

@@ -70,8 +70,8 @@ TEST_F(Program, TracesWhatTheReportAsked) {
     std::string line;
     ASSERT_TRUE(std::getline(input, line));
     EXPECT_EQ(nlohmann::json::parse(line)["text"],
-              "SELECT InTermId, TermId, Descr, TermMode, Due, DiscPercent, DiscDelay, DueNxtMonth FROM Term WHERE (Due "
-              "= 30)  ORDER BY Descr");
+              "SELECT InTermId, TermId, Descr, TermMode, Due, DiscPercent, DiscDelay, DueNxtMonth FROM Term WHERE "
+              "(Term.Due = 30)  ORDER BY Descr");
 }
 
 TEST_F(Program, RefusesWhatCannotBeInOneLineAndWritesNothing) {

@@ -1,65 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "tests/support/fake_host.h"
+#include "tests/support/sample_report.h"
 
 namespace quillo::test {
 namespace {
-
-using Rows = std::vector<std::vector<Variant>>;
-
-// A report over a design of the test's own; events are set from outside.
-class Sample final : public Report {
-public:
-    Sample(HostContext& context, std::string_view design) : Report("Sample", context, design) {}
-    using Report::field;
-    using Report::label;
-    using Report::shape;
-    using Report::subReport;
-    std::function<void(Sample&)> start, end;
-    void ActiveReport_ReportStart() override {
-        if (start) start(*this);
-    }
-    void ActiveReport_ReportEnd() override {
-        if (end) end(*this);
-    }
-};
-
-// A page of 3000 twips with margins of 500: the body is 2000 high.
-constexpr const char* smallPage =
-    R"("page": {"width": 5000, "height": 3000, "left": 500, "right": 500, "top": 500, "bottom": 500})";
-
-std::string design(const std::string& sections) {
-    return std::string("{\"name\": \"Sample\", ") + smallPage + ", \"sections\": [" + sections + "]}";
-}
-
-std::string section(const std::string& name, const std::string& kind, int height, const std::string& controls = "",
-                    const std::string& more = "") {
-    return R"({"name": ")" + name + R"(", "kind": ")" + kind + R"(", "height": )" + std::to_string(height) +
-           (more.empty() ? "" : ", " + more) + R"(, "controls": [)" + controls + "]}";
-}
-
-std::string bound(const std::string& name, const std::string& column, const std::string& more = "") {
-    return R"({"kind": "Field", "name": ")" + name + R"(", "top": 0, "width": 1000, "height": 200, "dataField": ")" +
-           column + "\"" + (more.empty() ? "" : ", " + more) + "}";
-}
-
-constexpr const char* dataControl = R"({"kind": "DataControl", "name": "rs"})";
-
-struct Bench {
-    FakeHost host;
-    KeptPages pages;
-    FixedMeasure measure;
-    RunOptions options;
-
-    std::shared_ptr<Sample> report(const std::string& text) { return std::make_shared<Sample>(host, text); }
-    std::string run(Sample& report, bool geometry = false) {
-        runReport(report, pages, measure, options);
-        return describe(pages, geometry);
-    }
-    static std::shared_ptr<Recordset> rows(std::vector<std::string> columns, Rows values) {
-        return std::make_shared<MemoryRecordset>(std::move(columns), std::move(values));
-    }
-};
 
 const std::string grouped =
     design(section("PageHeader", "pageHeader", 100) + "," +
@@ -67,7 +11,7 @@ const std::string grouped =
            section("ghInner", "groupHeader", 0, "", R"("dataField": "Inner")") + "," +
            section("Detail", "detail", 100, bound("amount", "Amount") + "," + dataControl) + "," +
            section("gfInner", "groupFooter", 100,
-                   bound("innerLast", "=[Outer] & \\\"/\\\" & [Inner]") + "," +
+                   bound("innerLast", "=[Outer] & \\\"/\\\" & Inner") + "," +
                        bound("innerSum", "Amount", R"("sum": "ghInner", "format": "#,##0.00")")) +
            "," + section("gfOuter", "groupFooter", 100, bound("outerSum", "Amount", R"("sum": "ghOuter")")) + "," +
            section("PageFooter", "pageFooter", 0) + "," +
@@ -275,33 +219,32 @@ std::shared_ptr<Sample> breakingReport(Bench& bench, int subRows) {
     for (int i = 1; i <= subRows; ++i) rows.push_back({i});
     sub->dataControl()->Recordset = Bench::rows({"L"}, rows);
     report->subReport("sub").Object = sub;
-    report->end = [](Sample& r) {
-        const int index = r.Pages->PageNumber() - 2;
-        EXPECT_TRUE(r.Pages->isEmpty(index));
-        r.Pages->Remove(index);
-        r.Pages->Commit();
-    };
     return report;
 }
 
-TEST(Engine, TheEmptyPageBetweenTwoBreaksCanBeRemovedBehindASubReportOfAnyLength) {
+TEST(Engine, TheEmptyPageBetweenTwoBreaksIsThereUnlessTheReportTakesItOut) {
     for (const int rows : {2, 12}) {  // 12 rows are three pages
-        Bench bench;
-        auto report = breakingReport(bench, rows);
-        const std::string text = bench.run(*report);
-        EXPECT_TRUE(bench.host.boxes.empty());
-        ASSERT_EQ(bench.pages.pages.size(), rows == 2 ? 2U : 4U) << text;
-        EXPECT_EQ(text.substr(0, text.find("-- 2")), "-- 1\nDetail 1\nReportFooter total\n");
-        for (int i = 1; i <= rows; ++i) EXPECT_NE(text.find("Detail " + std::to_string(i)), std::string::npos) << text;
-        for (std::size_t i = 0; i < bench.pages.pages.size(); ++i)
-            EXPECT_EQ(bench.pages.pages[i]->number, static_cast<int>(i) + 1);
+        for (const bool removed : {false, true}) {
+            Bench bench;
+            auto report = breakingReport(bench, rows);
+            report->RemovesEmptyPages = removed;
+            const std::string text = bench.run(*report);
+            EXPECT_TRUE(bench.host.boxes.empty());
+            const std::string total = "-- 1\nDetail 1\nReportFooter total\n";
+            EXPECT_EQ(text.substr(0, text.find("ReportFooter [")), total + (removed ? "-- 2\n" : "-- 2\n-- 3\n"))
+                << text;
+            EXPECT_EQ(bench.pages.pages.size(), (rows == 2 ? 2U : 4U) + (removed ? 0U : 1U)) << text;
+            for (int i = 1; i <= rows; ++i)
+                EXPECT_NE(text.find("Detail " + std::to_string(i)), std::string::npos) << text;
+            for (std::size_t i = 0; i < bench.pages.pages.size(); ++i)
+                EXPECT_EQ(bench.pages.pages[i]->number, static_cast<int>(i) + 1);
+        }
     }
 }
 
 TEST(Engine, BreaksBeforeASubReportThatWasNotGivenMakeNoPages) {
     Bench bench;
     auto report = bench.report(breaking);
-    report->end = [](Sample& r) { EXPECT_FALSE(r.Pages->isEmpty(r.Pages->PageNumber() - 2)); };
     EXPECT_EQ(bench.run(*report), "-- 1\nReportFooter total\n");
 }
 
@@ -350,7 +293,7 @@ TEST(Engine, ASectionSetTooLowGrowsToHoldItsSubReportAndWhatStandsBeside) {
     EXPECT_EQ(bench.run(*report, true), "-- 1\nDetail@500+1200 [Detail@0+450 1@0] b@800\nDetail@1700+100\n");
 }
 
-TEST(Engine, AHeaderThatItsRowsUnderlayAndTheFooterBelowBoth) {
+TEST(Engine, AGroupPrintsBesideAHeaderThatItUnderlaysAndEndsBelowIt) {
     Bench bench;
     auto report = bench.report(
         design(section("gh", "groupHeader", 600, bound("g", "G"), R"("dataField": "G", "underlayNext": true)") + "," +
@@ -358,8 +301,8 @@ TEST(Engine, AHeaderThatItsRowsUnderlayAndTheFooterBelowBoth) {
                section("gf", "groupFooter", 100)));
     report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"a", 2}, {"b", 3}});
     EXPECT_EQ(bench.run(*report, true),
-              "-- 1\ngh@500+600 a@0\nDetail@500+200 1@0\nDetail@700+200 2@0\ngf@1100+100\ngh@1200+600 "
-              "b@0\nDetail@1200+200 3@0\ngf@1800+100\n");
+              "-- 1\ngh@500+600 a@0\nDetail@500+200 1@0\nDetail@700+200 2@0\ngf@900+100\ngh@1100+600 "
+              "b@0\nDetail@1100+200 3@0\ngf@1300+100\n");
 }
 
 TEST(Engine, HiddenSectionsAreFormattedAndMayShowThemselves) {
@@ -426,8 +369,105 @@ TEST(Engine, AnEventThatFailsShowsOneBoxAndTheRunGoesOn) {
     report->section("gfOuter").Format = [] { throw ConversionError("Type mismatch"); };
     bench.run(*report);
     ASSERT_EQ(bench.host.boxes.size(), 2U);
-    EXPECT_EQ(bench.host.boxes.front(), "Type mismatch\r\nin Quillo.Sample.gfOuter_Format at line 0");
+    EXPECT_EQ(bench.host.boxes.front(), "Type mismatch\r\nin Quillo.Sample.gfOuter_Format");
     EXPECT_TRUE(bench.pages.finished);
+}
+
+TEST(Engine, AValueThatCannotBeSummedOrShownLeavesTheOthersAndNamesItsField) {
+    Bench bench;
+    auto report = bench.report(
+        design(section("Detail", "detail", 100,
+                       bound("a", "A", R"("format": "Currency")") + "," + bound("b", "B") + "," + dataControl) +
+               "," +
+               section("ReportFooter", "reportFooter", 100,
+                       bound("sumA", "A", R"("sum": "report")") + "," + bound("sumB", "B", R"("sum": "report")"))));
+    report->dataControl()->Recordset = Bench::rows({"A", "B"}, {{1, 1}, {1e15, 2}, {3, 4}});
+    int printed = 0;
+    report->section("Detail").AfterPrint = [&] {
+        if (++printed == 2) throw ConversionError("late");
+    };
+    EXPECT_EQ(bench.run(*report), "-- 1\nDetail $1.00 1\nDetail  2\nDetail $3.00 4\nReportFooter 4 7\n");
+    EXPECT_EQ(bench.host.boxes,
+              (std::vector<std::string>{
+                  "Overflow: the amount is too large\r\nin Quillo.Sample.ReportFooter_Format, field sumA",
+                  "Overflow: the amount is too large\r\nin Quillo.Sample.Detail_Format, field a",
+                  "late\r\nin Quillo.Sample.Detail_AfterPrint"}));
+}
+
+TEST(Engine, ARecordsetThatAnEventReplacesOrTakesAwayIsNotReadAgain) {
+    for (const bool taken : {false, true}) {
+        Bench bench;
+        auto report = bench.report(design(section("gh", "groupHeader", 100, bound("g", "G"), R"("dataField": "G")") +
+                                          "," + section("Detail", "detail", 100, bound("v", "V") + "," + dataControl) +
+                                          "," + section("gf", "groupFooter", 100, bound("last", "V"))));
+        report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"a", 2}, {"a", 3}});
+        report->section("Detail").Format = [&] {
+            if (report->field("v").Text != "2") return;
+            report->dataControl()->Recordset = taken ? nullptr : Bench::rows({"V", "G"}, {{8, "a"}, {9, "b"}});
+        };
+        EXPECT_EQ(bench.run(*report), taken ? "-- 1\ngh a\nDetail 1\nDetail 2\ngf 2\n"
+                                            : "-- 1\ngh a\nDetail 1\nDetail 2\nDetail 8\ngf 8\ngh b\nDetail 9\ngf 9\n");
+        EXPECT_TRUE(bench.host.boxes.empty());
+    }
+}
+
+TEST(Engine, BothActionsThatGiveUpARowLeaveNoTraceOfIt) {
+    for (const int action : {LayoutActions::skipRow, LayoutActions::dropRow}) {
+        Bench bench;
+        auto report = bench.report(
+            design(section("Detail", "detail", 100,
+                           bound("v", "V") + "," + bound("run", "V", R"("sum": "report", "running": "all")") + "," +
+                               dataControl) +
+                   "," + section("ReportFooter", "reportFooter", 100, bound("s", "V", R"("sum": "report")"))));
+        report->dataControl()->Recordset = Bench::rows({"V"}, {{1}, {2}, {4}});
+        report->section("Detail").Format = [&] {
+            if (report->field("v").Text == "2") report->LayoutAction = action;
+        };
+        EXPECT_EQ(bench.run(*report), "-- 1\nDetail 1 1\nDetail 4 5\nReportFooter 5\n");
+    }
+}
+
+TEST(Engine, AGroupOverAColumnThatIsNotThereShowsABox) {
+    Bench bench;
+    auto report = bench.report(grouped);
+    report->dataControl()->Recordset = Bench::rows({"Outer", "Amount"}, {{"A", 1}, {"B", 2}});
+    bench.run(*report);
+    EXPECT_EQ(bench.host.boxes,
+              std::vector<std::string>{"There is no column \"Inner\" to group by\r\nin Quillo.Sample.ghInner_Format"});
+}
+
+TEST(Engine, FetchDataBesideARecordsetIsToldOfEachRowAndOfTheEnd) {
+    Bench bench;
+    auto report = bench.report(
+        design(section("Detail", "detail", 100, bound("v", "V") + "," + bound("w", "Word") + "," + dataControl)));
+    report->dataControl()->Recordset = Bench::rows({"V"}, {{1}, {2}, {3}});
+    report->Fields.Add("Word");
+    std::string told;
+    report->fetchData = [&](bool& eof) {
+        told += eof ? "end" : report->dataControl()->Collect("V").toText();
+        if (!eof) report->Fields.Item("Word").Value = "w" + report->dataControl()->Collect("V").toText();
+        eof = false;  // the end of the rows ends them all the same
+    };
+    EXPECT_EQ(bench.run(*report), "-- 1\nDetail 1 w1\nDetail 2 w2\nDetail 3 w3\n");
+    EXPECT_EQ(told, "123end");
+}
+
+TEST(Engine, TheFieldsOfASubReportThatRunsAgainAreNotDoubled) {
+    Bench bench;
+    auto report = bench.report(design(section("Detail", "detail", 100)));
+    report->Fields.Add("A").Value = 1;
+    report->Fields.Add("a");
+    EXPECT_TRUE(report->Fields.Item("A").Value.isNull());
+    EXPECT_EQ(report->Fields.find("a"), 0);
+}
+
+TEST(Engine, AStopDuringAQueryIsNoFailure) {
+    Bench bench;
+    auto report = bench.report(grouped);
+    report->start = [](Sample&) { throw RunStopped(); };
+    EXPECT_EQ(runReport(*report, bench.pages, bench.measure), RunEnd::stopped);
+    EXPECT_TRUE(bench.host.boxes.empty());
+    EXPECT_FALSE(bench.pages.finished);
 }
 
 TEST(Design, DamageIsRefusedWithItsPlace) {
@@ -435,7 +475,19 @@ TEST(Design, DamageIsRefusedWithItsPlace) {
     const struct {
         std::string design, message;
     } cases[] = {
-        {"{", "Design Sample: [json.exception"},
+        {"{\n\"sections\": [}", "Design Sample: it is no JSON, at line 2"},
+        {R"({"page": {"width": 1e999}})", "Design Sample: it holds a number that is too large"},
+        {R"([])", "Design Sample: an object is expected"},
+        {R"({"styles": 3})", "Design Sample: \"styles\" must be an object"},
+        {R"({"styles": {"big": 3}})", "Design Sample, style big: an object is expected"},
+        {R"({"sections": [5]})", "Design Sample, section 1: an object is expected"},
+        {R"({"sections": [{"name": 5}]})", "Design Sample, section 1: \"name\" must be a text"},
+        {design(section("Detail", "detail", 100, R"({"kind": "Line", "name": "a"}, 7)")),
+         "section Detail, control 2: an object is expected"},
+        {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x", "caption": 5})")),
+         "section Detail, control x: \"caption\" must be a text"},
+        {design(section("Detail", "detail", 100, R"({"kind": "Line", "name": "x", "x1": 1e30})")),
+         "section Detail, control x: \"x1\" is too large"},
         {design(section("Detail", "detail", 100, R"({"kind": "Lable", "name": "x"})")),
          "section Detail, control x: there is no control kind \"Lable\""},
         {design(section("Detail", "detail", 100, R"({"kind": "Label", "name": "x", "widht": 5})")),

@@ -46,6 +46,30 @@ TEST(Money, AmountsRoundHalfAwayFromZero) {
     EXPECT_EQ(roundProduct(money("100.10"), -1.35, 2).toText(), "-135.14");
 }
 
+TEST(Money, ProductsWithARateAreExactWhateverTheRateIs) {
+    EXPECT_EQ(roundProduct(money("5000000000"), 1.0 / 18500, 2).toText(), "270270.27");
+    EXPECT_EQ((money("5000000000") * (1.0 / 18500)).toText(), "270270.2703");
+    EXPECT_EQ((money("0.01") * 1e12).toText(), "10000000000") << "a rate of a hyperinflation";
+    EXPECT_EQ((money("-900000000000000") * 1e-15).toText(), "-0.9");
+    EXPECT_EQ((money("900000000000000") * 1e-300).toText(), "0");
+    EXPECT_EQ(roundProduct(money("50000000000.10"), 1.35, 2).toText(), "67500000000.14");
+    EXPECT_EQ((money("922337203685477.5807") * 1.0).toText(), "922337203685477.5807");
+    EXPECT_EQ(roundProduct(money("900000000000000.0049"), 1.0, 2).toText(), "900000000000000")
+        << "what is forgiven never reaches a ten-thousandth";
+    EXPECT_THROW(money("1") * 1e16, OverflowError);
+    EXPECT_THROW(money("1") * 1e300, OverflowError);
+    EXPECT_THROW(money("1") * std::numeric_limits<double>::quiet_NaN(), OverflowError);
+}
+
+TEST(Money, WhatThrowsKeepsItsValue) {
+    Money most = Money::fromRaw(std::numeric_limits<std::int64_t>::max());
+    Money least = Money::fromRaw(std::numeric_limits<std::int64_t>::min());
+    EXPECT_THROW(most += money("1"), OverflowError);
+    EXPECT_THROW(least -= money("1"), OverflowError);
+    EXPECT_EQ(most.toText(), "922337203685477.5807");
+    EXPECT_EQ(least.toText(), "-922337203685477.5808");
+}
+
 TEST(Money, ArithmeticIsExactAndChecked) {
     EXPECT_EQ((money("0.1") + money("0.2") - money("0.3")).raw(), 0);
     EXPECT_EQ((money("1.5") * money("-2.25")).toText(), "-3.375");
@@ -71,6 +95,13 @@ TEST(Dates, CountFromTheDayBeforeTheCentury) {
         EXPECT_EQ(Date::parseIso(text)->days, days) << text;
         EXPECT_EQ(Date::parseIso(text)->isoText(), std::string(text).substr(0, 10));
     }
+    for (const double wild : {1e300, -1e300, -700000.0, 2958466.0, std::numeric_limits<double>::quiet_NaN(),
+                              std::numeric_limits<double>::infinity()}) {
+        EXPECT_THROW(Date{wild}.isoText(), ConversionError) << wild;
+        EXPECT_THROW(LocaleFormat().shortDate({wild}), ConversionError) << wild;
+    }
+    EXPECT_EQ(Date{2958465.99}.isoText(), "9999-12-31");
+    EXPECT_EQ(Date{-0.5}.isoText(), "1899-12-29") << "a day begins at its midnight, also before the first one";
     for (const char* bad :
          {"2023-02-29", "2023-13-01", "2023-1-1", "20230101", "2023-01-01x", "2023-01-01 25:00", "-123-01-01", ""})
         EXPECT_FALSE(Date::parseIso(bad)) << bad;
@@ -79,6 +110,10 @@ TEST(Dates, CountFromTheDayBeforeTheCentury) {
 TEST(Variants, ConvertByOneTable) {
     EXPECT_EQ(ValueView::ofText("2023-05-06").toDate().isoText(), "2023-05-06");
     EXPECT_EQ(ValueView::ofText(" 12.5 ").toMoney().toText(), "12.5");
+    for (const char* extreme : {"922337203685477.5807", "-922337203685477.5808"})
+        EXPECT_EQ(ValueView::ofText(extreme).toMoney().toText(), extreme);
+    EXPECT_THROW(ValueView::ofText("922337203685477.5808").toMoney(), OverflowError);
+    EXPECT_THROW(ValueView::ofText("99999999999999999999999999 Elm Street").toMoney(), ConversionError);
     EXPECT_EQ(ValueView::ofBool(true).toInt32(), -1);
     EXPECT_TRUE(ValueView::ofInt32(7).toBool());
     EXPECT_FALSE(ValueView::ofText("0").toBool());
@@ -114,8 +149,9 @@ TEST(LocaleFormats, WriteAndReadBackTheSameAmount) {
             EXPECT_EQ(locale.readMoney(locale.currency(amount)), roundAmount(amount, 2)) << locale.currency(amount);
             EXPECT_EQ(locale.readMoney(locale.number(amount, 2)), roundAmount(amount, 2));
         }
-        for (const char* bad : {"", "$", "abc", "1.2.3", "1,2,,3.4.5", "--5", "12x"})
+        for (const char* bad : {"", "$", "abc", "1.2.3", "1,2,,3.4.5", "--5", "12x", "()", "(x)"})
             EXPECT_THROW(locale.readMoney(bad), ConversionError) << bad;
+        EXPECT_THROW(locale.readMoney("999999999999999"), OverflowError);
     }
     EXPECT_EQ(french().currency(money("-1234.5")),
               "-1\xC2\xA0"
@@ -123,6 +159,7 @@ TEST(LocaleFormats, WriteAndReadBackTheSameAmount) {
     EXPECT_EQ(LocaleFormat().currency(money("-0.004")), "$0.00") << "what rounds to nothing has no sign";
     EXPECT_EQ(LocaleFormat().readMoney("(1,234.50)").toText(), "-1234.5");
     EXPECT_EQ(french().shortDate(*Date::parseIso("2023-05-06")), "6.05.23");
+    EXPECT_EQ(LocaleFormat().shortDate(*Date::parseIso("0987-01-02")), "0987-01-02");
     EXPECT_EQ(french().plainNumber(ValueView::ofDouble(1.35)), "1,35");
     EXPECT_EQ(LocaleFormat().percent(0.125), "12.50%");
 }
@@ -179,6 +216,9 @@ TEST(Filters, MergeIntoTheText) {
               " ORDER BY worldcurrency.CURRENCYCODE DESC, Cust.Name");
     EXPECT_EQ(keeping("x=1|"), " ORDER BY own");
     EXPECT_EQ(orderClauseBehind(splitFilter("|Name"), "GLAcctId, ", " ORDER BY own"), " ORDER BY GLAcctId, Name");
+    EXPECT_EQ(orderClauseBefore(splitFilter(""), "own", {"Cust.Id"}), " ORDER BY own, Cust.Id");
+    EXPECT_EQ(orderClauseBefore(splitFilter("|cust.id DESC"), "own", {"Cust.Id", "Addr.Id"}),
+              " ORDER BY cust.id DESC, Addr.Id");
 }
 
 TEST(Segments, ClauseHasTheAskedParts) {

@@ -28,7 +28,7 @@ TEST(IcuLocale, WritesAmountsAsIcuDoesAndReadsThemBack) {
     };
     const Locale locales[] = {{"en_CA", "CAD", u"CAD"}, {"fr_CA", "CAD", u"CAD"}, {"en_US", "USD", u"USD"},
                               {"de_DE", "EUR", u"EUR"}, {"hi_IN", "INR", u"INR"}, {"fr_FR", "EUR", u"EUR"},
-                              {"en_US", "CAD", u"CAD"}, {"ja_JP", "JPY", u"JPY"}, {"sv_SE", "SEK", u"SEK"}};
+                              {"da_DK", "DKK", u"DKK"}, {"ja_JP", "JPY", u"JPY"}, {"sv_SE", "SEK", u"SEK"}};
     const double values[] = {0,     0.01,    -0.01, 0.005,   -0.004,     1,           -1,
                              12.34, -999.99, 1000,  -1234.5, 1234567.89, -98765432.1, 123456789012.34};
     for (const Locale& locale : locales) {
@@ -52,6 +52,25 @@ TEST(IcuLocale, WritesAmountsAsIcuDoesAndReadsThemBack) {
                 << locale.name << " " << text;
             EXPECT_EQ(format.readMoney(format.number(money, 4)), money) << locale.name << " " << text;
         }
+    }
+}
+
+TEST(IcuLocale, TheHomeCurrencyIsNeverTaggedWithItsCountry) {
+    struct Case {
+        const char* locale;
+        const char* currency;
+        const char* amount;
+    };
+    const Case cases[] = {
+        {"en_US", "CAD", "-$12.50"},       {"de_DE", "CAD", "-12,50\u00A0$"},   {"en_CA", "USD", "-$12.50"},
+        {"fr_FR", "CAD", "-12,50\u00A0$"}, {"es_MX", "CAD", "-$12.50"},         {"bg_BG", "CAD", "-12,50\u00A0$"},
+        {"de_AT", "EUR", "-€\u00A012,50"}, {"en_US", "CHF", "-CHF\u00A012.50"}, {"da_DK", "DKK", "-12,50\u00A0kr."},
+    };
+    for (const Case& one : cases) {
+        const LocaleFormat format = makeLocaleFormat(one.locale, one.currency);
+        const Money amount = Money::fromDouble(-12.5);
+        EXPECT_EQ(format.currency(amount), one.amount) << one.locale;
+        EXPECT_EQ(format.readMoney(one.amount), amount) << one.locale;
     }
 }
 

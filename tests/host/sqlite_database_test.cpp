@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <limits>
 #include <optional>
 #include <sstream>
 #include <thread>
 
 #include "framework/values/errors.h"
+#include "host/database/decimal_sum.h"
 #include "tests/host/temporary_file.h"
 
 namespace quillo {
@@ -194,7 +196,7 @@ TEST_F(SqliteDatabaseTest, ALongQueryCanBeStopped) {
         std::this_thread::sleep_for(std::chrono::milliseconds(30));
         stop = true;
     });
-    EXPECT_EQ(failure(endless), "The query was stopped");
+    EXPECT_THROW(failure(endless), RunStopped) << "no failure, so that no step shows a box";
     user.join();
     stop = false;
     EXPECT_EQ(failure("SELECT 1"), "");
@@ -242,6 +244,54 @@ TEST_F(SqliteDatabaseTest, LookUpsFilterConvertAndWalkAgain) {
     EXPECT_FALSE(database_->OpenRecordset("SELECT 1 WHERE 'a?' = ''", 2, 0)->hasRows());
 }
 
+TEST_F(SqliteDatabaseTest, LookUpsTakeAsManyValuesAsTheyHaveMarks) {
+    const auto rows = database_->OpenRecordset("SELECT Id FROM T WHERE Id BETWEEN ? AND ? AND Code = ?", 4, 0,
+                                               {Variant(1), Variant(9), Variant("A2")});
+    ASSERT_FALSE(rows->atEnd());
+    EXPECT_EQ(rows->Value("Id", ValueType::integer).toInt32(), 2);
+    EXPECT_FALSE(database_->OpenRecordset("SELECT 1 WHERE 1 = ?", 4, 0, Variant())->hasRows()) << "Null is a value too";
+    EXPECT_THROW(database_->OpenRecordset("SELECT ?", 4, 0), DatabaseError);
+}
+
+TEST_F(SqliteDatabaseTest, RowsInMemoryKeepEveryKindOfValue) {
+    const std::string text =
+        "SELECT NULL AS N, Flag, Id, 5000000000 + Id AS Long, Amount, Rate, Day, Code, '' AS Empty FROM T WHERE Id < 9 "
+        "UNION ALL SELECT 1, 1, 3, 4, -0.01, 1e300, '2024-01-01', 'long enough to stand outside of any small text', "
+        "'x'";
+    const auto read = query(text);
+    const auto held = database_->OpenRecordset(text, 4, 0)->inner();
+    for (; !read->atEnd(); read->moveNext(), held->moveNext()) {
+        ASSERT_FALSE(held->atEnd());
+        for (int i = 0; i < read->columnCount(); ++i) {
+            EXPECT_EQ(held->value(i).kind(), read->value(i).kind()) << read->columnName(i);
+            EXPECT_TRUE(sameValue(held->value(i), read->value(i))) << read->columnName(i);
+        }
+    }
+    EXPECT_TRUE(held->atEnd());
+}
+
+TEST_F(SqliteDatabaseTest, AColumnIsReadOnEveryRowWithoutItsName) {
+    const std::shared_ptr<Recordset> rows = query("SELECT T.* FROM T ORDER BY Id");
+    const Column code(rows, "T.CODE");
+    EXPECT_EQ(code.view().toText(), "A1");
+    rows->moveNext();
+    EXPECT_EQ(code.view().toText(), "a2");
+    while (!rows->atEnd()) rows->moveNext();
+    EXPECT_THROW(code.view(), DatabaseError);
+    EXPECT_THROW(Column(rows, "None"), NameError);
+    EXPECT_THROW(Column(nullptr, "Code"), DatabaseError);
+    EXPECT_THROW(Column().view(), DatabaseError);
+}
+
+TEST(DecimalSums, WhatOverflowsKeepsItsSum) {
+    DecimalSum sum;
+    sum.add(std::numeric_limits<std::int64_t>::max());
+    EXPECT_THROW(sum.add(std::int64_t{1}), OverflowError);
+    EXPECT_THROW(sum.add(1.5), OverflowError);
+    EXPECT_EQ(sum.integer(), std::numeric_limits<std::int64_t>::max());
+    EXPECT_TRUE(sum.onlyIntegers());
+}
+
 TEST_F(SqliteDatabaseTest, FiltersOfLookUps) {
     const auto rows = database_->OpenRecordset("SELECT * FROM T", 4, 0);
     struct Case {
@@ -258,6 +308,8 @@ TEST_F(SqliteDatabaseTest, FiltersOfLookUps) {
         {"NOT Amount > 0", "2 "},
         {"NOT (Amount > 0 OR Code IS NULL)", "2 "},
         {"Day >= #2000-01-01# AND Amount >= 12.34", "1 "},
+        {"Day >= 1899-12-30 AND Day <= 2024-02-28", "2 "},
+        {"NOT (Day<2024-02-29)", "1 "},
         {"Amount = -0.005", "2 "},
         {"Id = 1 OR Id = 2 AND Code = 'x'", "1 "},
         {"Code IS NOT NULL", "1 2 "},
@@ -269,7 +321,7 @@ TEST_F(SqliteDatabaseTest, FiltersOfLookUps) {
         EXPECT_EQ(ids, one.ids) << one.filter;
     }
     for (const char* wrong : {"Code", "Code =", "Code = 'a", "None = 1", "Code = 1 2", "(Code = 1",
-                              "Day = #2024-99-01#", "Code < NULL", "= 1", "Code = Id"})
+                              "Day = #2024-99-01#", "Day = 2024-99-01", "Code < NULL", "= 1", "Code = Id"})
         EXPECT_THROW(rows->setFilter(wrong), InputError) << wrong;
 }
 

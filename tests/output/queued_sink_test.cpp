@@ -38,10 +38,7 @@ public:
             std::make_shared<MemoryRecordset>(std::vector<std::string>{"Key", "Text"}, std::move(rows));
         onFormat("Detail", &Sample::Detail_Format);
     }
-    void ActiveReport_ReportEnd() override {
-        Pages->Remove(Pages->PageNumber() - 2);
-        Pages->Commit();
-    }
+    void ActiveReport_ReportStart() override { RemovesEmptyPages = true; }
 
 private:
     void Detail_Format() {

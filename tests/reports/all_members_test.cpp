@@ -3,7 +3,12 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <span>
+#include <sstream>
 
+#include "framework/values/errors.h"
+#include "framework/values/text.h"
+#include "host/filter/filter_scope.h"
 #include "tests/company/demo_file.h"
 #include "tests/support/report_runner.h"
 
@@ -51,6 +56,91 @@ TEST(AllMembers, RunOnACompanyWithoutRows) {
 TEST(AllMembers, RunOnADemoCompany) {
     const test::DemoFile company;
     runAll(company.path(), "2025-03-01", "2025-03-14");
+}
+
+// A user who looks what can be filtered by, and cancels.
+class Looker final : public FilterTool {
+public:
+    std::string tables;
+    void GetFilter(const std::string& Tables, bool, bool, bool& Cancel, bool, bool) override {
+        tables = Tables;
+        Cancel = true;
+    }
+    FilterInfo GetFilterInfo() override { return {}; }
+};
+
+std::string filterTablesOf(const clsReport::Member& member, HostSession& session) {
+    clsReport factory(session);
+    const auto report = member.make(factory);
+    Looker looker;
+    dynamic_cast<IReport&>(*report).IReport_Application(session);
+    dynamic_cast<IFilterableReport&>(*report).IFilterableReport_FilterTool(looker);
+    report->ActiveReport_ReportStart();
+    return looker.tables;
+}
+
+// All columns that a list of whole tables lets a user filter by: qualified, or alone where one table has the name.
+std::vector<std::string> columnsOf(std::string_view tables, const Catalogue& catalogue, bool qualified) {
+    const FilterScope scope(tables, catalogue);
+    std::vector<std::string> names;
+    std::stringstream list{std::string(tables)};
+    for (std::string entry; std::getline(list, entry, ',');) {
+        const std::string table(trimmed(entry));
+        for (const std::string& column : catalogue.columns(table)) {
+            try {
+                names.push_back(qualified ? table + "." + column : (scope.find("", column), column));
+            } catch (const InputError&) {
+                // Stands in two of the tables: the user must write which one.
+            }
+        }
+    }
+    return names;
+}
+
+// A condition on columns that is true of every row, and an order by them.
+void filterBy(std::span<const std::string> columns, test::ReportRun& run) {
+    run.where = run.order = "";
+    for (const std::string& column : columns) {
+        run.where += (run.where.empty() ? "(" : " AND (") + column + " IS NULL OR " + column + " = " + column + ")";
+        run.order += (run.order.empty() ? "" : ", ") + column;
+    }
+}
+
+std::size_t rowsOf(const test::ReportResult& result) {
+    std::size_t rows = 0;
+    for (const auto& page : result.kept.pages)
+        for (const PlacedSection& section : page->sections)
+            rows += section.info->kind == SectionKind::detail && !section.continued;
+    return rows;
+}
+
+// No column that a filter offers is ambiguous, missing or hidden behind a view where the report's query stands, and
+// none of them loses or doubles a row.
+TEST(AllMembers, TakeEveryColumnOfTheirFilterAsConditionAndAsOrder) {
+    const test::DemoFile company;
+    test::ListedMessages messages;
+    SessionOptions options;
+    options.company = company.path();
+    HostSession session(options, messages);
+    constexpr std::size_t atOnce = 16;  // the filter's text must leave room on the page
+    for (const clsReport::Member& member : clsReport::members()) {
+        if (!member.written) continue;
+        const std::string tables = filterTablesOf(member, session);
+        test::ReportRun run{.member = std::string(member.name), .company = company.path()};
+        run.from = "2025-03-01", run.to = "2025-03-07";
+        const std::size_t rows = rowsOf(test::runReport(run));
+        EXPECT_GT(rows, 0U) << run.member;
+        for (const bool qualified : {true, false}) {
+            const auto columns = columnsOf(tables, session.file().catalogue(), qualified);
+            ASSERT_FALSE(columns.empty()) << run.member;
+            for (std::size_t at = 0; at < columns.size(); at += atOnce) {
+                filterBy(std::span(columns).subspan(at, std::min(atOnce, columns.size() - at)), run);
+                const auto result = test::runReport(run);
+                EXPECT_EQ(result.boxes, std::vector<std::string>{}) << run.member << ", " << run.where;
+                EXPECT_EQ(rowsOf(result), rows) << run.member << ", " << run.where;
+            }
+        }
+    }
 }
 
 TEST(AllMembers, HaveARowInTheDocuments) {

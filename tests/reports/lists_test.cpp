@@ -36,7 +36,7 @@ TEST(TermList, FilterOrderAndCancel) {
     EXPECT_EQ(runReport(run).texts("txtDescr"), (Texts{"a net", "c odd", "d null", "e day"}));
     run.order = "Due DESC";
     EXPECT_EQ(runReport(run).texts("txtDescr"), (Texts{"a net", "e day", "d null", "c odd"}));
-    EXPECT_NE(runReport(run).sql.back().find(" WHERE (Due > 5)  ORDER BY Due DESC"), std::string::npos);
+    EXPECT_NE(runReport(run).sql.back().find(" WHERE (Term.Due > 5)  ORDER BY Term.Due DESC"), std::string::npos);
 
     run = {.member = "TermList", .company = company.path(), .language = "ids", .cancelFilter = true};
     const auto cancelled = runReport(run);
@@ -117,6 +117,21 @@ TEST(CustListShipAddr, ShipsUnderEachActiveCustomer) {
     EXPECT_EQ(result.texts("fldShipAddr"), (Texts{"2 Port, Levis", "3 Mall"}));
     EXPECT_EQ(result.links("fldShipAddr"), (Texts{"10", "10"}));
     EXPECT_EQ(result.only("lblEnd"), "2 #7622") << "customers count, not addresses";
+}
+
+TEST(CustListShipAddr, ACustomerWhomTheOrderSplitsCountsOnce) {
+    const TestCompany company(std::string(customers) +
+                              "INSERT INTO Cust (InCustId, CustId, Name) VALUES (13, 'D', 'Dogwood');"
+                              "INSERT INTO Addr (InAddrId, ExCustId, AddrKind, City) VALUES (4, 13, 1, 'Kanata');");
+    ReportRun run{.member = "CustListShipAddr", .company = company.path(), .language = "ids"};
+    run.order = "City";
+    const auto result = runReport(run);
+    EXPECT_EQ(result.texts("fldName"), (Texts{"Birch", "Ash", "Dogwood", "Birch"}));
+    EXPECT_EQ(result.texts("fldShipAddr"), (Texts{"3 Mall", "Kanata", "2 Port, Levis"}));
+    EXPECT_EQ(result.only("lblEnd"), "3 #7622");
+    run.order = "Cust.InCustId DESC";
+    EXPECT_NE(runReport(run).sql.back().find(" ORDER BY Cust.InCustId DESC, Addr.InAddrId\""), std::string::npos)
+        << "no column is sorted by twice";
 }
 
 TEST(CustCustomFieldList, FeedsTheValuesOfEachCustomerInTheirOrder) {

@@ -1,0 +1,371 @@
+#include "framework/engine/paginator.h"
+
+#include <algorithm>
+#include <deque>
+#include <utility>
+
+#include "framework/engine/flow_target.h"
+#include "framework/engine/split.h"
+#include "framework/values/errors.h"
+
+namespace quillo {
+namespace {
+
+constexpr float tolerance = 0.5F;  // twips that rounding may cost without moving a section
+
+// The sub-reports of the page header run once; what they printed shows on every page, at its own height.
+void fillPageHeader(BandRun& run) {
+    const Section* header = run.single(SectionKind::pageHeader);
+    if (header == nullptr) return;
+    RunState& state = run.state();
+    for (const auto& control : header->controls) {
+        if (control->kind() != ControlKind::subReport) continue;
+        auto& sub = static_cast<SubReport&>(*control);
+        if (!sub.Object) continue;
+        const auto sections = state.nested->run(*sub.Object, sub.Width, state.kept);
+        state.filled.emplace_back(&sub, sections);
+        sub.Height = stackedHeight(sections);
+    }
+}
+
+float bottomOf(const PlacedSection& section) {
+    return section.top + section.height;
+}
+
+}  // namespace
+
+Paginator::Paginator(const Report& report, PageSink& sink, RunState& state)
+    : report_(report), sink_(sink), state_(state), setup_(report.setup) {}
+
+void Paginator::fail(const std::string& section, const std::string& what) const {
+    throw EngineError("Report " + report_.name() + ", section " + section + ": " + what);
+}
+
+bool Paginator::takesFlow(const Section& section) const {
+    return section.kind() != SectionKind::pageHeader && section.kind() != SectionKind::pageFooter;
+}
+
+void Paginator::begin(BandRun& run) {
+    run_ = &run;
+    fillPageHeader(run);
+    openPage(sparePage());
+    headerPrinted_ = false;
+    run.print(run.single(SectionKind::reportHeader));
+    if (headerPrinted_ || breaks_ > 0) return;
+    printPageHeader();
+    if (!hasBody(end())) owners_.assign(end(), nullptr);
+}
+
+// --- pages -------------------------------------------------------------------------------------
+
+std::unique_ptr<Page> Paginator::sparePage() {
+    if (!spare_) return std::make_unique<Page>();
+    spare_->clear();
+    return std::move(spare_);
+}
+
+void Paginator::openPage(std::unique_ptr<Page> page) {
+    if (pages_ >= state_.options.maxPages)
+        throw EngineError("Report " + report_.name() + " gives more than " + std::to_string(state_.options.maxPages) +
+                          " pages");
+    current_ = std::move(page);
+    current_->number = ++pages_;
+    current_->setup = setup_;
+    current_->names = state_.names;
+    owners_.clear();
+    cursor_ = setup_.topMargin;
+    headHeight_ = 0;
+    const Section* footer = run_->single(SectionKind::pageFooter);
+    const float reserve = footer != nullptr && footer->Visible ? footer->Height : 0;
+    bottom_ = setup_.height - setup_.bottomMargin - std::max(reserve, footerHeight_);
+}
+
+void Paginator::printPageHeader() {
+    headerPrinted_ = true;
+    Section* header = run_->single(SectionKind::pageHeader);
+    if (header == nullptr) return;
+    if (const auto laid = run_->format(*header)) {
+        putAt(nullptr, laid->placed, cursor_);
+        cursor_ += laid->placed.height;
+        headHeight_ = laid->placed.height;
+        run_->printed(*header);
+    }
+    if (cursor_ >= bottom_) fail(header->Name(), "leaves no room on the page for anything else");
+}
+
+// What the headers printed first stands again, as long as it leaves the page to the rows.
+void Paginator::printHeadings(const Carry& carry) {
+    const float most = pageRoom() / 2;
+    float height = 0;
+    for (Repeated& group : repeated_) {
+        if (!group.print || (group.at && *group.at >= carry.from)) continue;
+        group.at.reset();
+        if (height + group.print->height > most) continue;
+        height += group.print->height;
+        PlacedSection again = copySection(*group.print, arena());
+        again.repeat = true;
+        putAt(nullptr, again, cursor_);
+        cursor_ += again.height;
+    }
+    headHeight_ += height;
+}
+
+void Paginator::turnPage(std::size_t from) {
+    std::unique_ptr<Page> next = sparePage();
+    Carry carry{{}, end(), false, cursor_};
+    while (end() > from) takeLast(carry, next->arena);
+    for (PlacedSection* piece : waiting_) *piece = copySection(*piece, next->arena);
+    closePage(carry, next->arena);
+    openNext(std::move(next), carry);
+}
+
+void Paginator::takeLast(Carry& carry, Arena& next) {
+    carry.from = end() - 1;
+    carry.parts.insert(carry.parts.begin(), {owners_.back(), copySection(current_->sections.back(), next)});
+    current_->sections.pop_back();
+    owners_.pop_back();
+}
+
+void Paginator::closePage(Carry& carry, Arena& next) {
+    printPageFooter(carry, next);
+    ++state_.progress.pages;
+    state_.askToProceed();
+    spare_ = sink_.take(std::move(current_));
+}
+
+void Paginator::printPageFooter(Carry& carry, Arena& next) {
+    footerHeight_ = 0;
+    Section* footer = run_->single(SectionKind::pageFooter);
+    if (footer == nullptr) return;
+    const auto laid = run_->format(*footer);
+    if (!laid) return;
+    footerHeight_ = laid->placed.height;
+    const float top = setup_.height - setup_.bottomMargin - footerHeight_;
+    makeRoom(top, carry, next);
+    putAt(nullptr, laid->placed, top);
+    run_->printed(*footer);
+}
+
+// A page footer that has become higher takes its room from what was placed last.
+void Paginator::makeRoom(float bottom, Carry& carry, Arena& next) {
+    while (bodyBottom(0) > bottom + tolerance) {
+        PlacedSection head, rest;
+        if (owners_.back() != nullptr && hasBody(end() - 1)) {
+            takeLast(carry, next);
+        } else if (owners_.back() != nullptr &&
+                   splitSection(current_->sections.back(), bottom - current_->sections.back().top, arena(), head,
+                                rest)) {
+            carry.parts.insert(carry.parts.begin(), {owners_.back(), copySection(rest, next)});
+            carry.torn = true;
+            current_->sections.back() = head;
+        } else {
+            fail("PageFooter", "leaves no room on the page for anything else");
+        }
+    }
+}
+
+void Paginator::openNext(std::unique_ptr<Page> next, Carry& carry) {
+    openPage(std::move(next));
+    printPageHeader();
+    printHeadings(carry);
+    follow(carry);
+    putCarried(carry);
+}
+
+// What is known of places on the page before now holds of where its sections go.
+void Paginator::follow(const Carry& carry) {
+    const auto gone = [&](std::size_t at) { return at < carry.from; };
+    std::erase_if(keeps_, [&](const Keep& keep) { return gone(keep.from); });
+    std::erase_if(underlays_, [&](const Underlay& underlay) { return gone(underlay.at); });
+    for (Keep& keep : keeps_) keep.from = carry.placeOf(keep.from, end());
+    for (Underlay& underlay : underlays_) underlay.at = carry.placeOf(underlay.at, end());
+    for (Repeated& group : repeated_)
+        if (group.at) group.at = carry.placeOf(*group.at, end());
+    row_.moved(carry.from, carry.placeOf(carry.from, end()));
+}
+
+// As it stood, where it fits so; else piece by piece.
+void Paginator::putCarried(Carry& carry) {
+    if (carry.parts.empty()) return;
+    const float shift = cursor_ - carry.parts.front().placed.top;
+    float bottom = carry.cursor;
+    for (const Carry::Part& part : carry.parts) bottom = std::max(bottom, bottomOf(part.placed));
+    if (!carry.torn && bottom + shift <= bottom_ + tolerance) {
+        for (const Carry::Part& part : carry.parts) putAt(part.section, part.placed, part.placed.top + shift);
+        for (Underlay& underlay : underlays_) underlay.bottom += shift;
+        cursor_ = carry.cursor + shift;
+        return;
+    }
+    keeps_.clear();
+    underlays_.clear();
+    row_.clear();
+    std::deque<Waiting> waits;
+    for (Carry::Part& part : carry.parts) waits.emplace_back(*this, part.placed);
+    for (const Carry::Part& part : carry.parts) placePiece(*part.section, part.placed);
+}
+
+// The break that a fresh page is already behind counts for nothing.
+void Paginator::takeBreaks() {
+    int turns = std::exchange(breaks_, 0);
+    if (report_.RemovesEmptyPages) turns = std::min(turns, 1);
+    if (turns > 0 && !hasBody(end())) --turns;
+    for (; turns > 0; --turns) turnPage(end());
+}
+
+void Paginator::finish() {
+    for (;;) {
+        std::unique_ptr<Page> next = sparePage();
+        Carry carry{{}, end(), false, cursor_};
+        closePage(carry, next->arena);
+        if (carry.parts.empty()) return;
+        openNext(std::move(next), carry);
+    }
+}
+
+// --- sections ----------------------------------------------------------------------------------
+
+void Paginator::place(Section& section, const LaidOut& laid) {
+    PlacedSection whole = laid.placed;
+    const Waiting waits(*this, whole);
+    const std::vector<float> breaks(laid.breaks.begin(), laid.breaks.end());
+    if ((section.NewPage & NewPage::before) != 0) breaks_ = std::max(breaks_, 1);
+    float from = 0;
+    for (const float at : breaks) {
+        placePiece(section, sliceSection(whole, from, at, false, arena()));
+        from = at;
+        ++breaks_;
+    }
+    const PlacedSection last = breaks.empty() ? whole : sliceSection(whole, from, whole.height, true, arena());
+    if (laid.flowing != nullptr) {
+        FlowTarget(*this, section, last, {laid.flowing, laid.flowInfo, laid.flowTop - from, laid.flowRoom}).run();
+    } else {
+        placePiece(section, last);
+    }
+    if ((section.NewPage & NewPage::after) != 0) breaks_ = std::max(breaks_, 1);
+}
+
+void Paginator::placePiece(const Section& section, PlacedSection piece) {
+    if (!shows(piece)) return placeSpace(section, piece);
+    const Waiting waits(*this, piece);
+    takeBreaks();
+    while (!fits(piece.height)) {
+        const bool whole = section.KeepTogether && piece.height <= pageRoom() + tolerance;
+        PlacedSection head, rest;
+        if (const auto from = keptWith(piece)) {
+            turnPage(*from);
+        } else if (!whole && splitSection(piece, bottom_ - cursor_, arena(), head, rest)) {
+            put(section, head);
+            if (!shows(rest)) return;
+            piece = rest;
+            turnPage(end());
+        } else if (hasBody(end())) {
+            turnPage(loneHeaders(piece.height));
+        } else if (cursor_ > bodyTop()) {
+            cursor_ = bodyTop();  // nothing but space stands above
+        } else {
+            fail(section.Name(), "nothing of it fits on a page");
+        }
+    }
+    put(section, piece);
+}
+
+// Room that shows nothing takes no page.
+void Paginator::placeSpace(const Section& section, PlacedSection piece) {
+    if (breaks_ > 0) return;
+    piece.height = std::clamp(bottom_ - cursor_, 0.0F, piece.height);
+    put(section, piece);
+}
+
+void Paginator::put(const Section& section, const PlacedSection& piece) {
+    const float top = cursor_;
+    cursor_ += piece.height;
+    if (shows(piece)) noteRow(section, piece);
+    noteHeader(section, piece);
+    putAt(&section, piece, top);
+}
+
+void Paginator::putAt(const Section* section, const PlacedSection& placed, float top) {
+    if (placed.height <= 0 && placed.controls.empty()) return;
+    current_->sections.push_back(placed);
+    current_->sections.back().top = top;
+    current_->sections.back().left = setup_.leftMargin;
+    owners_.push_back(section);
+}
+
+void Paginator::noteRow(const Section& section, const PlacedSection& piece) {
+    const auto awaitsRow = [](const Keep& keep) { return keep.header->GrpKeepTogether == GroupKeep::firstDetail; };
+    const auto first = std::find_if(keeps_.begin(), keeps_.end(), awaitsRow);
+    row_.placed(piece, first != keeps_.end() ? first->from : end());
+    if (section.kind() == SectionKind::detail) std::erase_if(keeps_, awaitsRow);
+}
+
+void Paginator::noteHeader(const Section& section, const PlacedSection& piece) {
+    for (Repeated& group : repeated_) {
+        if (group.header != &section || group.print || !shows(piece)) continue;
+        group.arena = std::make_unique<Arena>();
+        group.print = copySection(piece, *group.arena);
+        group.at = end();
+    }
+    if (!section.UnderlayNext || section.kind() != SectionKind::groupHeader) return;
+    underlays_.push_back({&section, cursor_, end()});
+    cursor_ -= piece.height;
+}
+
+void Paginator::openGroup(Section& header) {
+    if (header.GrpKeepTogether != GroupKeep::none) keeps_.push_back({&header, end()});
+    if (header.Repeat) repeated_.push_back({&header, nullptr, std::nullopt, std::nullopt});
+}
+
+void Paginator::closeGroup(Section& header) {
+    std::erase_if(keeps_, [&](const Keep& keep) { return keep.header == &header; });
+    std::erase_if(repeated_, [&](const Repeated& group) { return group.header == &header; });
+    for (const Underlay& underlay : underlays_)
+        if (underlay.header == &header) cursor_ = std::max(cursor_, underlay.bottom);
+    std::erase_if(underlays_, [&](const Underlay& underlay) { return underlay.header == &header; });
+}
+
+// --- what fits ---------------------------------------------------------------------------------
+
+bool Paginator::fits(float height) const {
+    return cursor_ + height <= bottom_ + tolerance;
+}
+
+float Paginator::pageRoom() const {
+    return bottom_ - bodyTop();
+}
+
+float Paginator::bodyBottom(std::size_t from) const {
+    float bottom = 0;
+    for (std::size_t i = from; i < end(); ++i) bottom = std::max(bottom, bottomOf(current_->sections[i]));
+    return bottom;
+}
+
+bool Paginator::hasBody(std::size_t end) const {
+    for (std::size_t i = 0; i < end; ++i)
+        if (owners_[i] != nullptr && shows(current_->sections[i])) return true;
+    return false;
+}
+
+// Whether what stands from an index on can go to the next page, with a piece of that height, and leaves a page behind.
+bool Paginator::movesWith(std::size_t from, float height) const {
+    if (!hasBody(from)) return false;
+    const float top = from < end() ? current_->sections[from].top : cursor_;
+    return std::max(cursor_, bodyBottom(from)) - top + height <= pageRoom() + tolerance;
+}
+
+// From where on the page belongs together with a piece that does not fit: the outermost group that one page can hold.
+std::optional<std::size_t> Paginator::keptWith(const PlacedSection& piece) const {
+    for (const Keep& keep : keeps_)
+        if (movesWith(keep.from, piece.height)) return keep.from;
+    const auto row = row_.rowOf(piece);
+    return row && movesWith(*row, piece.height) ? row : std::nullopt;
+}
+
+// From where on headers would stay behind without their row; the page's end where they must.
+std::size_t Paginator::loneHeaders(float height) const {
+    std::size_t from = end();
+    while (from > 0 && owners_[from - 1] != nullptr && owners_[from - 1]->kind() == SectionKind::groupHeader) --from;
+    return movesWith(from, height) ? from : end();
+}
+
+}  // namespace quillo
