@@ -65,13 +65,6 @@ const hb_feature_t plainFeatures[] = {
 
 }  // namespace
 
-void ShapedText::extendRun(const Face& face, bool placed, std::size_t count) {
-    if (runs.empty() || runs.back().face != &face)
-        runs.push_back({&face, static_cast<std::uint32_t>(glyphs.size() - count)});
-    runs.back().placed |= placed;
-    runs.back().count += static_cast<std::uint32_t>(count);
-}
-
 void ShapedText::cut(std::size_t glyphCount) {
     glyphs.resize(glyphCount);
     while (!runs.empty() && runs.back().first >= glyphCount) runs.pop_back();

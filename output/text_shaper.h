@@ -47,7 +47,12 @@ struct ShapedText {
         extendRun(face, placed, 1);
     }
     // Says of which font the last glyphs are.
-    void extendRun(const Face& face, bool placed, std::size_t count);
+    void extendRun(const Face& face, bool placed, std::size_t count) {
+        if (runs.empty() || runs.back().face != &face)
+            runs.push_back({&face, static_cast<std::uint32_t>(glyphs.size() - count)});
+        runs.back().placed |= placed;
+        runs.back().count += static_cast<std::uint32_t>(count);
+    }
     void cut(std::size_t glyphCount);  // back to this many glyphs
     float width() const;
 };
