@@ -177,11 +177,10 @@ std::unique_ptr<PageSink> pdfSink(const std::string& file) {
     return std::make_unique<PdfSink>(std::make_unique<OutputFile>(file), options);
 }
 
-void journalToPdf(const std::string& database, const std::string& file, bool queue) {
+void journalToPdf(const std::string& database, const std::string& file) {
     SqliteDatabase source(database);
-    auto sink = pdfSink(file);
-    if (queue) sink = std::make_unique<QueuedSink>(std::move(sink));
-    runJournal(openJournal(source), *sink, true);
+    QueuedSink sink(pdfSink(file));
+    runJournal(openJournal(source), sink, true);
 }
 
 // First floor: the query's rows and the values of its columns, as they come from SQLite.
@@ -250,15 +249,9 @@ int engineBenches(int rounds) {
                  },
                  floor1),
              5);
-    const auto floor3 = [&] { kept += static_cast<long>(bareLoop(database)); };
-    printRow("(3) to PDF, a link a row; floor: bare loop to deflated content",
-             measure(
-                 rounds, [&] { journalToPdf(database, pdf, false); }, floor3),
-             2.2);
-    printRow("(3) with the queue, on two cores",
-             measure(
-                 rounds, [&] { journalToPdf(database, pdf, true); }, floor3),
-             1.4);
+    printRows(
+        "(3) to PDF, a link a row; floor: bare loop to deflated content", rounds, [&] { journalToPdf(database, pdf); },
+        [&] { kept += static_cast<long>(bareLoop(database)); }, {1.4, 2.2});
 
     const std::string small = folder.file("small.db");
     writeJournal(small, rows / 10);
@@ -275,7 +268,7 @@ int main(int count, char** values) {
     using namespace quillo::bench;
     try {
         if (count == 4 && std::strcmp(values[1], "--to-pdf") == 0) {
-            journalToPdf(values[2], values[3], true);
+            journalToPdf(values[2], values[3]);
             printPeakMemory();
             return 0;
         }
