@@ -28,7 +28,7 @@ struct Wish {
 constexpr Wish wishes[] = {{"plain", false, "", false}, {"foreign, segments and none", true, "1,2", true}};
 
 bool selectsSegments(const clsReport::Member& member, const std::string& company) {
-    ListedMessages messages;
+    test::ListedMessages messages;
     SessionOptions options;
     options.company = company;
     HostSession session(options, messages);
