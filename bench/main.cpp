@@ -8,7 +8,9 @@
 #include <memory>
 
 #include "apps/quillo/console.h"
+#include "bench/bench_host.h"
 #include "bench/content_floor.h"
+#include "bench/distribution_bench.h"
 #include "bench/measure.h"
 #include "bench/report_bench.h"
 #include "framework/engine/engine.h"
@@ -140,23 +142,6 @@ public:
     long count = 0;
 };
 
-// The formats and messages of a host; the journal needs no company.
-class BenchHost final : public HostContext, public Messages {
-public:
-    Company& company() override { throw std::logic_error("no company"); }
-    std::string GetText(int id) const override { return std::to_string(id); }
-    std::string GetMessage(int, std::string_view, const std::vector<std::string>&) const override { return {}; }
-    const LocaleFormat& locale() const override { return format_; }
-    const ReportUtils& utils() const override { throw std::logic_error("no utilities"); }
-    ReportLocalizer& localizer() override { throw std::logic_error("no localizer"); }
-    FilterInfoFiller& filterInfoFiller() override { throw std::logic_error("no filter"); }
-    Messages& messages() override { return *this; }
-    void Show(std::string_view text) override { throw std::runtime_error(std::string(text)); }
-
-private:
-    LocaleFormat format_;
-};
-
 void runJournal(std::shared_ptr<Recordset> rows, PageSink& sink, bool links) {
     BenchHost host;
     FontMeasure measure;
@@ -258,6 +243,7 @@ int engineBenches(int rounds) {
     const long few = peakMemory({"--to-pdf", small, pdf}), many = peakMemory({"--to-pdf", database, pdf});
     std::printf("peak memory to PDF: %ld KiB at 20,000 rows, %ld KiB at 200,000; difference %ld KiB (aim 4096) %s\n",
                 few, many, many - few, many - few <= 4096 ? "met" : "MISSED");
+    distributionBench();
     return kept == 0;
 }
 
@@ -274,6 +260,12 @@ int main(int count, char** values) {
         }
         if (count == 3 && std::strcmp(values[1], "--sales-journal") == 0) {
             printSalesJournal(values[2]);
+            printPeakMemory();
+            return 0;
+        }
+        if (count == 4 && std::strcmp(values[1], "--distribution") == 0) {
+            limitMemory(1024);
+            printDistribution(std::atoi(values[2]), values[3]);
             printPeakMemory();
             return 0;
         }

@@ -1,6 +1,7 @@
 #include "bench/measure.h"
 
 #include <sched.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -76,6 +77,12 @@ long peakMemory(const std::vector<std::string>& arguments) {
     if (!child || std::fscanf(child.get(), "%ld", &kibibytes) != 1 || kibibytes <= 0)
         throw std::runtime_error("the run for its memory failed");
     return kibibytes;
+}
+
+void limitMemory(long mebibytes) {
+    const auto bytes = static_cast<rlim_t>(mebibytes) * 1024 * 1024;
+    const rlimit limit{bytes, bytes};
+    if (setrlimit(RLIMIT_AS, &limit) != 0) throw std::runtime_error("no limit for the memory");
 }
 
 void printPeakMemory() {

@@ -34,6 +34,8 @@ void printRows(const std::string& name, int rounds, const std::function<void()>&
 long peakMemory(const std::vector<std::string>& arguments);
 // What a program that is run so ends with.
 void printPeakMemory();
+// Ends a run that takes more, before it takes the machine's memory.
+void limitMemory(long mebibytes);
 
 // A folder for the bench's files, gone with the object.
 struct Folder {

@@ -30,6 +30,7 @@ struct ReportRun {
     std::map<std::string, std::string> parameters{};
     bool cancelFilter = false;
     std::vector<std::pair<std::string, Variant>> options{};  // of the report's dialog, in the user's order
+    float pageHeight = 0;                                    // twips; 0: as the design has it
 };
 
 // What the user sees of it: pages, failure boxes, and what the database was asked, a line a query.
@@ -105,6 +106,7 @@ inline ReportResult runReport(const ReportRun& run) {
     if (member == nullptr) throw std::runtime_error("The factory has no member " + run.member);
     ReportJob job(session, *member, wishOf(run));
     if (!job.made()) throw std::runtime_error("The factory gives no report " + run.member);
+    if (run.pageHeight > 0) job.report().setup.height = run.pageHeight;
     ReportResult result;
     FixedMeasure measure;
     job.run(result.kept, measure);
