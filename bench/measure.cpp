@@ -1,5 +1,6 @@
 #include "bench/measure.h"
 
+#include <sched.h>
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -16,6 +17,24 @@ double median(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
 }
+
+// While it lives, the program and the threads that it starts share one core.
+class OneCore {
+public:
+    OneCore() {
+        sched_getaffinity(0, sizeof before_, &before_);
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(sched_getcpu(), &one);
+        if (sched_setaffinity(0, sizeof one, &one) != 0) throw std::runtime_error("no core of its own");
+    }
+    ~OneCore() { sched_setaffinity(0, sizeof before_, &before_); }
+    OneCore(const OneCore&) = delete;
+    OneCore& operator=(const OneCore&) = delete;
+
+private:
+    cpu_set_t before_;
+};
 
 }  // namespace
 
@@ -40,6 +59,13 @@ void printRow(const std::string& name, const Pair& pair, double aim) {
     std::printf("%-58s %8.3f s %8.3f s %7.2f  (aim %.1f) %s\n", name.c_str(), pair.work, pair.floor, pair.ratio(), aim,
                 pair.ratio() <= aim ? "met" : "MISSED");
     std::fflush(stdout);
+}
+
+void printRows(const std::string& name, int rounds, const std::function<void()>& work,
+               const std::function<void()>& floor, Aims aims) {
+    printRow(name, measure(rounds, work, floor), aims.twoCores);
+    const OneCore one;
+    printRow("    the same on one core", measure(rounds, work, floor), aims.oneCore);
 }
 
 // The program tells its own peak: what the parent would read of a child holds the parent's memory at the fork.

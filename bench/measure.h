@@ -23,6 +23,13 @@ Pair measure(int rounds, const std::function<void()>& work, const std::function<
 
 void printRow(const std::string& name, const Pair& pair, double aim);
 
+// Work that paints on a second thread: a row for two cores and one for a single core.
+struct Aims {
+    double twoCores, oneCore;
+};
+void printRows(const std::string& name, int rounds, const std::function<void()>& work,
+               const std::function<void()>& floor, Aims aims);
+
 // Peak memory in KiB of this program run again with the arguments.
 long peakMemory(const std::vector<std::string>& arguments);
 // What a program that is run so ends with.

@@ -34,8 +34,8 @@ protected:
         Control& code;
         Control& follower;
     };
-    // Where the company does not use the codes of a setting (Setting::customerCodes): hides them, and what stands beside
-    // or below each takes its place. A part of a report's making; false when it hid them.
+    // Where the company does not use the codes of a setting (Setting::customerCodes): hides them, and what stands
+    // beside or below each takes its place. A part of a report's making; false when it hid them.
     bool ActiveReport_Initialize(int setting, std::initializer_list<CodePlace> places);
 
     Application* m_objApplication = nullptr;

@@ -25,7 +25,9 @@ struct ContractRow {
     std::string_view tables{};    // over which the user may filter; a report may have others (filterTables)
     bool filterFlagA = true;      // the first flag of the filter tool
     bool filterOptional = false;  // without a filter tool the report prints everything; else that is a failure
-    int endTextId = 0;            // what lblEnd counts: "12 customers"; 0: the report's own affair
+    bool orderBehindComma =
+        false;          // the query joins the user's order behind a comma, which the order part brings along
+    int endTextId = 0;  // what lblEnd counts: "12 customers"; 0: the report's own affair
 };
 
 // The frame in which every report of the factory runs: the plain part of the contract, and what all reports do at their
@@ -106,6 +108,8 @@ public:
     void IFilterableReport_FilterTool(FilterTool& tool) override { m_objFilterTool = &tool; }
     // The tables and columns over which the user may filter, as the filter tool takes them.
     virtual std::string filterTables() const { return std::string(contract().tables); }
+    // Whether the order part that the report takes begins with ", ".
+    bool joinsOrderBehindComma() const { return contract().orderBehindComma; }
 
 protected:
     using ReportFrame::ReportFrame;

@@ -2,8 +2,8 @@
 
 #include <exception>
 
-// One step of a procedure: the smallest piece that may fail by itself and leave the rest meaningful. A failure shows its
-// box, naming object, procedure and line, and the procedure goes on behind the step. The object has a showFailure.
+// One step of a procedure: the smallest piece that may fail by itself and leave the rest meaningful. A failure shows
+// its box, naming object, procedure and line, and the procedure goes on behind the step. The object has a showFailure.
 #define STEP(...) QUILLO_STEP(__func__, __VA_ARGS__)
 
 // The same in a helper of a procedure, which the box names: STEP_OF(Detail_Format, amount = ...).

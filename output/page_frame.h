@@ -4,17 +4,9 @@
 #include <string>
 
 #include "framework/engine/page.h"
+#include "framework/page_texts.h"
 
 namespace quillo {
-
-// What the host's frame says, already translated and formatted.
-struct PageFrameTexts {
-    std::string company;
-    std::string title;
-    std::string printedOn;  // "Printed on 2024-03-31"
-    std::string pageWord;   // "Page", before the number
-    std::string period{};   // the dates that the report covers, below the company; may be empty
-};
 
 // Gives the wrapped sink each page with the host's frame in its top and bottom margins: company, dates
 // and title above a rule, date of printing and page number below one. A margin that is too low for its

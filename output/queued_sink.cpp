@@ -3,14 +3,16 @@
 namespace quillo {
 namespace {
 
-constexpr std::size_t mostWaiting = 8;
+// Pages change hands by the handful, so that the threads seldom wait for each other.
+constexpr std::size_t handful = 4, mostWaiting = 8;
 
 }  // namespace
 
 QueuedSink::QueuedSink(std::unique_ptr<PageSink> inner) : inner_(std::move(inner)), painter_([this] { work(); }) {}
 
 QueuedSink::~QueuedSink() {
-    close(true);
+    dropped_ = true;
+    close();
 }
 
 void QueuedSink::page(const Page& page) {
@@ -22,24 +24,23 @@ std::unique_ptr<Page> QueuedSink::take(std::unique_ptr<Page> handed) {
     left_.wait(lock, [this] { return waiting_.size() < mostWaiting || failure_; });
     if (failure_) std::rethrow_exception(failure_);
     waiting_.push_back(std::move(handed));
-    arrived_.notify_one();
+    if (waiting_.size() == handful) arrived_.notify_one();
     if (painted_.empty()) return nullptr;
-    PagePointer spare = std::move(painted_.back());
+    auto spare = std::move(painted_.back());
     painted_.pop_back();
     return spare;
 }
 
 void QueuedSink::finish() {
-    close(false);
+    close();
     if (failure_) std::rethrow_exception(failure_);
     inner_->finish();
 }
 
-void QueuedSink::close(bool drop) {
+void QueuedSink::close() {
     {
         const std::lock_guard lock(mutex_);
         closed_ = true;
-        if (drop) waiting_.clear();
     }
     arrived_.notify_one();
     if (painter_.joinable()) painter_.join();
@@ -47,28 +48,31 @@ void QueuedSink::close(bool drop) {
 
 void QueuedSink::work() {
     try {
-        for (PagePointer page = exchange(nullptr); page; page = exchange(std::move(page)))
-            page = inner_->take(std::move(page));
+        for (Pages pages; exchange(pages);) {
+            for (auto& page : pages) {
+                if (dropped_) return;
+                page = inner_->take(std::move(page));
+            }
+        }
     } catch (...) {
         fail(std::current_exception());
     }
 }
 
-QueuedSink::PagePointer QueuedSink::exchange(PagePointer painted) {
+bool QueuedSink::exchange(Pages& pages) {
     std::unique_lock lock(mutex_);
-    if (painted) painted_.push_back(std::move(painted));
-    arrived_.wait(lock, [this] { return !waiting_.empty() || closed_; });
-    if (waiting_.empty()) return nullptr;
-    PagePointer next = std::move(waiting_.front());
-    waiting_.pop_front();
+    for (auto& page : pages)
+        if (page) painted_.push_back(std::move(page));
+    pages.clear();
+    arrived_.wait(lock, [this] { return waiting_.size() >= handful || closed_; });
+    pages.swap(waiting_);
     left_.notify_one();
-    return next;
+    return !pages.empty();
 }
 
 void QueuedSink::fail(std::exception_ptr failure) {
     const std::lock_guard lock(mutex_);
     failure_ = std::move(failure);
-    waiting_.clear();
     left_.notify_one();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
-#include <deque>
 #include <exception>
 #include <memory>
 #include <mutex>
@@ -27,19 +27,20 @@ public:
     void finish() override;
 
 private:
-    using PagePointer = std::unique_ptr<Page>;
+    using Pages = std::vector<std::unique_ptr<Page>>;
 
     void work();
-    // On the second thread: gives a painted page back and waits for the next; null when none will come.
-    PagePointer exchange(PagePointer painted);
+    // On the second thread: gives painted pages back and takes those that wait; false when none will come.
+    bool exchange(Pages& pages);
     void fail(std::exception_ptr failure);
-    void close(bool drop);
+    void close();
 
     std::unique_ptr<PageSink> inner_;
-    std::mutex mutex_;  // for all below but the thread
+    std::atomic<bool> dropped_ = false;  // nobody wants the pages that are left
+    std::mutex mutex_;                   // for all below but the thread
     std::condition_variable arrived_, left_;
-    std::deque<PagePointer> waiting_;
-    std::vector<PagePointer> painted_;  // for the engine to use again
+    Pages waiting_;
+    Pages painted_;  // for the engine to use again
     std::exception_ptr failure_;
     bool closed_ = false;  // no page follows
     std::thread painter_;

@@ -36,10 +36,12 @@ constexpr auto slotRanges = [] {
     }
     return ranges;
 }();
-static_assert(slotRanges.back().slot + 1 == slotCount);
+static_assert(slotRanges.back().slot + 1 == slotCount && slotRanges[1].slot == asciiSlots);
+
+constexpr std::string_view blanks = " \n\t";
 
 bool isBlank(char32_t character) {
-    return character == ' ' || character == '\n' || character == '\t';
+    return character < 0x80 && blanks.find(static_cast<char>(character)) != blanks.npos;
 }
 bool isControl(char32_t character) {
     return character < 0x20 || (character >= 0x7F && character < 0xA0);
@@ -75,7 +77,7 @@ float ShapedText::width() const {
     return sum;
 }
 
-std::uint16_t TextShaper::slotOf(char32_t character) {
+std::uint16_t TextShaper::slotBehindAscii(char32_t character) {
     for (const SlotRange& range : slotRanges) {
         if (character < range.first) return noSlot;
         if (character <= range.last) return static_cast<std::uint16_t>(range.slot + (character - range.first));
@@ -91,42 +93,62 @@ char32_t TextShaper::characterOf(std::uint16_t slot) {
 
 void TextShaper::shape(std::string_view text, const Face& face, ShapedText& out) {
     Table& table = tableOf(face);
-    std::size_t wordStart = 0, wordGlyph = out.glyphs.size();
-    for (std::size_t pos = 0; pos < text.size();) {
+    const std::size_t firstGlyph = out.glyphs.size();
+    for (std::size_t pos = 0; (pos = shapeAscii(text, pos, face, table, out)) < text.size();) {
         const std::size_t from = pos;
         char32_t character = nextCharacter(text, pos);
         if (isBlank(character)) {
             character = ' ';
-            wordStart = pos;
-            wordGlyph = out.glyphs.size() + 1;
         } else if (isControl(character)) {
             continue;
         }
         const std::uint16_t slot = slotOf(character);
-        if (slot != noSlot) {
-            Entry& entry = table[slot];
-            if (!entry.face) lookUp(character, face, entry);
-            Glyph& glyph = out.add(*entry.face, false);
-            glyph.index = entry.glyph;
-            glyph.from = static_cast<std::uint32_t>(from);
-            glyph.to = static_cast<std::uint32_t>(pos);
-            glyph.advance = entry.advance;
-            glyph.slot = slot;
+        if (slot == noSlot) {
+            pos = shapeWordAt(text, from, firstGlyph, face, out);
             continue;
         }
-        // One character that is not simple makes its whole word one for HarfBuzz.
-        out.cut(wordGlyph);
-        pos = std::min(text.find_first_of(" \n\t", wordStart), text.size());
-        const ShapedText& shaped = word(text.substr(wordStart, pos - wordStart), face);
-        for (const GlyphRun& run : shaped.runs) {
-            for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
-                Glyph& glyph = out.add(*run.face, run.placed);
-                glyph = shaped.glyphs[i];
-                glyph.from += static_cast<std::uint32_t>(wordStart);
-                glyph.to += static_cast<std::uint32_t>(wordStart);
-            }
+        Entry& entry = table[slot];
+        if (!entry.face) lookUp(character, face, entry);
+        out.add(*entry.face, false,
+                {entry.glyph, static_cast<std::uint32_t>(from), static_cast<std::uint32_t>(pos), entry.advance, 0, 0,
+                 slot});
+    }
+}
+
+// Characters of ASCII that the face has: most texts hold nothing else, so this is the hottest loop of all outputs.
+// Gives the place of the first that is none.
+std::size_t TextShaper::shapeAscii(std::string_view text, std::size_t pos, const Face& face, const Table& table,
+                                   ShapedText& out) const {
+    const std::size_t start = pos;
+    for (; pos < text.size(); ++pos) {
+        const std::size_t slot = static_cast<unsigned char>(text[pos]) - std::size_t{' '};
+        if (slot >= asciiSlots || table[slot].face != &face) break;
+        const auto from = static_cast<std::uint32_t>(pos);
+        out.glyphs.push_back(
+            {table[slot].glyph, from, from + 1, table[slot].advance, 0, 0, static_cast<std::uint16_t>(slot)});
+    }
+    if (pos > start) out.extendRun(face, false, pos - start);
+    return pos;
+}
+
+// One character that is not simple makes its whole word one for HarfBuzz. Gives the place behind the word.
+std::size_t TextShaper::shapeWordAt(std::string_view text, std::size_t pos, std::size_t firstGlyph, const Face& face,
+                                    ShapedText& out) {
+    const std::size_t start = text.find_last_of(blanks, pos) + 1,
+                      end = std::min(text.find_first_of(blanks, pos), text.size());
+    std::size_t kept = out.glyphs.size();
+    while (kept > firstGlyph && out.glyphs[kept - 1].from >= start) --kept;
+    out.cut(kept);
+    const ShapedText& shaped = word(text.substr(start, end - start), face);
+    for (const GlyphRun& run : shaped.runs) {
+        for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
+            Glyph glyph = shaped.glyphs[i];
+            glyph.from += static_cast<std::uint32_t>(start);
+            glyph.to += static_cast<std::uint32_t>(start);
+            out.add(*run.face, run.placed, glyph);
         }
     }
+    return end;
 }
 
 TextShaper::Table& TextShaper::tableOf(const Face& face) {
@@ -233,7 +255,7 @@ void TextShaper::shapeRun(std::string_view word, std::size_t from, std::size_t t
             reportMissing(lacking, face);
         }
         const bool placed = glyph.dx != 0 || glyph.dy != 0 || glyph.advance != face.advance(glyph.index);
-        out.add(face, placed) = glyph;
+        out.add(face, placed, glyph);
     }
 }
 

@@ -27,7 +27,7 @@ struct Glyph {
     std::uint16_t slot = 0;
 };
 inline constexpr std::uint16_t noSlot = 0xFFFF;
-inline constexpr std::size_t slotCount = 1520;
+inline constexpr std::size_t slotCount = 1520, asciiSlots = 95;
 
 // Glyphs in a row that are of one font.
 struct GlyphRun {
@@ -42,13 +42,16 @@ struct ShapedText {
     std::vector<GlyphRun> runs;
 
     void clear() { glyphs.clear(), runs.clear(); }
-    // A new glyph, to be filled in place: this is the hottest spot of all outputs.
-    Glyph& add(const Face& face, bool placed) {
+    void add(const Face& face, bool placed, const Glyph& glyph) {
+        glyphs.push_back(glyph);
+        extendRun(face, placed, 1);
+    }
+    // Says of which font the last glyphs are.
+    void extendRun(const Face& face, bool placed, std::size_t count) {
         if (runs.empty() || runs.back().face != &face)
-            runs.push_back({&face, static_cast<std::uint32_t>(glyphs.size())});
+            runs.push_back({&face, static_cast<std::uint32_t>(glyphs.size() - count)});
         runs.back().placed |= placed;
-        ++runs.back().count;
-        return glyphs.emplace_back();
+        runs.back().count += static_cast<std::uint32_t>(count);
     }
     void cut(std::size_t glyphCount);  // back to this many glyphs
     float width() const;
@@ -64,7 +67,11 @@ public:
     const Face& face(const TextStyle& style) { return fonts_.face(style); }
     // Appends the glyphs of a text on one line. Line feeds and tabs count as blanks.
     void shape(std::string_view text, const Face& face, ShapedText& out);
-    static std::uint16_t slotOf(char32_t character);  // noSlot: not a simple one
+    // noSlot: not a simple one. The printable characters of ASCII have the first slots.
+    static std::uint16_t slotOf(char32_t character) {
+        return character >= 0x20 && character < 0x20 + asciiSlots ? static_cast<std::uint16_t>(character - 0x20)
+                                                                  : slotBehindAscii(character);
+    }
     static char32_t characterOf(std::uint16_t slot);
 
 private:
@@ -96,6 +103,11 @@ private:
         bool operator()(const WordKey& a, const WordKey& b) const { return a == b; }
     };
 
+    static std::uint16_t slotBehindAscii(char32_t character);
+    std::size_t shapeAscii(std::string_view text, std::size_t pos, const Face& face, const Table& table,
+                           ShapedText& out) const;
+    std::size_t shapeWordAt(std::string_view text, std::size_t pos, std::size_t firstGlyph, const Face& face,
+                            ShapedText& out);
     Table& tableOf(const Face& face);
     void lookUp(char32_t character, const Face& face, Entry& entry);
     const Face& faceFor(char32_t character, const Face& wanted);

@@ -17,9 +17,8 @@ std::size_t lengthOf(unsigned char lead) {
 
 }  // namespace
 
-char32_t nextCharacter(std::string_view text, std::size_t& pos) {
+char32_t nextLongCharacter(std::string_view text, std::size_t& pos) {
     const auto lead = static_cast<unsigned char>(text[pos++]);
-    if (lead < 0x80) return lead;
     const std::size_t length = lengthOf(lead);
     if (length == 0 || pos - 1 + length > text.size()) return damaged;
     char32_t character = lead & (0xFFU >> (length + 1));

@@ -2,24 +2,14 @@
 #include <ostream>
 
 #include "apps/quillo/company_commands.h"
-#include "apps/quillo/option_dialog.h"
+#include "apps/quillo/option_list.h"
 #include "apps/quillo/run_command.h"
 #include "framework/report_factory.h"
+#include "framework/run_frame.h"
 #include "host/session/host_session.h"
 
 namespace quillo::app {
 namespace {
-
-// The tables and columns over which a report is filtered: told by the report itself when it asks.
-class TableListener final : public FilterTool {
-public:
-    void GetFilter(const std::string& Tables, bool, bool, bool& Cancel, bool, bool) override {
-        tables = Tables;
-        Cancel = true;
-    }
-    FilterInfo GetFilterInfo() override { return {}; }
-    std::string tables;
-};
 
 // Nothing prints: the report is only asked what it is.
 class NoMessages final : public Messages {
@@ -59,11 +49,8 @@ public:
         text.title = contract->IReport_ReportTitle();
         text.dates = datesOf(contract->IReport_DateDisplayOptions());
         text.properties = report->propertyNames();
-        if (auto* filterable = dynamic_cast<IFilterableReport*>(report.get())) {
-            TableListener listener;
-            filterable->IFilterableReport_FilterTool(listener);
-            report->ActiveReport_ReportStart();
-            text.tables = listener.tables;
+        if (const auto* filterable = dynamic_cast<FilterableReport*>(report.get())) {
+            text.tables = filterable->filterTables();
             text.abilities += " filter";
         }
         if (dynamic_cast<ISegmentFilter*>(report.get()) != nullptr) text.abilities += " segments";

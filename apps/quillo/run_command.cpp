@@ -6,25 +6,15 @@
 #include <ostream>
 
 #include "apps/quillo/company_commands.h"
-#include "apps/quillo/option_dialog.h"
 #include "apps/quillo/outputs.h"
-#include "apps/quillo/rates.h"
-#include "apps/quillo/segments.h"
-#include "framework/engine/engine.h"
-#include "framework/report_factory.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
-#include "host/filter/filter_tool.h"
-#include "host/session/host_session.h"
+#include "host/session/report_job.h"
 #include "output/shaper.h"
 #include "output/text_measure.h"
 
 namespace quillo::app {
 namespace {
-
-// Reports whose texts take the user's order behind a comma of its own.
-constexpr std::string_view ordersBehindComma[] = {"dsrDayEndBalanceByUsr", "dsrInvStatByItem", "dsrItemConsumedList",
-                                                  "dsrConsumedStatsByPeriod"};
 
 Date readDate(const std::string& option, const std::string& text) {
     const auto date = Date::parseIsoDay(text);
@@ -111,77 +101,40 @@ public:
           session_(openSession(sessionOptions(request), messages_)) {}
 
     int go() {
-        if (!makeReport()) return ExitStatus::failures;
-        giveContract();
-        giveProperties();
-        giveOptions();
-        giveSegments();
-        giveRates();
+        refuseComparable();
+        try {
+            job_ = std::make_unique<ReportJob>(*session_, member_, wish());
+        } catch (const InputError& refusal) {
+            throw UsageError(refusal.what());
+        }
+        if (!job_->made()) return ExitStatus::failures;
         openTrace();
-        giveFilter();
         return print();
     }
 
 private:
-    bool makeReport() {
-        clsReport factory(*session_);
-        report_ = member_.make(factory);
-        contract_ = dynamic_cast<IReport*>(report_.get());
-        return contract_ != nullptr;
+    // Comparable tables are still to come.
+    void refuseComparable() const {
+        if (!request_.comparable.empty()) throw UsageError(std::string(member_.name) + " has no comparable tables");
     }
 
-    void giveContract() {
-        contract_->IReport_Application(*session_);
-        contract_->IReport_Initialize();
-        const Date from = request_.from.empty() ? noStartLimit : readDate("--from", request_.from);
-        const Date to = request_.to.empty() ? noEndLimit : readDate("--to", request_.to);
-        if (from > to) throw UsageError("--from is later than --to");
-        from_ = from, to_ = to;
-        contract_->IReport_DateFrom(from);
-        contract_->IReport_DateTo(to);
-        contract_->IReport_DisplayForeignCurrency(request_.foreign);
-    }
-
-    void giveProperties() {
-        for (const auto& [name, value] : request_.properties) {
-            try {
-                // A factory argument carries the name of the property that it sets.
-                report_->setProperty(equalNames(name, "lngInvType") ? "InvoiceType" : name, value);
-            } catch (const std::exception& failure) {
-                throw UsageError("--set " + name + "=" + value + ": " + failure.what());
-            }
-        }
-    }
-
-    void giveOptions() {
-        if (request_.options.empty()) return;
-        auto* config = dynamic_cast<IReportConfig*>(report_.get());
-        if (config == nullptr) throw UsageError(std::string(member_.name) + " has no options");
-        OptionDialog dialog(request_.options);
-        config->IReportConfig_ShowConfigurationScreen(dialog);
-        if (!dialog.refusal().empty()) throw UsageError(dialog.refusal());
-    }
-
-    void giveSegments() {
-        if (request_.segments.empty() && !request_.noSegment) return;
-        auto* segments = dynamic_cast<ISegmentFilter*>(report_.get());
-        if (segments == nullptr) throw UsageError(std::string(member_.name) + " does not select segments");
-        if (request_.segments.find_first_not_of("0123456789, ") != std::string::npos)
-            throw UsageError("--segments takes ids joined by commas, not \"" + request_.segments + "\"");
-        segments->ISegmentFilter_SegmentFilter(request_.segments);
-        segments->ISegmentFilter_SegmentNoneFilter(request_.noSegment);
-        segments->ISegmentFilter_SegmentFilterDisplay(segmentText(*session_, request_.segments, request_.noSegment));
-    }
-
-    void giveRates() {
-        if (!request_.comparable.empty() && dynamic_cast<IComparableReport*>(report_.get()) == nullptr)
-            throw UsageError(std::string(member_.name) + " has no comparable tables");
-        if (!request_.reevaluate && request_.rates.empty() && request_.ratesDate.empty()) return;
-        auto* rates = dynamic_cast<IExchangeRates*>(report_.get());
-        if (rates == nullptr) throw UsageError(std::string(member_.name) + " does not re-evaluate balances");
-        rates->IExchangeRates_Reevaluate(request_.reevaluate);
-        rates->IExchangeRates_ExchangeRatesDate(request_.ratesDate);
-        rates->IExchangeRates_ExchangeRates(readRates(request_.rates, session_->currencyInfo().currencies()));
+    ReportWish wish() const {
+        ReportWish wish;
+        if (!request_.from.empty()) wish.from = readDate("--from", request_.from);
+        if (!request_.to.empty()) wish.to = readDate("--to", request_.to);
+        if (wish.from > wish.to) throw UsageError("--from is later than --to");
+        wish.foreign = request_.foreign;
+        wish.properties = request_.properties;
+        wish.options = request_.options;
+        wish.segments = request_.segments;
+        wish.noSegment = request_.noSegment;
+        wish.where = request_.where;
+        wish.order = request_.order;
+        wish.cancelFilter = request_.cancelFilter;
+        wish.reevaluate = request_.reevaluate;
+        wish.ratesDate = request_.ratesDate;
+        wish.rates = request_.rates;
+        return wish;
     }
 
     void openTrace() {
@@ -191,28 +144,6 @@ private:
         session_->file().database().setTrace(&trace_);
     }
 
-    void giveFilter() {
-        auto* filterable = dynamic_cast<IFilterableReport*>(report_.get());
-        const bool asked = !request_.where.empty() || !request_.order.empty() || request_.cancelFilter;
-        if (filterable == nullptr) {
-            if (asked) throw UsageError(std::string(member_.name) + " takes no filter");
-            return;
-        }
-        FilterChoice choice;
-        choice.where = request_.where;
-        choice.order = request_.order;
-        choice.cancel = request_.cancelFilter;
-        choice.leadingSeparator = std::find(std::begin(ordersBehindComma), std::end(ordersBehindComma),
-                                            member_.report) != std::end(ordersBehindComma);
-        tool_ = std::make_unique<HeadlessFilterTool>(
-            choice, session_->file().catalogue(), *session_,
-            [filterable](const std::string& filter) { filterable->IFilterableReport_Filter(filter); });
-        filterable->IFilterableReport_FilterTool(*tool_);
-    }
-
-    // Why the user's filter was not taken: the run then ends before anything is written.
-    std::string filterRefusal() const { return tool_ ? tool_->failure() : std::string(); }
-
     OutputRequest outputRequest() {
         OutputRequest output;
         output.format = request_.format;
@@ -220,37 +151,19 @@ private:
         output.resolution = request_.resolution;
         output.report = member_.report;
         output.member = member_.name;
-        output.title = contract_->IReport_ReportTitle();
+        output.frame = job_->pageTexts();
+        output.title = output.frame.title;
         output.language = session_->language().code();
         output.sessionDate = session_->SessionDate();
         output.failures = [this] { return messages_.shown(); };
         output.missing = [this](const std::string& failure) { missing_.push_back(failure); };
-        output.frame = {session_->companyName(), output.title,
-                        session_->GetText(20211) + " " + session_->locale().shortDate(output.sessionDate),
-                        session_->GetText(20212), period()};
         return output;
-    }
-
-    // The dates that the run covers, where the report does not print them itself.
-    std::string period() const {
-        const auto date = [this](Date day) { return session_->locale().shortDate(day); };
-        const int option = contract_->IReport_DateDisplayOptions();
-        const auto* own =
-            option == DateDisplay::none ? nullptr : report_->section("PageHeader").find("lblDateFromDateTo");
-        if (option == DateDisplay::none || (own != nullptr && own->Visible)) return {};
-        if (option == DateDisplay::closingDate)
-            return to_ == noEndLimit ? session_->GetText(1376) : session_->GetText(1776) + " " + date(to_);
-        if (from_ == noStartLimit && to_ == noEndLimit) return session_->GetText(1376);
-        std::string text;
-        if (from_ != noStartLimit) text = session_->GetText(3013) + " " + date(from_) + " ";
-        return to_ == noEndLimit ? text : text + session_->GetText(3012) + " " + date(to_);
     }
 
     int print() {
         const RunEnd end = printPages();
         // What the output's own thread could not show, since it has ended.
         for (const std::string& failure : missing_) messages_.Show(failure);
-        if (!filterRefusal().empty()) throw UsageError(filterRefusal());
         if (end == RunEnd::stopped) {
             console_.complain("stopped; nothing was written");
             return ExitStatus::failures;
@@ -267,10 +180,14 @@ private:
         options.maxPages = request_.maxPages;
         options.proceed = [&](const Progress& progress) {
             line.show(progress);
-            return !interruptFlag() && filterRefusal().empty();
+            return !interruptFlag();
         };
         session_->file().database().setStopFlag(&interruptFlag());
-        return runReport(*report_, *sink, measure, options);
+        try {
+            return job_->run(*sink, measure, options);
+        } catch (const InputError& refusal) {
+            throw UsageError(refusal.what());
+        }
     }
 
     const RunRequest& request_;
@@ -279,10 +196,7 @@ private:
     ConsoleMessages messages_;
     std::unique_ptr<HostSession> session_;
     std::ofstream trace_;
-    std::unique_ptr<HeadlessFilterTool> tool_;
-    clsReport::Object report_;  // ends before what it refers to
-    IReport* contract_ = nullptr;
-    Date from_, to_;
+    std::unique_ptr<ReportJob> job_;
     std::vector<std::string> missing_;  // characters that no font has: the output's thread adds them while it lives
 };
 

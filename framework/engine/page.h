@@ -101,7 +101,7 @@ struct PlacedControl {
     std::span<const std::uint32_t> lines;     // byte offsets at which the lines of a wrapped text start
     std::span<const PlacedSection> sections;  // of a SubReport; their tops count from the control's
     const ChartData* chart = nullptr;
-    std::span<const std::byte> picture;  // of an Image: the file's bytes (PNG or JPEG)
+    std::span<const std::byte> picture;  // of an Image: the file's bytes (PNG or JPEG), at one address for a whole run
     float lineWidth = 10;                // twips, of a Line or a Shape
     std::optional<Color> fill;           // of a Shape
 };

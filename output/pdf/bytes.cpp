@@ -52,9 +52,9 @@ Bytes& Bytes::operator<<(std::int64_t number) {
 Bytes& Bytes::hundredths(std::int64_t number) {
     char* at = room(longestNumber + 3);
     if (number < 0) *at++ = '-';
-    const std::int64_t size = number < 0 ? -number : number;
+    const auto size = static_cast<std::uint64_t>(number < 0 ? -number : number);
     at = std::to_chars(at, at + longestNumber, size / 100).ptr;
-    if (const auto rest = static_cast<int>(size % 100); rest != 0) {
+    if (const auto rest = static_cast<unsigned>(size % 100); rest != 0) {
         *at++ = '.';
         *at++ = static_cast<char>('0' + rest / 10);
         if (rest % 10 != 0) *at++ = static_cast<char>('0' + rest % 10);

@@ -19,6 +19,7 @@ class PdfCanvas final : public Canvas {
 public:
     explicit PdfCanvas(PdfFile& file) : file_(file) {}
 
+    void beginRun() { pictures_.beginRun(); }
     void begin(float height, std::uint32_t page);  // page is the number of the page object
     std::string_view content();
     struct Link {

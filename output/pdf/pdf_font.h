@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <map>
 #include <string>
-#include <vector>
 
 #include "output/pdf/bytes.h"
 #include "output/pdf/pdf_file.h"
@@ -13,14 +12,17 @@
 namespace quillo {
 
 // One face as the document uses it. A code stands for a glyph together with the text that it shows, so
-// that copied text is right even where one glyph stands for several characters. Codes count from 1 in
-// the order of first use; the font file, cut down to what was used, is written at the end.
+// that copied text is right even where one glyph stands for several characters. The characters of ASCII stand
+// for themselves in one byte, so that most content is short and quickly compressed; all others get codes of
+// two bytes in the order of first use. The font file, cut down to what was used, is written at the end.
 class PdfFont {
 public:
-    PdfFont(const Face& face, std::uint32_t number) : face_(face), number_(number) {}
+    PdfFont(const Face& face, std::uint32_t number);
 
     const Face& face() const { return face_; }
     std::uint32_t number() const { return number_; }  // of the font object
+    // The map from codes to CIDs, which all fonts of a document share.
+    static void writeEncoding(PdfFile& file, std::uint32_t number);
 
     // The code of a glyph as bytes within a PDF string.
     struct Token {
@@ -30,18 +32,18 @@ public:
     const Token& token(const Glyph& glyph, std::string_view text) {
         if (glyph.slot == noSlot) return shapedToken(glyph, text);
         Token& known = simple_[glyph.slot];
-        if (known.size == 0) known = newToken(glyph.index, characterText(glyph.slot));
+        if (known.size == 0) known = simpleToken(glyph);
         return known;
     }
 
-    void write(PdfFile& file) const;
+    void write(PdfFile& file, std::uint32_t encoding) const;
 
 private:
     struct Code {
         std::uint32_t glyph;
         std::string text;
     };
-    static std::string characterText(std::uint16_t slot);
+    Token simpleToken(const Glyph& glyph);
     const Token& shapedToken(const Glyph& glyph, std::string_view text);
     Token newToken(std::uint32_t glyph, std::string text);
     void writeWidths(Bytes& out) const;
@@ -54,7 +56,8 @@ private:
     std::uint32_t number_;
     std::array<Token, slotCount> simple_{};
     std::map<std::pair<std::uint32_t, std::string>, Token, std::less<>> shaped_;
-    std::vector<Code> codes_;  // that of code 1 first
+    std::map<std::uint32_t, Code> codes_;  // by CID
+    std::uint32_t nextLongCid_;
 };
 
 }  // namespace quillo

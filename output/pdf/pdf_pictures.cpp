@@ -77,11 +77,15 @@ PdfPictures::Entry writePng(std::span<const std::byte> picture, PdfFile& file) {
 }  // namespace
 
 const PdfPictures::Entry& PdfPictures::find(std::span<const std::byte> picture, PdfFile& file) {
+    for (const Seen& seen : seen_)
+        if (seen.picture.data() == picture.data() && seen.picture.size() == picture.size()) return *seen.entry;
     const Key key{picture.size(), libdeflate_crc32(0, picture.data(), picture.size()),
                   libdeflate_adler32(1, picture.data(), picture.size())};
-    const auto known = entries_.find(key);
-    if (known != entries_.end()) return known->second;
-    return entries_.emplace(key, isJpeg(picture) ? writeJpeg(picture, file) : writePng(picture, file)).first->second;
+    auto known = entries_.find(key);
+    if (known == entries_.end())
+        known = entries_.emplace(key, isJpeg(picture) ? writeJpeg(picture, file) : writePng(picture, file)).first;
+    seen_.push_back({picture, &known->second});
+    return known->second;
 }
 
 void PdfPictures::appendResources(Bytes& out) const {

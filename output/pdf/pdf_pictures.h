@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <span>
-#include <string>
+#include <vector>
 
 #include "output/pdf/pdf_file.h"
 
@@ -19,6 +19,8 @@ public:
     };
     // The picture of a PNG or JPEG file, written now when it is new. Throws OutputError when it is damaged.
     const Entry& find(std::span<const std::byte> picture, PdfFile& file);
+    // Within a run a picture is known by its address; those of the run before may be other pictures' now.
+    void beginRun() { seen_.clear(); }
     // The resources' dictionary of pictures.
     void appendResources(Bytes& out) const;
 
@@ -30,6 +32,11 @@ private:
         auto operator<=>(const Key&) const = default;
     };
     std::map<Key, Entry> entries_;
+    struct Seen {
+        std::span<const std::byte> picture;
+        const Entry* entry;
+    };
+    std::vector<Seen> seen_;
 };
 
 }  // namespace quillo

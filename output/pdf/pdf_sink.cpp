@@ -36,6 +36,7 @@ private:
     PdfCanvas canvas_;
     PagePainter painter_;
     std::uint32_t resources_, pageTree_;
+    std::shared_ptr<RunNames> names_;  // of the run whose pages come: keeps its pictures at their addresses
     struct Node {
         std::uint32_t number = 0;
         std::size_t pages = 0;
@@ -54,6 +55,8 @@ PdfSink::Document::Document(std::unique_ptr<Output> output, PdfOptions options, 
       pageTree_(file_.reserve()) {}
 
 void PdfSink::Document::page(const Page& page) {
+    if (page.names != names_) canvas_.beginRun();
+    names_ = page.names;
     if (kids_.empty()) node_ = {file_.reserve(), 0};
     const std::uint32_t number = file_.reserve(2), content = number + 1;
     canvas_.begin(page.setup.height, number);

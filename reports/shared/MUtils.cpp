@@ -16,12 +16,13 @@ std::string listOf(const std::vector<int>& ids) {
 
 Money GetARAdjustments(HostContext& context, Date DateTo, const std::string& SegmentFilter, bool SegmentNoneFilter,
                        bool ByCurrency, std::string& SqlText, int CurrencyId) {
+    int line = 0;  // of the statement that is under way
     try {
         Company& company = context.company();
         const bool inHomeCurrency = !ByCurrency || CurrencyId == company.HomeCurrencyId();
-        AccountGroups& groups = company.accountGroups();
-        const std::string accounts =
-            listOf(ByCurrency ? groups.Accounts("CustGLAR", CurrencyId) : groups.Accounts("CustGLAR"));
+        line = __LINE__ + 1;
+        const std::string accounts = listOf(ByCurrency ? company.accountGroups().Accounts("CustGLAR", CurrencyId)
+                                                       : company.accountGroups().Accounts("CustGLAR"));
         SqlText = "SELECT SUM(" + std::string(inHomeCurrency ? "DetAmnt" : "ForeignAmnt") +
                   ") As Total FROM GLDet WHERE "
                   "ExAcctId IN(" +
@@ -29,12 +30,13 @@ Money GetARAdjustments(HostContext& context, Date DateTo, const std::string& Seg
                   ") AND ARAPAdjustmentEntry<>0 AND ARAPAdjustmentEntry IS NOT NULL"
                   " AND DetDate<=?";
         SqlText += segmentClause("ExSegmentId", SegmentFilter, SegmentNoneFilter, true);
+        line = __LINE__ + 1;
         const auto total = company.Database().OpenRecordset(SqlText, 4, 0, DateTo);
+        line = __LINE__ + 1;
         return total->atEnd() ? Money() : total->Value("Total", ValueType::currency).moneyOrZero();
     } catch (const std::exception& failure) {
         throw DatabaseError(std::string(failure.what()) +
-                            " (Quillo.MUtils.GetARAdjustments component failure at line:" + std::to_string(__LINE__) +
-                            ")");
+                            " (Quillo.MUtils.GetARAdjustments component failure at line:" + std::to_string(line) + ")");
     }
 }
 

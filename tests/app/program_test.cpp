@@ -141,6 +141,20 @@ TEST_F(Program, ShowsFailuresAndEndsWithStatusOne) {
     EXPECT_EQ(json["pages"][0]["sections"].back()["controls"][0]["text"], "0 payment term(s)");
 }
 
+TEST_F(Program, TellsWhatTheOutputsOwnThreadMet) {
+    const auto full = run({"--format", "pdf", "-o", "/dev/full"});
+    EXPECT_EQ(full.status, 1);
+    EXPECT_EQ(full.err, "quillo: Cannot write /dev/full: No space left on device\n");
+    sqlite::Database(company.path(), sqlite::Open::readWrite)
+        .execute("UPDATE Term SET Descr = 'Net \xF3\xA0\x82\x80\xF3\xA0\x82\x80'");  // U+E0080, which no font has
+    const TemporaryFile pdf(".pdf");
+    const auto outcome = run({"-o", pdf.path()});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(outcome.err.starts_with("quillo: No installed font has U+E0080 (")) << outcome.err;
+    EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << "once, whatever asks for it";
+    EXPECT_GT(std::filesystem::file_size(pdf.path()), 1000U) << "a box stands for the character";
+}
+
 TEST_F(Program, MakesAndChecksCompanies) {
     const TemporaryFile made;
     EXPECT_EQ(program({"new", made.path()}).status, 0);

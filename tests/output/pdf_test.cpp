@@ -154,6 +154,23 @@ TEST(Pdf, PicturesAreEmbeddedOnceAndInTheirFormat) {
     EXPECT_FALSE(std::filesystem::exists(folder.file("b.pdf")));
 }
 
+TEST(Pdf, AnotherRunsPictureInTheSamePlaceIsAnotherPicture) {
+    const TestFolder folder;
+    const string path = folder.file("a.pdf");
+    PdfSink sink(std::make_unique<OutputFile>(path), {});
+    const auto png = redPng(), jpeg = smallJpeg();
+    std::vector<std::byte> room(std::max(png.size(), jpeg.size()));
+    for (const auto& file : {png, png, jpeg}) {
+        std::copy(file.begin(), file.end(), room.begin());
+        PageBuilder run;
+        run.section(2000).control(ControlKind::image, "img", 0, 1000, 1000).picture = room;
+        sink.page(run.page());
+        sink.page(run.page());
+    }
+    sink.finish();
+    EXPECT_EQ(countOf(objectsOf(path), "/Subtype /Image"), 3U) << "the PNG, its mask and the JPEG";
+}
+
 TEST(Pdf, MissingCharacterIsNamed) {
     constexpr const char* unassigned = "\xF3\xA0\x82\x80";  // U+E0080, which no font has
     PageBuilder builder;

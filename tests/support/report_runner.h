@@ -8,10 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/dialog_form.h"
-#include "framework/report_factory.h"
-#include "host/filter/filter_tool.h"
-#include "host/session/host_session.h"
+#include "host/session/report_job.h"
 #include "tests/host/test_company.h"
 #include "tests/support/fake_host.h"
 
@@ -34,21 +31,6 @@ struct ReportRun {
     bool cancelFilter = false;
     std::vector<std::pair<std::string, Variant>> options{};  // of the report's dialog, in the user's order
     float pageHeight = 0;                                    // twips; 0: as the design has it
-};
-
-// The user of a test: sets the options that it names, then clicks OK.
-class OptionSetter final : public DialogService {
-public:
-    using Options = std::vector<std::pair<std::string, Variant>>;
-    explicit OptionSetter(const Options& options) : options_(options) {}
-    void ShowModal(DialogForm& form) override {
-        form.Show();
-        for (const auto& [name, value] : options_) form.setOption(name, value.toText());
-        form.click(form.cmdOk.Name);
-    }
-
-private:
-    const Options& options_;
 };
 
 // What the user sees of it: pages, failure boxes, and what the database was asked, a line a query.
@@ -92,6 +74,21 @@ private:
     }
 };
 
+inline ReportWish wishOf(const ReportRun& run) {
+    ReportWish wish;
+    wish.from = Date::parseIso(run.from).value_or(noStartLimit);
+    wish.to = Date::parseIso(run.to).value_or(noEndLimit);
+    wish.foreign = run.foreign;
+    wish.properties.assign(run.properties.begin(), run.properties.end());
+    for (const auto& [name, value] : run.options) wish.options.emplace_back(name, value.toText());
+    wish.segments = run.segments;
+    wish.noSegment = run.noSegment;
+    wish.where = run.where;
+    wish.order = run.order;
+    wish.cancelFilter = run.cancelFilter;
+    return wish;
+}
+
 // Runs a report as the program does. Throws when the factory does not give it or the filter is refused.
 inline ReportResult runReport(const ReportRun& run) {
     ListedMessages messages;
@@ -106,38 +103,14 @@ inline ReportResult runReport(const ReportRun& run) {
     std::stringstream trace;
     session.file().database().setTrace(&trace);
     const auto* member = clsReport::findMember(run.member);
-    clsReport factory(session);
-    const auto report = member != nullptr ? member->make(factory) : nullptr;
-    auto* contract = dynamic_cast<IReport*>(report.get());
-    if (contract == nullptr) throw std::runtime_error("The factory gives no report " + run.member);
-    contract->IReport_Application(session);
-    contract->IReport_Initialize();
-    contract->IReport_DateFrom(Date::parseIso(run.from).value_or(noStartLimit));
-    contract->IReport_DateTo(Date::parseIso(run.to).value_or(noEndLimit));
-    contract->IReport_DisplayForeignCurrency(run.foreign);
-    for (const auto& [name, value] : run.properties) report->setProperty(name, value);
-    if (auto* config = dynamic_cast<IReportConfig*>(report.get()); config != nullptr && !run.options.empty()) {
-        OptionSetter user(run.options);
-        config->IReportConfig_ShowConfigurationScreen(user);
-    }
-    if (auto* segments = dynamic_cast<ISegmentFilter*>(report.get())) {
-        segments->ISegmentFilter_SegmentFilter(run.segments);
-        segments->ISegmentFilter_SegmentNoneFilter(run.noSegment);
-    }
-    auto* filterable = dynamic_cast<IFilterableReport*>(report.get());
-    FilterChoice choice;
-    choice.where = run.where;
-    choice.order = run.order;
-    choice.cancel = run.cancelFilter;
-    HeadlessFilterTool tool(choice, session.file().catalogue(), session,
-                            [&](const std::string& filter) { filterable->IFilterableReport_Filter(filter); });
-    if (filterable != nullptr) filterable->IFilterableReport_FilterTool(tool);
-    if (run.pageHeight > 0) report->setup.height = run.pageHeight;
+    if (member == nullptr) throw std::runtime_error("The factory has no member " + run.member);
+    ReportJob job(session, *member, wishOf(run));
+    if (!job.made()) throw std::runtime_error("The factory gives no report " + run.member);
+    if (run.pageHeight > 0) job.report().setup.height = run.pageHeight;
     ReportResult result;
     FixedMeasure measure;
-    quillo::runReport(*report, result.kept, measure);
+    job.run(result.kept, measure);
     session.file().database().setTrace(nullptr);
-    if (!tool.failure().empty()) throw std::runtime_error("The filter is refused: " + tool.failure());
     result.boxes = messages.texts;
     for (std::string line; std::getline(trace, line);) result.sql.push_back(line);
     return result;

@@ -1,11 +1,11 @@
-#include "apps/quillo/rates.h"
+#include "host/session/rate_table.h"
 
 #include <map>
 
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
 
-namespace quillo::app {
+namespace quillo {
 namespace {
 
 class RateTable final : public ExchangeRates {
@@ -24,20 +24,21 @@ private:
 
 }  // namespace
 
-std::shared_ptr<ExchangeRates> readRates(const NamedValues& rates, const Currencies& currencies) {
+std::shared_ptr<ExchangeRates> readRates(const std::vector<std::pair<std::string, std::string>>& rates,
+                                         const Currencies& currencies) {
     std::map<std::string, double, std::less<>> table;
     for (const auto& [code, text] : rates) {
         const CurrencyRecord* currency = currencies.findCode(code);
-        if (currency == nullptr) throw UsageError("--rate " + code + ": the company has no such currency");
+        if (currency == nullptr) throw InputError("the rate of " + code + ": the company has no such currency");
         double rate = 0;
         try {
             rate = Variant(text).toDouble();
         } catch (const ConversionError&) {
         }
-        if (!(rate > 0)) throw UsageError("--rate " + code + " is a positive number, not \"" + text + "\"");
+        if (!(rate > 0)) throw InputError("the rate of " + code + " is a positive number, not \"" + text + "\"");
         table[std::to_string(currency->id)] = rate;
     }
     return std::make_shared<RateTable>(std::move(table));
 }
 
-}  // namespace quillo::app
+}  // namespace quillo

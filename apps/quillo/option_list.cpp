@@ -1,4 +1,4 @@
-#include "apps/quillo/option_dialog.h"
+#include "apps/quillo/option_list.h"
 
 namespace quillo::app {
 namespace {
@@ -15,17 +15,6 @@ OptionList::Entry entryOf(const OptionGroup& group) {
 }
 
 }  // namespace
-
-void OptionDialog::ShowModal(DialogForm& form) {
-    form.Show();
-    try {
-        for (const auto& [name, value] : options_) form.setOption(name, value);
-        form.click(form.cmdOk.Name);
-    } catch (const std::exception& wrong) {
-        refusal_ = wrong.what();
-        form.queryClose(CloseMode::windowBox);
-    }
-}
 
 void OptionList::ShowModal(DialogForm& form) {
     for (const CheckBox* box : form.checkBoxes())

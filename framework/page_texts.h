@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace quillo {
+
+// What a host's frame says around the pages, already translated and formatted.
+struct PageFrameTexts {
+    std::string company;
+    std::string title;
+    std::string printedOn;  // "Printed on 2024-03-31"
+    std::string pageWord;   // "Page", before the number
+    std::string period{};   // the dates that the report covers, below the company; may be empty
+};
+
+}  // namespace quillo

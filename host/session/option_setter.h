@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "framework/dialog_form.h"
+#include "framework/host/services.h"
+
+namespace quillo {
+
+// The dialog of a host without windows: it sets the options that the user named beforehand, in their order, and
+// clicks OK. What the form does not take is kept as a refusal.
+class OptionSetter final : public DialogService {
+public:
+    using NamedValues = std::vector<std::pair<std::string, std::string>>;
+    explicit OptionSetter(const NamedValues& options) : options_(options) {}
+    void ShowModal(DialogForm& form) override;
+    const std::string& refusal() const { return refusal_; }
+
+private:
+    const NamedValues& options_;
+    std::string refusal_;
+};
+
+}  // namespace quillo
