@@ -90,6 +90,10 @@ void FlowTarget::append(PlacedSection section) {
         } else if (!piece_.empty()) {  // headings that leave no room do not stand again
             pages_.cursor_ = pieceTop_;
             piece_.clear();
+        } else if (splitSection(section, pages_.bottom_ - pages_.cursor_, arena_, head, rest, Cut::through)) {
+            add(head, false);
+            section = rest;
+            turn({});
         } else {
             pages_.fail(section_.Name(), "nothing of section " + section.info->name + " fits on a page");
         }

@@ -300,6 +300,10 @@ void Paginator::placePiece(const Section& section, PlacedSection piece) {
             turnPage(loneHeaders(piece.height));
         } else if (cursor_ > bodyTop()) {
             cursor_ = bodyTop();  // nothing but space stands above
+        } else if (splitSection(piece, bottom_ - cursor_, arena(), head, rest, Cut::through)) {
+            put(section, head, false);
+            piece = rest;
+            turnPage(end());
         } else {
             fail(section.Name(), "nothing of it fits on a page");
         }
