@@ -92,9 +92,10 @@ void FlowTarget::append(PlacedSection section) {
             piece_.clear();
         } else if (splitSection(section, pages_.bottom_ - pages_.cursor_, arena_, head, rest, Cut::through)) {
             add(head, false);
+            if (!shows(rest)) return;
             section = rest;
             turn({});
-        } else {
+        } else if (!dropSpaceAbove(section, arena_)) {
             pages_.fail(section_.Name(), "nothing of section " + section.info->name + " fits on a page");
         }
     }

@@ -209,6 +209,15 @@ bool splitSection(const PlacedSection& section, float available, Arena& arena, P
     return true;
 }
 
+bool dropSpaceAbove(PlacedSection& section, Arena& arena) {
+    float space = section.height;
+    for (const PlacedControl& control : section.controls)
+        if (shows(control)) space = std::min(space, control.top);
+    if (space <= 0) return false;
+    section = sliceSection(section, space, section.height, true, arena);
+    return true;
+}
+
 PlacedSection sliceSection(const PlacedSection& section, float from, float to, bool last, Arena& arena) {
     std::vector<PlacedControl> controls;
     float bottom = 0;

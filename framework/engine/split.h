@@ -18,6 +18,9 @@ enum class Cut : std::uint8_t {
 bool splitSection(const PlacedSection& section, float available, Arena& arena, PlacedSection& head, PlacedSection& tail,
                   Cut cut = Cut::between);
 
+// Moves what a section shows up to its top; false when it stands there already.
+bool dropSpaceAbove(PlacedSection& section, Arena& arena);
+
 // The part of a section between two heights, moved to the top. Controls belong where they start; last: so do all that
 // start further down.
 PlacedSection sliceSection(const PlacedSection& section, float from, float to, bool last, Arena& arena);
