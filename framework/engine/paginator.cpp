@@ -84,8 +84,8 @@ void Paginator::printPageHeader() {
     headerPrinted_ = true;
     Section* header = run_->single(SectionKind::pageHeader);
     if (header == nullptr) return;
-    if (readyHeader_ != nullptr) {
-        putPageHeader(*readyHeader_);
+    if (const auto ready = std::exchange(readyHeader_, std::nullopt)) {
+        putPageHeader(copySection(*ready, arena()));
     } else if (const auto laid = run_->format(*header)) {
         PlacedSection placed = laid->placed;
         if (hasBody(end()) && !fits(placed.height)) return turnToHeader(placed);
@@ -102,11 +102,9 @@ void Paginator::putPageHeader(const PlacedSection& placed) {
 }
 
 // A report header that fills the first page has it for itself.
-void Paginator::turnToHeader(PlacedSection placed) {
-    const Waiting waits(*this, placed);
-    readyHeader_ = &placed;
+void Paginator::turnToHeader(const PlacedSection& placed) {
+    readyHeader_ = copySection(placed, ready_);
     turnPage(end());
-    readyHeader_ = nullptr;
     run_->printed(*run_->single(SectionKind::pageHeader));
 }
 
@@ -115,8 +113,8 @@ void Paginator::printHeadings(const Carry& carry) {
     const float most = pageRoom() / 2;
     float height = 0;
     for (Repeated& group : repeated_) {
-        const bool goesAlong = group.at && *group.at >= carry.from;
-        if (!group.print || goesAlong || (group.endedAt && *group.endedAt <= carry.from)) continue;
+        const bool goesAlong = group.at && *group.at + (carry.torn ? 1 : 0) >= carry.from;
+        if (!group.print || group.torn || goesAlong || (group.endedAt && *group.endedAt <= carry.from)) continue;
         if (height + group.print->height > most) continue;
         height += group.print->height;
         PlacedSection again = copySection(*group.print, arena());
@@ -134,6 +132,21 @@ void Paginator::keepHeadings() {
         group.arena = std::make_unique<Arena>();
         group.print = copySection(current_->sections[*group.at], *group.arena);
     }
+}
+
+// A header that is split stands again whole, behind its last piece.
+void Paginator::keepTorn(const Section& section, const PlacedSection& piece) {
+    for (Repeated& group : repeated_) {
+        if (group.header != &section || group.print || group.endedAt || piece.continued) continue;
+        group.arena = std::make_unique<Arena>();
+        group.print = copySection(piece, *group.arena);
+        group.torn = true;
+    }
+}
+
+void Paginator::mend(const Section& section) {
+    for (Repeated& group : repeated_)
+        if (group.header == &section) group.torn = false;
 }
 
 void Paginator::turnPage(std::size_t from) {
@@ -166,6 +179,11 @@ void Paginator::closePage(Carry& carry, Arena& next) {
 // All that stood on the page made way for its footer: it begins anew, with the footer's room kept free.
 void Paginator::dropPage() {
     if (++dropped_ > 2) fail("PageFooter", "leaves no room on the page for anything else");
+    ready_.clear();
+    for (const PlacedSection& section : current_->sections) {
+        if (section.info->kind == SectionKind::pageHeader) readyHeader_ = copySection(section, ready_);
+        if (section.info->kind == SectionKind::pageFooter) readyFooter_ = copySection(section, ready_);
+    }
     spare_ = std::move(current_);
     --pages_;
 }
@@ -174,13 +192,17 @@ void Paginator::printPageFooter(Carry& carry, Arena& next) {
     footerHeight_ = 0;
     Section* footer = run_->single(SectionKind::pageFooter);
     if (footer == nullptr) return;
-    const auto laid = run_->format(*footer);
-    if (!laid) return;
-    footerHeight_ = laid->placed.height;
+    const bool ready = readyFooter_.has_value();
+    std::optional<PlacedSection> placed = std::exchange(readyFooter_, std::nullopt);
+    if (!ready) {
+        if (const auto laid = run_->format(*footer)) placed = laid->placed;
+    }
+    if (!placed) return;
+    footerHeight_ = placed->height;
     const float top = setup_.height - setup_.bottomMargin - footerHeight_;
     makeRoom(top, carry, next);
-    putAt(nullptr, laid->placed, top);
-    run_->printed(*footer);
+    putAt(nullptr, copySection(*placed, arena()), top);
+    if (!ready) run_->printed(*footer);
 }
 
 // A page footer that has become higher takes its room from what was placed last.
@@ -218,6 +240,7 @@ void Paginator::follow(const Carry& carry) {
     std::erase_if(repeated_, [](const Repeated& group) { return group.endedAt.has_value(); });
     for (Repeated& group : repeated_) {
         if (!group.at) continue;
+        group.torn = carry.torn && *group.at + 1 == carry.from;
         if (gone(*group.at)) {
             group.at.reset();
         } else {
@@ -304,6 +327,7 @@ void Paginator::placePiece(const Section& section, PlacedSection piece) {
         if (const auto from = keptWith(piece)) {
             turnPage(*from);
         } else if (!whole && splitSection(piece, bottom_ - cursor_, arena(), head, rest)) {
+            keepTorn(section, piece);
             put(section, head, false);
             if (!shows(rest)) return;
             piece = rest;
@@ -338,6 +362,7 @@ void Paginator::put(const Section& section, const PlacedSection& piece, bool who
     cursor_ += piece.height;
     if (shows(piece)) noteRow(section, piece);
     if (whole && !piece.continued && shows(piece)) noteHeader(section, piece);
+    if (whole) mend(section);
     putAt(&section, piece, top);
 }
 
@@ -366,7 +391,7 @@ void Paginator::noteHeader(const Section& section, const PlacedSection& piece) {
 
 void Paginator::openGroup(Section& header) {
     if (header.GrpKeepTogether != GroupKeep::none) keeps_.push_back({&header, end()});
-    if (header.Repeat) repeated_.push_back({&header, nullptr, std::nullopt, std::nullopt, std::nullopt});
+    if (header.Repeat) repeated_.push_back({&header});
 }
 
 void Paginator::closeGroup(Section& header) {

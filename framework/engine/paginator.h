@@ -61,10 +61,11 @@ private:
     // An open group whose header stands again on each page; its first print is kept.
     struct Repeated {
         const Section* header;
-        std::unique_ptr<Arena> arena;
-        std::optional<PlacedSection> print;
-        std::optional<std::size_t> at;       // where it printed, while that page is the current one
-        std::optional<std::size_t> endedAt;  // where its group ended on the current page
+        std::unique_ptr<Arena> arena{};
+        std::optional<PlacedSection> print{};
+        std::optional<std::size_t> at{};       // where it printed, while that page is the current one
+        std::optional<std::size_t> endedAt{};  // where its group ended on the current page
+        bool torn = false;                     // a piece of it is still to be placed
     };
     // A header beside which its group prints.
     struct Underlay {
@@ -88,7 +89,7 @@ private:
     void openPage(std::unique_ptr<Page> page);
     void printPageHeader();
     void putPageHeader(const PlacedSection& placed);
-    void turnToHeader(PlacedSection placed);
+    void turnToHeader(const PlacedSection& placed);
     void printHeadings(const Carry& carry);
     // Goes to the next page, taking along what stands from an index on, and what waits.
     void turnPage(std::size_t from);
@@ -98,6 +99,8 @@ private:
     void takeLast(Carry& carry, Arena& next);
     void dropPage();
     void keepHeadings();
+    void keepTorn(const Section& section, const PlacedSection& piece);
+    void mend(const Section& section);
     void openNext(std::unique_ptr<Page> next, Carry& carry);
     void follow(const Carry& carry);
     void putCarried(Carry& carry);
@@ -134,7 +137,9 @@ private:
     float headHeight_ = 0;    // of the page header and the headings that stand again
     float footerHeight_ = 0;  // of the page footer, as it printed last
     bool headerPrinted_ = false;
-    PlacedSection* readyHeader_ = nullptr;  // a page header that was formatted for the next page
+    // What was formatted for a page that then made way: it stands on the next one.
+    std::optional<PlacedSection> readyHeader_, readyFooter_;
+    Arena ready_;
     int dropped_ = 0;  // pages in a row that made way for their footer
     std::vector<PlacedSection*> waiting_;
     std::vector<Keep> keeps_;  // outermost first

@@ -105,6 +105,7 @@ Halves splitSubReport(const PlacedControl& control, float above, Arena& arena, C
     if (stacks.head.empty()) return {std::nullopt, control};
     if (stacks.tail.empty()) {  // the cut goes through the room below its rows
         Halves halves = splitBox(control, above);
+        halves.head->sections = arena.keep(stacks.head);
         halves.tail->sections = {};
         return halves;
     }
@@ -198,7 +199,8 @@ bool splitSection(const PlacedSection& section, float available, Arena& arena, P
             if (halves.tail) rest.add(control, *halves.tail);
         }
     }
-    if (std::none_of(above.begin(), above.end(), [](const PlacedControl& control) { return shows(control); }))
+    if (!section.info->fill &&
+        std::none_of(above.begin(), above.end(), [](const PlacedControl& control) { return shows(control); }))
         return false;
     PlacedSection whole = section;
     head = tail = whole;
