@@ -73,6 +73,7 @@ void FlowTarget::startFlow() {
 }
 
 void FlowTarget::append(PlacedSection section) {
+    if (!shows(section)) section.height = std::clamp(pages_.bottom_ - pages_.cursor_, 0.0F, section.height);
     while (!pages_.fits(section.height)) {
         const auto row = row_.rowOf(section);
         PlacedSection head, rest;
@@ -80,7 +81,7 @@ void FlowTarget::append(PlacedSection section) {
             turn(takeRow(*row));
         } else if (section.height > pages_.pageRoom() &&
                    splitSection(section, pages_.bottom_ - pages_.cursor_, arena_, head, rest)) {
-            add(head);
+            add(head, false);
             if (!shows(rest)) return;
             section = rest;
             turn({});
@@ -100,10 +101,10 @@ bool FlowTarget::holdsRows() const {
     return !std::all_of(piece_.begin(), piece_.end(), [](const PlacedSection& section) { return section.repeat; });
 }
 
-void FlowTarget::add(const PlacedSection& section) {
+void FlowTarget::add(const PlacedSection& section, bool whole) {
     if (piece_.empty()) pieceTop_ = pages_.cursor_;
     if (shows(section)) row_.placed(section, piece_.size());
-    headings_.placed(section);
+    if (whole) headings_.placed(section);
     piece_.push_back(copySection(section, pages_.arena()));
     piece_.back().top = pages_.cursor_ - pieceTop_;
     pages_.cursor_ += section.height;
@@ -134,11 +135,11 @@ void FlowTarget::endPiece() {
     PlacedSection section = upper_;
     section.controls = pages_.arena().keep(std::vector{placed});
     section.height = height;
-    section.continued = printed_;
+    section.continued = upper_.continued || printed_;
     printed_ = true;
     piece_.clear();
     pages_.cursor_ = pieceTop_;
-    pages_.put(section_, section);
+    pages_.put(section_, section, false);
 }
 
 }  // namespace quillo

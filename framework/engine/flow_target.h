@@ -35,7 +35,7 @@ private:
     void placeWhole();
     void startFlow();
     void append(PlacedSection section);
-    void add(const PlacedSection& section);
+    void add(const PlacedSection& section, bool whole = true);
     bool holdsRows() const;
     void turn(const std::vector<PlacedSection>& again);
     std::vector<PlacedSection> takeRow(std::size_t from);

@@ -6,7 +6,7 @@ namespace quillo {
 
 void Headings::placed(const PlacedSection& section) {
     const SectionInfo& info = *section.info;
-    if (section.repeat || section.continued) return;
+    if (section.continued || (section.repeat && hold_ == Hold::copies)) return;
     if (info.kind == SectionKind::groupHeader || info.kind == SectionKind::groupFooter)
         std::erase_if(open_, [&](const Heading& heading) { return heading.level >= info.level; });
     if (!info.repeat) return;

@@ -52,6 +52,11 @@ void Paginator::begin(BandRun& run) {
     headerPrinted_ = false;
     run.print(run.single(SectionKind::reportHeader));
     if (headerPrinted_ || breaks_ > 0) return;
+    const Section* pageHeader = run.single(SectionKind::pageHeader);
+    if (pageHeader != nullptr && hasBody(end()) && cursor_ + pageHeader->Height >= bottom_) {
+        breaks_ = 1;  // the report header has the page for itself
+        return;
+    }
     printPageHeader();
     if (!hasBody(end())) owners_.assign(end(), nullptr);
 }
@@ -98,8 +103,8 @@ void Paginator::printHeadings(const Carry& carry) {
     const float most = pageRoom() / 2;
     float height = 0;
     for (Repeated& group : repeated_) {
-        if (!group.print || (group.at && *group.at >= carry.from)) continue;
-        group.at.reset();
+        const bool goesAlong = group.at && *group.at >= carry.from;
+        if (!group.print || goesAlong || (group.endedAt && *group.endedAt <= carry.from)) continue;
         if (height + group.print->height > most) continue;
         height += group.print->height;
         PlacedSection again = copySection(*group.print, arena());
@@ -110,8 +115,18 @@ void Paginator::printHeadings(const Carry& carry) {
     headHeight_ += height;
 }
 
+// What printed on the page that closes is kept for those that follow.
+void Paginator::keepHeadings() {
+    for (Repeated& group : repeated_) {
+        if (!group.at || group.print) continue;
+        group.arena = std::make_unique<Arena>();
+        group.print = copySection(current_->sections[*group.at], *group.arena);
+    }
+}
+
 void Paginator::turnPage(std::size_t from) {
     std::unique_ptr<Page> next = sparePage();
+    keepHeadings();
     Carry carry{{}, end(), false, cursor_};
     while (end() > from) takeLast(carry, next->arena);
     for (PlacedSection* piece : waiting_) *piece = copySection(*piece, next->arena);
@@ -127,10 +142,20 @@ void Paginator::takeLast(Carry& carry, Arena& next) {
 }
 
 void Paginator::closePage(Carry& carry, Arena& next) {
+    const bool hadBody = hasBody(end());
     printPageFooter(carry, next);
+    if (hadBody && !hasBody(end())) return dropPage();
     ++state_.progress.pages;
     state_.askToProceed();
     spare_ = sink_.take(std::move(current_));
+    dropped_ = 0;
+}
+
+// All that stood on the page made way for its footer: it begins anew, with the footer's room kept free.
+void Paginator::dropPage() {
+    if (++dropped_ > 2) fail("PageFooter", "leaves no room on the page for anything else");
+    spare_ = std::move(current_);
+    --pages_;
 }
 
 void Paginator::printPageFooter(Carry& carry, Arena& next) {
@@ -150,16 +175,15 @@ void Paginator::printPageFooter(Carry& carry, Arena& next) {
 void Paginator::makeRoom(float bottom, Carry& carry, Arena& next) {
     while (bodyBottom(0) > bottom + tolerance) {
         PlacedSection head, rest;
-        if (owners_.back() != nullptr && hasBody(end() - 1)) {
-            takeLast(carry, next);
-        } else if (owners_.back() != nullptr &&
-                   splitSection(current_->sections.back(), bottom - current_->sections.back().top, arena(), head,
+        if (owners_.back() == nullptr) fail("PageFooter", "leaves no room on the page for anything else");
+        if (!hasBody(end() - 1) && shows(current_->sections.back()) &&
+            splitSection(current_->sections.back(), bottom - current_->sections.back().top, arena(), head,
                                 rest)) {
             carry.parts.insert(carry.parts.begin(), {owners_.back(), copySection(rest, next)});
             carry.torn = true;
             current_->sections.back() = head;
         } else {
-            fail("PageFooter", "leaves no room on the page for anything else");
+            takeLast(carry, next);
         }
     }
 }
@@ -179,8 +203,16 @@ void Paginator::follow(const Carry& carry) {
     std::erase_if(underlays_, [&](const Underlay& underlay) { return gone(underlay.at); });
     for (Keep& keep : keeps_) keep.from = carry.placeOf(keep.from, end());
     for (Underlay& underlay : underlays_) underlay.at = carry.placeOf(underlay.at, end());
-    for (Repeated& group : repeated_)
-        if (group.at) group.at = carry.placeOf(*group.at, end());
+    std::erase_if(repeated_, [](const Repeated& group) { return group.endedAt.has_value(); });
+    for (Repeated& group : repeated_) {
+        if (!group.at) continue;
+        if (gone(*group.at)) {
+            group.at.reset();
+        } else {
+            group.at = carry.placeOf(*group.at, end());
+            group.print.reset();  // it stands on the new page, and is kept when that one closes
+        }
+    }
     row_.moved(carry.from, carry.placeOf(carry.from, end()));
 }
 
@@ -199,6 +231,8 @@ void Paginator::putCarried(Carry& carry) {
     keeps_.clear();
     underlays_.clear();
     row_.clear();
+    for (Repeated& group : repeated_)
+        if (group.at && *group.at >= end()) group.at.reset();
     std::deque<Waiting> waits;
     for (Carry::Part& part : carry.parts) waits.emplace_back(*this, part.placed);
     for (const Carry::Part& part : carry.parts) placePiece(*part.section, part.placed);
@@ -209,7 +243,11 @@ void Paginator::takeBreaks() {
     int turns = std::exchange(breaks_, 0);
     if (report_.RemovesEmptyPages) turns = std::min(turns, 1);
     if (turns > 0 && !hasBody(end())) --turns;
-    for (; turns > 0; --turns) turnPage(end());
+    for (; turns > 0; --turns) {
+        turnPage(end());
+        // What made way for a page footer stands before the break all the same.
+        if (turns == 1 && hasBody(end())) ++turns;
+    }
 }
 
 void Paginator::finish() {
@@ -254,7 +292,7 @@ void Paginator::placePiece(const Section& section, PlacedSection piece) {
         if (const auto from = keptWith(piece)) {
             turnPage(*from);
         } else if (!whole && splitSection(piece, bottom_ - cursor_, arena(), head, rest)) {
-            put(section, head);
+            put(section, head, false);
             if (!shows(rest)) return;
             piece = rest;
             turnPage(end());
@@ -276,11 +314,11 @@ void Paginator::placeSpace(const Section& section, PlacedSection piece) {
     put(section, piece);
 }
 
-void Paginator::put(const Section& section, const PlacedSection& piece) {
+void Paginator::put(const Section& section, const PlacedSection& piece, bool whole) {
     const float top = cursor_;
     cursor_ += piece.height;
     if (shows(piece)) noteRow(section, piece);
-    noteHeader(section, piece);
+    if (whole && !piece.continued && shows(piece)) noteHeader(section, piece);
     putAt(&section, piece, top);
 }
 
@@ -300,12 +338,8 @@ void Paginator::noteRow(const Section& section, const PlacedSection& piece) {
 }
 
 void Paginator::noteHeader(const Section& section, const PlacedSection& piece) {
-    for (Repeated& group : repeated_) {
-        if (group.header != &section || group.print || !shows(piece)) continue;
-        group.arena = std::make_unique<Arena>();
-        group.print = copySection(piece, *group.arena);
-        group.at = end();
-    }
+    for (Repeated& group : repeated_)
+        if (group.header == &section && !group.endedAt && !group.print) group.at = end();
     if (!section.UnderlayNext || section.kind() != SectionKind::groupHeader) return;
     underlays_.push_back({&section, cursor_, end()});
     cursor_ -= piece.height;
@@ -313,12 +347,14 @@ void Paginator::noteHeader(const Section& section, const PlacedSection& piece) {
 
 void Paginator::openGroup(Section& header) {
     if (header.GrpKeepTogether != GroupKeep::none) keeps_.push_back({&header, end()});
-    if (header.Repeat) repeated_.push_back({&header, nullptr, std::nullopt, std::nullopt});
+    if (header.Repeat) repeated_.push_back({&header, nullptr, std::nullopt, std::nullopt, std::nullopt});
 }
 
 void Paginator::closeGroup(Section& header) {
     std::erase_if(keeps_, [&](const Keep& keep) { return keep.header == &header; });
-    std::erase_if(repeated_, [&](const Repeated& group) { return group.header == &header; });
+    // What of the group may still move to the next page brings its heading along.
+    for (Repeated& group : repeated_)
+        if (group.header == &header && !group.endedAt) group.endedAt = end();
     for (const Underlay& underlay : underlays_)
         if (underlay.header == &header) cursor_ = std::max(cursor_, underlay.bottom);
     std::erase_if(underlays_, [&](const Underlay& underlay) { return underlay.header == &header; });
@@ -336,7 +372,8 @@ float Paginator::pageRoom() const {
 
 float Paginator::bodyBottom(std::size_t from) const {
     float bottom = 0;
-    for (std::size_t i = from; i < end(); ++i) bottom = std::max(bottom, bottomOf(current_->sections[i]));
+    for (std::size_t i = from; i < end(); ++i)
+        if (shows(current_->sections[i])) bottom = std::max(bottom, bottomOf(current_->sections[i]));
     return bottom;
 }
 

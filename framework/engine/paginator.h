@@ -63,7 +63,8 @@ private:
         const Section* header;
         std::unique_ptr<Arena> arena;
         std::optional<PlacedSection> print;
-        std::optional<std::size_t> at;  // where it printed, while that page is the current one
+        std::optional<std::size_t> at;       // where it printed, while that page is the current one
+        std::optional<std::size_t> endedAt;  // where its group ended on the current page
     };
     // A header beside which its group prints.
     struct Underlay {
@@ -93,6 +94,8 @@ private:
     void printPageFooter(Carry& carry, Arena& next);
     void makeRoom(float bottom, Carry& carry, Arena& next);
     void takeLast(Carry& carry, Arena& next);
+    void dropPage();
+    void keepHeadings();
     void openNext(std::unique_ptr<Page> next, Carry& carry);
     void follow(const Carry& carry);
     void putCarried(Carry& carry);
@@ -100,7 +103,8 @@ private:
 
     void placePiece(const Section& section, PlacedSection piece);
     void placeSpace(const Section& section, PlacedSection piece);
-    void put(const Section& section, const PlacedSection& piece);
+    // whole: not a part of a section that is split.
+    void put(const Section& section, const PlacedSection& piece, bool whole = true);
     void putAt(const Section* section, const PlacedSection& placed, float top);
     void noteRow(const Section& section, const PlacedSection& piece);
     void noteHeader(const Section& section, const PlacedSection& piece);
@@ -128,6 +132,7 @@ private:
     float headHeight_ = 0;    // of the page header and the headings that stand again
     float footerHeight_ = 0;  // of the page footer, as it printed last
     bool headerPrinted_ = false;
+    int dropped_ = 0;  // pages in a row that made way for their footer
     std::vector<PlacedSection*> waiting_;
     std::vector<Keep> keeps_;  // outermost first
     std::vector<Repeated> repeated_;

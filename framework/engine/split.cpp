@@ -54,6 +54,7 @@ Halves splitBox(const PlacedControl& control, float above) {
 // The sections of a sub-report, cut in two.
 struct Stacks {
     std::vector<PlacedSection> head, tail;
+    bool torn = false;  // the last of the head goes on as the first of the tail
 };
 
 void moveBelow(std::vector<PlacedSection>& sections, float top) {
@@ -67,6 +68,10 @@ bool isRepeat(const PlacedSection& section) {
     return section.repeat;
 }
 
+bool tellsNothing(const PlacedSection& section) {
+    return section.repeat || !shows(section);
+}
+
 Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& arena) {
     Stacks stacks;
     for (const PlacedSection& section : sections) {
@@ -76,9 +81,11 @@ Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& a
         }
         PlacedSection first, rest = section;
         // Only a section that starts the page and is higher than it is torn further.
-        if (stacks.tail.empty() && std::all_of(stacks.head.begin(), stacks.head.end(), isRepeat) &&
-            splitSection(section, above - section.top, arena, first, rest))
+        if (stacks.tail.empty() && std::all_of(stacks.head.begin(), stacks.head.end(), tellsNothing) &&
+            splitSection(section, above - section.top, arena, first, rest)) {
             stacks.head.push_back(first);
+            stacks.torn = true;
+        }
         stacks.tail.push_back(rest);
     }
     return stacks;
@@ -87,7 +94,7 @@ Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& a
 // Headings that leave no room for anything else do not stand again.
 Stacks splitUsefully(std::span<const PlacedSection> sections, float above, Arena& arena) {
     Stacks stacks = splitStack(sections, above, arena);
-    if (!std::all_of(stacks.head.begin(), stacks.head.end(), isRepeat) || stacks.tail.empty()) return stacks;
+    if (!std::all_of(stacks.head.begin(), stacks.head.end(), tellsNothing) || stacks.tail.empty()) return stacks;
     std::vector<PlacedSection> rest(std::find_if_not(sections.begin(), sections.end(), isRepeat), sections.end());
     moveBelow(rest, 0);
     return splitStack(rest, above, arena);
@@ -96,9 +103,14 @@ Stacks splitUsefully(std::span<const PlacedSection> sections, float above, Arena
 Halves splitSubReport(const PlacedControl& control, float above, Arena& arena) {
     Stacks stacks = splitUsefully(control.sections, above, arena);
     if (stacks.head.empty()) return {std::nullopt, control};
-    if (stacks.tail.empty()) return splitBox(control, above);
+    if (stacks.tail.empty()) {  // the cut goes through the room below its rows
+        Halves halves = splitBox(control, above);
+        halves.tail->sections = {};
+        return halves;
+    }
     Headings headings(Headings::Hold::views);
-    for (const PlacedSection& section : stacks.head) headings.placed(section);
+    const std::size_t whole = stacks.head.size() - (stacks.torn ? 1 : 0);
+    for (std::size_t i = 0; i < whole; ++i) headings.placed(stacks.head[i]);
     std::vector<PlacedSection> again = headings.before(stacks.tail.front());
     again.insert(again.end(), stacks.tail.begin(), stacks.tail.end());
     moveBelow(again, 0);

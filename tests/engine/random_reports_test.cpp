@@ -81,13 +81,11 @@ std::string told(const Fault& fault) {
 class RandomReports : public testing::TestWithParam<int> {};
 
 // Of the faults of one property the one with the smallest design is shown.
-TEST_P(RandomReports, PrintWhatTheyMustOnPagesOfAnyHeight) {
-    const auto seeds = seedsOf(GetParam());
-    if (seeds.empty()) GTEST_SKIP() << "another quarter runs the seed";
+void expectNone(const std::vector<std::uint64_t>& seeds) {
     std::map<std::string, std::vector<Fault>> faults;
     for (const std::uint64_t seed : seeds)
         for (Fault& fault : faultsOf(seed)) faults[fault.property].push_back(std::move(fault));
-    for (auto& [property, found] : faults) {
+    for (const auto& [property, found] : faults) {
         const auto smallest = std::min_element(found.begin(), found.end(), [](const Fault& a, const Fault& b) {
             return a.design.size() < b.design.size();
         });
@@ -95,8 +93,45 @@ TEST_P(RandomReports, PrintWhatTheyMustOnPagesOfAnyHeight) {
     }
 }
 
+TEST_P(RandomReports, PrintWhatTheyMustOnPagesOfAnyHeight) {
+    const auto seeds = seedsOf(GetParam());
+    if (seeds.empty()) GTEST_SKIP() << "another quarter runs the seed";
+    expectNone(seeds);
+}
+
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomReports, testing::Range(0, shards),
                          [](const auto& shard) { return "Quarter" + std::to_string(shard.param + 1); });
+
+// Reports that were found to be difficult, and what each has. Another planner makes other reports of the seeds.
+struct Difficult {
+    const char* what;
+    std::uint64_t seed;
+};
+void PrintTo(const Difficult& report, std::ostream* out) {
+    *out << report.what;
+}
+
+class DifficultReports : public testing::TestWithParam<Difficult> {};
+
+TEST_P(DifficultReports, PrintWhatTheyMustOnPagesOfAnyHeight) {
+    expectNone({GetParam().seed});
+}
+
+INSTANTIATE_TEST_SUITE_P(Seed, DifficultReports,
+                         testing::Values(Difficult{"ARoomThatShowsNothingAheadOfATornRow", 646},
+                                         Difficult{"ASubReportLowerThanItsPlaceWhereThePageEnds", 391},
+                                         Difficult{"AReportHeaderThatLeavesThePageHeaderNoRoom", 1413},
+                                         Difficult{"APageFooterThatGrows", 699},
+                                         Difficult{"APageFooterThatGrowsOverWhatCannotBeSplit", 1156},
+                                         Difficult{"ARowTornByThePageFooterBeforeANewPage", 260},
+                                         Difficult{"ADistributionAsTheRestOfItsFooter", 536},
+                                         Difficult{"ADistributionThatEndsInRoom", 767},
+                                         Difficult{"ARepeatedHeadingTornInASubReport", 1479},
+                                         Difficult{"ARepeatedHeaderThatIsTorn", 1495},
+                                         Difficult{"AnUnderlaidHeaderThatIsTorn", 1300},
+                                         Difficult{"ATotalThatMovesBehindTheEndOfItsGroup", 441},
+                                         Difficult{"AnInnerGroupKeptWithinAnUnderlaidOne", 363}),
+                         [](const auto& report) { return report.param.what; });
 
 }  // namespace
 }  // namespace quillo::test

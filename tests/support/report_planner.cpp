@@ -178,6 +178,7 @@ float Planner::fillRows(SectionPlan& section, Strip strip, float top) {
 // Columns of controls that have nothing to do with each other, so that no straight cut goes between them.
 float Planner::fillBricks(SectionPlan& section, Strip strip, float top) {
     float lowest = top + lineHeight;
+    const auto before = static_cast<std::ptrdiff_t>(section.controls.size());
     for (int column = strip.first; column < strip.end; ++column) {
         float y = column == strip.first ? top + lineHeight : top + dice_.oneOf({0.0F, 70.0F});
         for (int count = dice_.between(0, 3); count > 0; --count) {
@@ -186,6 +187,8 @@ float Planner::fillBricks(SectionPlan& section, Strip strip, float top) {
         }
         lowest = std::max(lowest, y);
     }
+    std::stable_sort(section.controls.begin() + before, section.controls.end(),
+                     [](const ControlPlan& a, const ControlPlan& b) { return a.top < b.top; });
     return lowest;
 }
 
@@ -316,7 +319,7 @@ ReportPlan Planner::report(const std::string& prefix, int depth, int columns) {
     if (dice_.in(70)) {
         SectionPlan& footer = add(plan, Kind::reportFooter, "ReportFooter");
         fill(footer, {0, columns});
-        if (depth == 0 && sometimes(20)) addDistribution(footer, plan);
+        if (depth == 0 && !footer.controls.empty() && sometimes(20)) addDistribution(footer, plan);
         if (depth == 0 && sometimes(10)) footer.newPage = NewPage::before;
     }
     return plan;
