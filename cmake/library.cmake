@@ -48,7 +48,7 @@ function(quillo_exports_of HEADER OUT)
              "      typeinfo*for?${space}${CMAKE_MATCH_2};\n      *thunk?to?${space}${CMAKE_MATCH_2}::*;\n")
     elseif(line MATCHES "^(inline|constexpr|template)")
       # Needs no symbol of the library's.
-    elseif(line MATCHES "^[a-zA-Z:_<>]+[ &*]+([A-Za-z_0-9]+)\\(")
+    elseif(line MATCHES "^[^(=/]*[ &*]([A-Za-z_0-9]+)\\(")
       string(APPEND exports "      ${space}${CMAKE_MATCH_1}*;\n")
     endif()
   endforeach()
