@@ -90,7 +90,12 @@ void FlowTarget::append(PlacedSection section) {
         } else if (!piece_.empty()) {  // headings that leave no room do not stand again
             pages_.cursor_ = pieceTop_;
             piece_.clear();
-        } else {
+        } else if (splitSection(section, pages_.bottom_ - pages_.cursor_, arena_, head, rest, Cut::through)) {
+            add(head, false);
+            if (!shows(rest)) return;
+            section = rest;
+            turn({});
+        } else if (!dropSpaceAbove(section, arena_)) {
             pages_.fail(section_.Name(), "nothing of section " + section.info->name + " fits on a page");
         }
     }

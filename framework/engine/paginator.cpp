@@ -52,11 +52,6 @@ void Paginator::begin(BandRun& run) {
     headerPrinted_ = false;
     run.print(run.single(SectionKind::reportHeader));
     if (headerPrinted_ || breaks_ > 0) return;
-    const Section* pageHeader = run.single(SectionKind::pageHeader);
-    if (pageHeader != nullptr && hasBody(end()) && cursor_ + pageHeader->Height >= bottom_) {
-        breaks_ = 1;  // the report header has the page for itself
-        return;
-    }
     printPageHeader();
     if (!hasBody(end())) owners_.assign(end(), nullptr);
 }
@@ -89,13 +84,30 @@ void Paginator::printPageHeader() {
     headerPrinted_ = true;
     Section* header = run_->single(SectionKind::pageHeader);
     if (header == nullptr) return;
-    if (const auto laid = run_->format(*header)) {
-        putAt(nullptr, laid->placed, cursor_);
-        cursor_ += laid->placed.height;
-        headHeight_ = laid->placed.height;
+    if (readyHeader_ != nullptr) {
+        putPageHeader(*readyHeader_);
+    } else if (const auto laid = run_->format(*header)) {
+        PlacedSection placed = laid->placed;
+        if (hasBody(end()) && !fits(placed.height)) return turnToHeader(placed);
+        putPageHeader(placed);
         run_->printed(*header);
     }
     if (cursor_ >= bottom_) fail(header->Name(), "leaves no room on the page for anything else");
+}
+
+void Paginator::putPageHeader(const PlacedSection& placed) {
+    putAt(nullptr, placed, cursor_);
+    cursor_ += placed.height;
+    headHeight_ = placed.height;
+}
+
+// A report header that fills the first page has it for itself.
+void Paginator::turnToHeader(PlacedSection placed) {
+    const Waiting waits(*this, placed);
+    readyHeader_ = &placed;
+    turnPage(end());
+    readyHeader_ = nullptr;
+    run_->printed(*run_->single(SectionKind::pageHeader));
 }
 
 // What the headers printed first stands again, as long as it leaves the page to the rows.
@@ -300,6 +312,13 @@ void Paginator::placePiece(const Section& section, PlacedSection piece) {
             turnPage(loneHeaders(piece.height));
         } else if (cursor_ > bodyTop()) {
             cursor_ = bodyTop();  // nothing but space stands above
+        } else if (splitSection(piece, bottom_ - cursor_, arena(), head, rest, Cut::through)) {
+            put(section, head, false);
+            if (!shows(rest)) return;
+            piece = rest;
+            turnPage(end());
+        } else if (dropSpaceAbove(piece, arena())) {
+            continue;
         } else {
             fail(section.Name(), "nothing of it fits on a page");
         }

@@ -87,6 +87,8 @@ private:
     std::unique_ptr<Page> sparePage();
     void openPage(std::unique_ptr<Page> page);
     void printPageHeader();
+    void putPageHeader(const PlacedSection& placed);
+    void turnToHeader(PlacedSection placed);
     void printHeadings(const Carry& carry);
     // Goes to the next page, taking along what stands from an index on, and what waits.
     void turnPage(std::size_t from);
@@ -132,6 +134,7 @@ private:
     float headHeight_ = 0;    // of the page header and the headings that stand again
     float footerHeight_ = 0;  // of the page footer, as it printed last
     bool headerPrinted_ = false;
+    PlacedSection* readyHeader_ = nullptr;  // a page header that was formatted for the next page
     int dropped_ = 0;  // pages in a row that made way for their footer
     std::vector<PlacedSection*> waiting_;
     std::vector<Keep> keeps_;  // outermost first

@@ -72,7 +72,7 @@ bool tellsNothing(const PlacedSection& section) {
     return section.repeat || !shows(section);
 }
 
-Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& arena) {
+Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& arena, Cut cut) {
     Stacks stacks;
     for (const PlacedSection& section : sections) {
         if (stacks.tail.empty() && section.top + section.height <= above + tolerance) {
@@ -82,7 +82,7 @@ Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& a
         PlacedSection first, rest = section;
         // Only a section that starts the page and is higher than it is torn further.
         if (stacks.tail.empty() && std::all_of(stacks.head.begin(), stacks.head.end(), tellsNothing) &&
-            splitSection(section, above - section.top, arena, first, rest)) {
+            splitSection(section, above - section.top, arena, first, rest, cut)) {
             stacks.head.push_back(first);
             stacks.torn = true;
         }
@@ -92,16 +92,16 @@ Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& a
 }
 
 // Headings that leave no room for anything else do not stand again.
-Stacks splitUsefully(std::span<const PlacedSection> sections, float above, Arena& arena) {
-    Stacks stacks = splitStack(sections, above, arena);
+Stacks splitUsefully(std::span<const PlacedSection> sections, float above, Arena& arena, Cut cut) {
+    Stacks stacks = splitStack(sections, above, arena, cut);
     if (!std::all_of(stacks.head.begin(), stacks.head.end(), tellsNothing) || stacks.tail.empty()) return stacks;
     std::vector<PlacedSection> rest(std::find_if_not(sections.begin(), sections.end(), isRepeat), sections.end());
     moveBelow(rest, 0);
-    return splitStack(rest, above, arena);
+    return splitStack(rest, above, arena, cut);
 }
 
-Halves splitSubReport(const PlacedControl& control, float above, Arena& arena) {
-    Stacks stacks = splitUsefully(control.sections, above, arena);
+Halves splitSubReport(const PlacedControl& control, float above, Arena& arena, Cut cut) {
+    Stacks stacks = splitUsefully(control.sections, above, arena, cut);
     if (stacks.head.empty()) return {std::nullopt, control};
     if (stacks.tail.empty()) {  // the cut goes through the room below its rows
         Halves halves = splitBox(control, above);
@@ -122,16 +122,17 @@ Halves splitSubReport(const PlacedControl& control, float above, Arena& arena) {
     return halves;
 }
 
-Halves splitControl(const PlacedControl& control, float above, Arena& arena) {
-    if (!control.sections.empty()) return splitSubReport(control, above, arena);
+Halves splitControl(const PlacedControl& control, float above, Arena& arena, Cut cut) {
+    if (!control.sections.empty()) return splitSubReport(control, above, arena, cut);
     if (control.lines.size() > 1) return splitLines(control, above, arena);
-    return splitBox(control, above);
+    if (isSplittable(control)) return splitBox(control, above);
+    return {std::nullopt, control};
 }
 
 // The last height at which no control that must stay whole is torn.
-float cutOf(const PlacedSection& section, float available) {
+float heightOf(Cut kind, const PlacedSection& section, float available) {
     float cut = available;
-    for (bool moved = true; moved;) {
+    for (bool moved = kind == Cut::between; moved;) {
         moved = false;
         for (const PlacedControl& control : section.controls) {
             if (isSplittable(control) || control.top >= cut || bottomOf(control) <= cut + tolerance) continue;
@@ -180,9 +181,9 @@ private:
 
 }  // namespace
 
-bool splitSection(const PlacedSection& section, float available, Arena& arena, PlacedSection& head,
-                  PlacedSection& tail) {
-    const float cut = cutOf(section, available);
+bool splitSection(const PlacedSection& section, float available, Arena& arena, PlacedSection& head, PlacedSection& tail,
+                  Cut kind) {
+    const float cut = heightOf(kind, section, available);
     if (cut <= 0) return false;
     std::vector<PlacedControl> above;
     Rest rest(cut, section.controls.size());
@@ -192,7 +193,7 @@ bool splitSection(const PlacedSection& section, float available, Arena& arena, P
         } else if (control.top >= cut) {
             rest.add(control, control);
         } else {
-            const Halves halves = splitControl(control, cut - control.top, arena);
+            const Halves halves = splitControl(control, cut - control.top, arena, kind);
             if (halves.head) above.push_back(*halves.head);
             if (halves.tail) rest.add(control, *halves.tail);
         }
@@ -205,6 +206,15 @@ bool splitSection(const PlacedSection& section, float available, Arena& arena, P
     head.controls = arena.keep(above);
     tail.continued = true;
     rest.finish(tail, whole.height - cut, arena);
+    return true;
+}
+
+bool dropSpaceAbove(PlacedSection& section, Arena& arena) {
+    float space = section.height;
+    for (const PlacedControl& control : section.controls)
+        if (shows(control)) space = std::min(space, control.top);
+    if (space <= 0) return false;
+    section = sliceSection(section, space, section.height, true, arena);
     return true;
 }
 
