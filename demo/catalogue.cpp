@@ -176,7 +176,7 @@ constexpr PersonData employeeRows[] = {
     {"Patrick", "Quesnel", -1, 2890, false}, {"Amélie", "Rochefort", -1, 2410, false},
     {"Ghislain", "Thivierge", -1, 3120, false}, {"Rosa", "Calderone", -1, 2275, false},
     {"Yves", "Laramée", -1, 2540, false, -1, firstDay, Day::of(2024, 6, 28)},
-    {"Maude", "Tessier", -1, 2460, false, -1, firstDay, Day::of(2023, 9, 29), false},
+    {"Maude", "Tessier", 3, 2460, false, -1, firstDay, Day::of(2023, 9, 29), false},
 };
 
 constexpr ProjectData projectRows[] = {

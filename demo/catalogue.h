@@ -4,6 +4,7 @@
 #include "demo/days.h"
 
 #include <span>
+#include <string>
 
 // What the demo company trades in and with whom: plain data, all of it made up.
 namespace quillo::demo {
@@ -109,6 +110,8 @@ struct PersonData {
     Day changed = firstDay;
     Day left = never;
     bool onFile = true;
+
+    std::string name() const { return std::string(first) + " " + last; }
 };
 std::span<const PersonData> employees();
 
@@ -129,8 +132,7 @@ std::span<const ProjectData> projects();
 
 std::span<const char* const> suppliers();
 
-// How a place writes: the tongue of its streets and of its people's names.
-enum class Tongue { french, english, german };
+enum class Tongue { french, english, german };  // of people's names
 
 struct PlaceData {
     const char* city;
@@ -147,6 +149,6 @@ std::span<const PlaceData> germanPlaces();
 
 std::span<const char* const> surnames(Tongue tongue);
 std::span<const char* const> firstNames();
-std::span<const char* const> streets(Tongue tongue);
+std::span<const char* const> streets(const PlaceData& place);
 
 }  // namespace quillo::demo

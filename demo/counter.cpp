@@ -1,7 +1,5 @@
 #include "demo/counter.h"
 
-#include "demo/masters.h"
-
 #include <algorithm>
 #include <cstdio>
 
@@ -55,8 +53,8 @@ const Customer& Counter::chooseCustomer(Day day, const Shift& shift) {
     if (random_.chance(780)) return walkIn;
     const auto number = random_.between(2, static_cast<std::int64_t>(trade_.customers.size()) - 1);
     const Customer& customer = trade_.customers[static_cast<std::size_t>(number)];
-    const bool gone = customer.inactiveFrom && day >= *customer.inactiveFrom;
-    return customer.currency != cad || customer.tax != Tax::quebec || gone ? walkIn : customer;
+    const bool ofTheProvince = customer.currency == cad && customer.tax == Tax::quebec;
+    return ofTheProvince && !customer.goneOn(day) ? customer : walkIn;
 }
 
 void Counter::sell(Day day, Shift& shift, int minute) {
@@ -72,7 +70,7 @@ void Counter::sell(Day day, Shift& shift, int minute) {
     document.lines = sales_.chooseLines(shift.warehouse, customer.french, static_cast<int>(random_.between(1, 4)), 8);
     if (document.lines.empty()) return;
     const auto way = random_.below(1000);
-    const bool account = customer.id > 2;
+    const bool account = !customer.walkIn();
     if (way < 35)
         bringBack(document);
     else if (way < 45)
@@ -94,7 +92,7 @@ void Counter::sell(Day day, Shift& shift, int minute) {
 void Counter::bringBack(SaleDocument& document) {
     const auto ends = [&](const SaleLine& line) { return line.item->soldAhead(document.date); };
     if (std::ranges::any_of(document.lines, ends)) return;
-    if (document.customer->id > 2)
+    if (!document.customer->walkIn())
         document.kind = creditNote;
     else
         for (auto& line : document.lines) line = line.broughtBack();

@@ -36,7 +36,6 @@ public:
         customer.code = code;
         customer.name = name;
         customer.term = &trade_.terms[11];
-        customer.salesperson.clear();
         customer.segment = retail;
         customer.warehouse = warehouse;
         customer.delay = 0;
@@ -48,14 +47,15 @@ public:
 
     void account(std::int64_t index) {
         const auto kind = random_.below(100);
-        const Currency currency = kind < 11 ? usd : kind < 17 ? eur : cad;
-        const bool quebecker = currency == cad && random_.chance(680);
+        const bool cooperative = index == 7;
+        const Currency currency = cooperative ? cad : kind < 11 ? usd : kind < 17 ? eur : cad;
+        const bool quebecker = cooperative || (currency == cad && random_.chance(680));
         const bool french = quebecker ? random_.chance(850) : random_.chance(currency == eur ? 600 : 120);
         Customer customer = blank(french, currency,
                                   currency != cad ? Tax::exempt
                                   : quebecker     ? Tax::quebec
                                                   : Tax::ontario);
-        customer.name = index == 7 ? longName : uniqueName(customer);
+        customer.name = cooperative ? longName : uniqueName(customer);
         customer.code = lettersOf(customer.name) + std::to_string(100 + customer.id);
         choose(customer, index);
         write(customer, index);
@@ -111,11 +111,9 @@ private:
         if (customer.segment == contractors && random_.chance(400)) customer.project = random_.between(1, 7);
         const auto seller = random_.below(8);
         if (seller < 6) {
-            const auto& person = employees()[static_cast<std::size_t>(seller)];
-            customer.salesperson = std::string(person.first) + " " + person.last;
-            customer.seller = &person;
+            customer.salesperson = &employees()[static_cast<std::size_t>(seller)];
         } else if (seller == 6 && index % 3 == 0) {
-            customer.salesperson = formerSalesperson;
+            customer.salesperson = &employees().back();  // her file is gone
         }
         if (index % 24 == 11)
             customer.inactiveFrom = dayInMonth(firstDay, static_cast<int>(random_.between(17, 29)), 1);
@@ -185,10 +183,11 @@ private:
         const auto inactive = customer.inactiveFrom ? std::optional(true)
                               : random_.chance(900) ? std::optional(false)
                                                     : std::nullopt;
-        const bool noSalesperson = customer.salesperson.empty() && index % 2 != 0;
+        const auto salesperson = customer.salesperson != nullptr ? std::optional(customer.salesperson->name())
+                                 : index % 2 == 0                ? std::optional(std::string())
+                                                                 : std::nullopt;
         rows_.add(customer.id, customer.code, customer.name, contact, telephone, extension, otherTelephone,
-                  otherExtension, fax, web, mail, orNull(language),
-                  noSalesperson ? std::nullopt : std::optional(customer.salesperson),
+                  otherExtension, fax, web, mail, orNull(language), salesperson,
                   orNull(index % 45 == 17 ? 0 : customer.term->id), orNull(taxGroup),
                   Id{receivableAccount(customer.currency)}, customer.segment == contractors ? 2 : 1,
                   orNull(customer.currencyOnFile ? Id{customer.currency} : 0), limit, inactive);
@@ -199,13 +198,12 @@ private:
     }
 
     void address(const Customer& customer, int kind, const std::string& name, const PlaceData& place) {
-        const Tongue tongue = tongueOf(customer);
-        const auto roads = streets(tongue);
+        const auto roads = streets(place);
         const std::string number = std::to_string(random_.between(10, place.country <= unitedStates ? 9800 : 98));
         const std::string road = random_.pick(roads);
-        const std::string line = tongue == Tongue::german    ? road + " " + number
-                                 : tongue == Tongue::english ? number + " " + road
-                                                             : number + ", " + road;
+        const bool numberLast = place.country == germany;
+        const bool comma = place.province == std::string_view("QC") || place.country > unitedStates;
+        const std::string line = numberLast ? road + " " + number : number + (comma ? ", " : " ") + road;
         const auto suite =
             place.country <= unitedStates && random_.chance(200)
                 ? std::optional((customer.french ? "Bureau " : "Suite ") + std::to_string(random_.between(100, 620)))
@@ -245,7 +243,7 @@ void writeAddedFields(Trade& trade) {
 
 void writeCustomers(Trade& trade) {
     CustomerMaker maker(trade);
-    maker.walkIn(walkInCode, "Ventes au comptoir - Montréal", montreal, true);
+    maker.walkIn("COMPTOIR", "Ventes au comptoir - Montréal", montreal, true);
     maker.walkIn("COMPT-QC", "Ventes au comptoir - Québec", quebec, true);
     const std::int64_t count = 198 + 20 * (trade.scale < 40 ? trade.scale - 1 : 40);
     for (std::int64_t index = 0; index < count; ++index) maker.account(index);

@@ -1,5 +1,7 @@
 #include "demo/catalogue.h"
 
+#include <string_view>
+
 namespace quillo::demo {
 namespace {
 
@@ -24,10 +26,12 @@ constexpr const char* germanSurnameRows[] = {
     "Bauer", "Brandt", "Fischer", "Hoffmann", "Keller", "Lehmann", "Schäfer", "Vogel", "Weber", "Winkler",
 };
 
+// The first of them are found in Europe too.
 constexpr const char* frenchStreetRows[] = {
-    "rue des Ateliers", "boul. Industriel", "chemin du Moulin", "rue de la Gare", "avenue des Pins",
+    "rue des Ateliers", "chemin du Moulin", "rue de la Gare", "avenue des Pins", "boul. Industriel",
     "rang Saint-Joseph", "rue Principale Est", "montée Masson-Neuve",
 };
+constexpr std::size_t europeanStreets = 4;
 constexpr const char* englishStreetRows[] = {
     "Commerce Drive", "Mill Street", "Station Road", "Harbour Lane", "Foundry Avenue", "Orchard Crescent",
 };
@@ -73,10 +77,12 @@ std::span<const char* const> surnames(Tongue tongue) {
 std::span<const char* const> firstNames() {
     return firstNameRows;
 }
-std::span<const char* const> streets(Tongue tongue) {
-    if (tongue == Tongue::german) return germanStreetRows;
-    if (tongue == Tongue::english) return englishStreetRows;
-    return frenchStreetRows;
+std::span<const char* const> streets(const PlaceData& place) {
+    const std::span<const char* const> french = frenchStreetRows;
+    if (place.country == germany) return germanStreetRows;
+    if (place.country > unitedStates) return french.first(europeanStreets);
+    if (place.province == std::string_view("QC")) return french;
+    return englishStreetRows;
 }
 std::span<const PlaceData> quebecPlaces() {
     return quebecRows;

@@ -141,8 +141,7 @@ void Receivables::applyCredit(Day day, OpenDocument& credit) {
 void Receivables::payOnAccount(Day day) {
     if (!random_.chance(std::min(60 * trade_.scale, 1000))) return;
     const Customer& customer = random_.pick(trade_.customers);
-    const bool walkIn = customer.id <= 2;
-    if (walkIn || customer.currency == eur || (customer.inactiveFrom && day >= *customer.inactiveFrom)) return;
+    if (customer.walkIn() || customer.currency == eur || customer.goneOn(day)) return;
     PaymentData payment{.date = day, .customer = &customer, .currency = customer.currency};
     payment.method = officeMethod(payment.currency);
     payment.number = paymentNumber(payment.method);

@@ -1,7 +1,5 @@
 #include "demo/sales.h"
 
-#include "demo/masters.h"
-
 #include <algorithm>
 #include <cstdio>
 
@@ -30,7 +28,7 @@ const Customer& Sales::chooseCustomer(Day day) {
         // The lower of two draws: a few customers buy most.
         const auto index = 2 + std::min(random_.below(count - 2), random_.below(count - 2));
         const Customer& customer = trade_.customers[static_cast<std::size_t>(index)];
-        if (!customer.inactiveFrom || day < *customer.inactiveFrom) return customer;
+        if (!customer.goneOn(day)) return customer;
     }
 }
 

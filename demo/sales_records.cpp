@@ -1,4 +1,3 @@
-#include "demo/masters.h"
 #include "demo/sales.h"
 
 namespace quillo::demo {
@@ -8,8 +7,8 @@ void Sales::writeHeader(const SaleDocument& document, const Term& term, Rate rat
     const int sign = document.kind == creditNote ? -1 : 1;
     const auto signedAmount = [&](Cents amount) { return times(amount, sign); };
     std::optional<std::string> salesperson;
-    if (!customer.salesperson.empty())
-        salesperson = customer.salesperson;
+    if (const PersonData* const person = salespersonOf(customer, document.date))
+        salesperson = person->name();
     else if (customer.id % 2 == 0)
         salesperson = "";
     Percent commission = document.kind == interestCharge ? Percent{} : commissionOf(customer, document.date);

@@ -19,11 +19,15 @@ std::int64_t Trade::count(Day day, std::int64_t hundredths) {
     return random.about(hundredths * scale * season[day.month() - 1] * growth / 10000);
 }
 
+const PersonData* salespersonOf(const Customer& customer, Day day) {
+    const PersonData* const person = customer.salesperson;
+    return person == nullptr || day > person->left ? nullptr : person;
+}
+
 Percent commissionOf(const Customer& customer, Day day) {
-    if (customer.salesperson.empty()) return {};
-    if (customer.seller == nullptr) return {3000};
-    const PersonData& seller = *customer.seller;
-    const int percent = day < seller.changed ? seller.formerCommission : seller.commission;
+    const PersonData* const person = salespersonOf(customer, day);
+    if (person == nullptr) return {};
+    const int percent = day < person->changed ? person->formerCommission : person->commission;
     return percent < 0 ? Percent{2000} : Percent{percent * 1000};
 }
 

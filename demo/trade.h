@@ -40,14 +40,16 @@ struct Customer {
     bool currencyOnFile = true;
     Tax tax;
     const Term* term;
-    std::string salesperson;             // empty for none
-    const PersonData* seller = nullptr;  // the salesperson, where the company has a file
+    const PersonData* salesperson = nullptr;
     Segment segment;
     Warehouse warehouse;
     Id project = 0;
     int delay = 0;  // days that this customer pays after the due date
     bool takesDiscounts = false;
     std::optional<Day> inactiveFrom{};
+
+    bool walkIn() const { return id <= 2; }
+    bool goneOn(Day day) const { return inactiveFrom && day >= *inactiveFrom; }
 };
 
 struct Component {
@@ -104,7 +106,9 @@ struct Trade {
     Stock stock;
 };
 
-// What a customer's salesperson earns on a sale of a day.
+// Who sells to a customer on a day; nobody once that person has left.
+const PersonData* salespersonOf(const Customer& customer, Day day);
+// What the salesperson of a customer earns on a sale of a day.
 Percent commissionOf(const Customer& customer, Day day);
 Account receivableAccount(Currency currency);
 Account bankAccount(Currency currency);

@@ -95,7 +95,6 @@ void Treasury::slip(Day day, Id employee, Id project) {
     const Cents withheld = gross * Percent{26500};
     const Cents employer = gross * Percent{11200};
     const std::string number = "P" + std::to_string(20000 + ++lastSlip_);
-    const std::string name = std::string(person.first) + " " + person.last;
     const auto canceled = day.year() == 2023 && day.month() <= 3 ? std::nullopt : std::optional(random_.chance(8));
     slips_.add(key, number, day, orNull(person.onFile ? employee : 0), hours, gross, gross - withheld, canceled);
     // A cancelled slip is reversed under its own key.
@@ -106,7 +105,7 @@ void Treasury::slip(Day day, Id employee, Id project) {
         trade_.ledger.line(employerCosts, times(employer, sign));
         trade_.ledger.line(deductions, times(-(withheld + employer), sign));
         trade_.ledger.line(bankCad, times(-(gross - withheld), sign));
-        trade_.ledger.post({day, "PAY", key, number, name});
+        trade_.ledger.post({day, "PAY", key, number, person.name()});
     }
 }
 
