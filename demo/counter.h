@@ -4,7 +4,7 @@
 
 namespace quillo::demo {
 
-// The cash registers: sales over the counter, payments of accounts, and the drawers' deposits.
+// The cash registers: sales over the counter, payments of accounts, and the drawers' deposits, two shifts a day.
 class Counter {
 public:
     Counter(Trade& trade, Sales& sales, Receivables& receivables)
@@ -17,16 +17,22 @@ public:
     void openDay(Day day);
 
 private:
-    struct Post {
+    struct Shift {
         const char* user;
         const char* cashRegister;
         Warehouse warehouse;
-        Cents dollars, foreign;  // in the drawer since the morning
+        int begins, ends;        // minutes of the day
+        Cents dollars, foreign;  // what came into the drawer
     };
-    void sell(Day day, Post& post, int minute);
-    void takeMoney(SaleDocument& document, Post& post);
-    void payCash(SaleDocument& document, Post& post, Cents amount);
-    void emptyDrawer(Day day, const Post& post);
+    void work(Day day, Shift& shift);
+    std::int64_t salesOf(Day day);
+    void sell(Day day, Shift& shift, int minute);
+    const Customer& chooseCustomer(Day day, const Shift& shift);
+    void bringBack(SaleDocument& document);
+    void takeDeposit(SaleDocument& document);
+    void takeMoney(SaleDocument& document, Shift& shift);
+    void payCash(SaleDocument& document, Shift& shift, Cents amount);
+    void emptyDrawer(Day day, const Shift& shift);
 
     Trade& trade_;
     Random& random_;

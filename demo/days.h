@@ -39,7 +39,8 @@ struct Day {
 // The given day of the month that lies so many months after, or its last day when it is shorter.
 Day dayInMonth(Day from, int monthsAfter, int day);
 
-inline constexpr Day firstDay = Day::of(2023, 1, 1);
+// A fiscal year before the first one that can be compared with a full one.
+inline constexpr Day firstDay = Day::of(2022, 4, 1);
 inline constexpr Day lastDay = Day::of(2025, 12, 31);
 
 }  // namespace quillo::demo

@@ -13,7 +13,7 @@ namespace quillo {
 namespace demo {
 namespace {
 
-// Rates of working days, wandering inside a band; the days between have none of their own.
+// Rates of most working days, wandering inside a band; the other days have none of their own.
 class RateBoard {
 public:
     explicit RateBoard(Trade& trade) : trade_(trade), rows_(trade.database, "ExchangeRateByDay") {}
@@ -25,6 +25,7 @@ public:
 
 private:
     void step(Currency currency, Rate& rate, std::int64_t low, std::int64_t high, Day day) {
+        if (day != firstDay && trade_.random.chance(30)) return;
         rate.n = std::clamp(rate.n + trade_.random.between(-60, 60), low, high);
         rows_.add(Id{currency}, day, rate);
     }
@@ -48,9 +49,11 @@ public:
         rates_.openDay(firstDay);
         purchasing_.openBooks(firstDay);
         for (Day day = firstDay + 1; day <= lastDay; day = day + 1) {
+            trade_.today = day;
             if (day.isWorkday()) workday(day);
             if (day.weekday() != 0) counter_.openDay(day);
             receivables_.payDay(day);
+            if (day.isWorkday()) receivables_.payOnAccount(day);
             if (day.weekday() == 5) treasury_.deposit(day);
             if (day.isMonthEnd()) monthEnd(day);
         }
@@ -111,7 +114,7 @@ void fill(const std::string& path, const DemoOptions& options) {
     database.execute(std::string(companySchema()));
     const auto indexes = dropIndexes(database);
     {
-        Trade trade(database, options.seed, options.scale);
+        Trade trade(database, options.seed, options.scale, options.french);
         writeReferences(trade);
         writeGoods(trade);
         writeCustomers(trade);

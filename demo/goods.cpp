@@ -31,37 +31,37 @@ Account salesAccount(Category category) {
     return static_cast<Account>(Id{salesLumber} + Id{category} - Id{lumber});
 }
 
-void writeCategories(const sqlite::Database& database) {
-    Table rows(database, "Category");
+void writeCategories(Trade& trade) {
+    Table rows(trade.database, "Category");
     Id key = 0;
-    for (const char* name : categories()) rows.add(++key, name);
-    Table sub(database, "Category_Sub");
+    for (const auto& name : categories()) rows.add(++key, trade.words.name(name));
+    Table sub(trade.database, "Category_Sub");
     key = 0;
-    for (const auto& row : subcategories()) sub.add(++key, Id{row.category}, row.description);
+    for (const auto& row : subcategories()) sub.add(++key, Id{row.category}, trade.words.name(row.description));
 }
 
-void writeWarehouses(const sqlite::Database& database) {
-    Table rows(database, "Warehouse");
+void writeWarehouses(Trade& trade) {
+    Table rows(trade.database, "Warehouse");
     rows.add(Id{montreal}, "MTL", "Montréal", false);
     rows.add(Id{quebec}, "QC", "Québec", nullptr);
     rows.add(Id{ottawa}, "OTT", "Ottawa", false);
-    rows.add(Id{laval}, "LAV", "Laval (closed in 2023)", true);
+    rows.add(Id{laval}, "LAV", trade.words.name({"Laval (closed in 2023)", "Laval (fermé en 2023)"}), true);
 }
 
 }  // namespace
 
 void writeGoods(Trade& trade) {
-    writeCategories(trade.database);
-    writeWarehouses(trade.database);
+    writeCategories(trade);
+    writeWarehouses(trade);
     Table rows(trade.database, "Item");
     Table parts(trade.database, "ItemComponent");
     Table costs(trade.database, "ItemCost");
     for (const auto& data : items()) {
         Item item{static_cast<Id>(trade.items.size() + 1), &data, salesAccount(data.category), componentsOf(data.made),
                   Cents{data.price}};
-        rows.add(item.id, data.code, data.english, Id{data.category},
+        rows.add(item.id, data.code, trade.words.say(data.description), Id{data.category},
                  data.subcategory == 12 ? std::nullopt : std::optional(data.subcategory), item.price, item.service(),
-                 item.kit(), data.assembled, data.kitOption, data.kitOption == 1, false);
+                 item.kit(), data.assembled, data.kitOption, data.kitOption == 1, data.inactive);
         for (const auto& part : item.components) parts.add(item.id, part.item, part.quantity);
         if (data.cost != 0) costs.add(item.id, firstDay, Cents{data.cost});
         trade.items.push_back(std::move(item));

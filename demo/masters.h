@@ -10,7 +10,4 @@ void writeGoods(Trade& trade);       // warehouses, categories, items and what t
 void writeCustomers(Trade& trade);   // customers, their addresses and added fields
 void writePartners(Trade& trade);    // employees, suppliers, projects
 
-inline constexpr const char* formerSalesperson = "Maude Tessier";  // left before her file was kept
-inline constexpr const char* walkInCode = "COMPTOIR";
-
 }  // namespace quillo::demo

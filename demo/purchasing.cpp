@@ -51,7 +51,7 @@ void Purchasing::openBooks(Day day) {
     Cents total;
     const Movement movement{day, "ADJ"};
     for (const auto& item : trade_.items) {
-        if (!item.stocked() || item.data->assembled) continue;
+        if (!item.stocked() || item.data->assembled || !item.deliveredOn(day)) continue;
         for (const Warehouse warehouse : {montreal, quebec, ottawa, laval}) {
             const Qty quantity = lotOf(item);
             total += trade_.stock.receive(movement, item.id, warehouse, quantity, quantity * Cents{item.data->cost});
@@ -61,7 +61,8 @@ void Purchasing::openBooks(Day day) {
     trade_.ledger.line(inventory, total);
     trade_.ledger.line(bankCad, bank);
     trade_.ledger.line(capital, -(total + bank));
-    trade_.ledger.post({day, "GEN", 0, "OUV-2023", "Opening balances"});
+    trade_.ledger.post({day, "GEN", 0, "OUV-" + std::to_string(day.year()),
+                        trade_.words.say({"Opening balances", "Soldes d'ouverture"})});
 }
 
 void Purchasing::restock(Day day) {
@@ -69,7 +70,8 @@ void Purchasing::restock(Day day) {
         std::map<Id, std::vector<const Item*>> wanted;
         for (const auto& item : trade_.items) {
             const bool low = trade_.stock.onHand(item.id, warehouse) < Qty{lotOf(item).n / 2};
-            if (item.stocked() && !item.data->assembled && low) wanted[supplierOf(item)].push_back(&item);
+            if (item.stocked() && !item.data->assembled && item.deliveredOn(day) && low)
+                wanted[supplierOf(item)].push_back(&item);
         }
         for (const auto& [supplier, goods] : wanted) {
             Cents total;
@@ -82,12 +84,23 @@ void Purchasing::restock(Day day) {
             }
             document(day, 1, supplier, withTaxes(total));
             trade_.ledger.line(inventory, total);
-            taxLines(total);
-            trade_.ledger.line(payable, -withTaxes(total));
-            trade_.ledger.post({day, "PUR", key, lastNumber(), suppliers()[static_cast<std::size_t>(supplier - 1)]});
-            bills_[day + 30].push_back({supplier, withTaxes(total)});
+            owe(day, key, supplier, total);
         }
     }
+}
+
+// The other side of a purchase: the taxes on it and the debt.
+void Purchasing::owe(Day day, Id key, Id supplier, Cents amount) {
+    taxLines(amount);
+    trade_.ledger.line(payable, -withTaxes(amount));
+    trade_.ledger.post({day, "PUR", key, lastNumber(), suppliers()[static_cast<std::size_t>(supplier - 1)]});
+    bills_[day + 30].push_back({supplier, withTaxes(amount)});
+}
+
+void Purchasing::buyForProject(Day day, Id supplier, Cents amount, Id project) {
+    const Id key = document(day, 1, supplier, withTaxes(amount));
+    trade_.ledger.line(costOfGoods, amount, {}, project);
+    owe(day, key, supplier, amount);
 }
 
 void Purchasing::paySuppliers(Day day) {
@@ -125,7 +138,8 @@ void Purchasing::assemble(Day day) {
         }
         trade_.stock.receive(movement, item.id, warehouse, quantity, total);
         trade_.ledger.line(inventory, total);
-        trade_.ledger.post({day, "ASB", movement.key, number, item.data->english, cad, {}, retail});
+        trade_.ledger.post(
+            {day, "ASB", movement.key, number, trade_.words.say(item.data->description), cad, {}, retail});
     }
 }
 
@@ -135,14 +149,16 @@ void Purchasing::count(Day day) {
     for (const auto& item : trade_.items) {
         if (!item.stocked() || !random_.chance(250)) continue;
         const Qty off = units(random_.between(1, 3));
+        if (trade_.stock.onHand(item.id, montreal) <= off) continue;
         if (random_.chance(350))
             change += trade_.stock.putBack(movement, item.id, montreal, off);
-        else if (trade_.stock.onHand(item.id, montreal) > off)
+        else
             change -= trade_.stock.issue(movement, item.id, montreal, off);
     }
     trade_.ledger.line(inventory, change);
     trade_.ledger.line(stockAdjustments, -change);
-    trade_.ledger.post({day, "GEN", movement.key, "INV-" + std::to_string(day.year()), "Yearly stock count"});
+    trade_.ledger.post({day, "GEN", movement.key, "INV-" + std::to_string(day.year()),
+                        trade_.words.say({"Yearly stock count", "Inventaire annuel"})});
 }
 
 void Purchasing::closeLaval(Day day) {
@@ -156,7 +172,8 @@ void Purchasing::closeLaval(Day day) {
     }
     trade_.ledger.line(inventory, change);
     trade_.ledger.line(stockAdjustments, -change);
-    trade_.ledger.post({day, "GEN", movement.key, "TRF-LAVAL", "Laval's stock brought to Montréal"});
+    trade_.ledger.post({day, "GEN", movement.key, "TRF-LAVAL",
+                        trade_.words.say({"Laval's stock brought to Montréal", "Stock de Laval ramené à Montréal"})});
 }
 
 }  // namespace quillo::demo

@@ -21,6 +21,8 @@ public:
     // Laval's goods go to Montréal for good.
     void closeLaval(Day day);
     void paySuppliers(Day day);
+    // Material that goes to a project's site at once.
+    void buyForProject(Day day, Id supplier, Cents amount, Id project);
 
     // Purchase and sales taxes on an amount bought in Québec.
     void taxLines(Cents amount);
@@ -31,6 +33,7 @@ public:
 
 private:
     Qty lotOf(const Item& item) const;
+    void owe(Day day, Id key, Id supplier, Cents amount);
 
     Trade& trade_;
     Random& random_;

@@ -7,17 +7,21 @@
 
 namespace quillo::demo {
 
-// A document that its customer has not settled; a credit note is negative.
+inline constexpr int onAccount = 99;  // a payment that settles no document yet
+
+// A document that its customer has not settled; a credit note, or money paid on account, is negative.
 struct OpenDocument {
     Id key = 0;
     std::string number{};
     int kind = 0;
     const Customer* customer = nullptr;
+    Currency currency = cad;  // of the document, at times not the customer's
     Day date{}, due{};
     const Term* term = nullptr;
     Rate rate{};
     Cents total{}, open{};
     Segment segment = noSegment;
+    bool abandoned = false;  // its customer will never pay it
 };
 
 // The receivables: open documents, when their customers mean to pay them, and the payments. The
@@ -30,11 +34,14 @@ public:
     void add(const OpenDocument& document);
     // The payments and credit applications that customers make on a day.
     void payDay(Day day);
-    // A payment of one home-currency document at a register; nothing when none is open.
-    void payAtCounter(Day day, const std::string& user, const std::string& cashRegister);
+    // Now and then a customer pays before there is a document.
+    void payOnAccount(Day day);
+    // A payment of one home-currency document at a register; gives the cash that came into the drawer.
+    Cents payAtCounter(Day day, const std::string& user, const std::string& cashRegister);
     // Documents of home currency customers overdue by more than 30 days, by customer.
     std::map<Id, Cents> overdue(Day day) const;
-    // Small balances written off on the account alone, and home-currency corrections of customers.
+    // Small balances written off on the account alone, those in foreign currency at a year's end, and
+    // home-currency corrections of customers.
     void adjust(Day day);
 
 private:
@@ -45,6 +52,7 @@ private:
     struct PaymentData {
         Day date{};
         const Customer* customer = nullptr;
+        Currency currency = cad;
         std::vector<Settlement> settled{};
         Method method = wire;
         std::string number{}, user{}, cashRegister{};
@@ -54,7 +62,13 @@ private:
     void pay(Day day, OpenDocument& document);
     void applyCredit(Day day, OpenDocument& credit);
     void record(const PaymentData& payment, bool creditApplication);
+    void writeHeader(const PaymentData& payment, Id key, Cents total, Cents discounts, Id applied);
+    void settleOthers(Day day, PaymentData& payment);
+    Cents overpayment(Cents asked);
+    void writeOff(Day day, Currency currency, Cents amount);
+    void correct(Day day, const Customer& customer, Cents amount);
     void post(const PaymentData& payment, Id key, Cents total, Rate rate);
+    Method officeMethod(Currency currency);
     Cents amountAsked(const OpenDocument& document, Day day) const;
     Cents discountFor(const OpenDocument& document, Day day) const;
     void plan(const OpenDocument& document, Day day);

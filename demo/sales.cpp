@@ -1,7 +1,5 @@
 #include "demo/sales.h"
 
-#include "demo/masters.h"
-
 #include <algorithm>
 #include <cstdio>
 
@@ -18,8 +16,10 @@ Sales::Sales(Trade& trade, Receivables& receivables)
 void Sales::officeDay(Day day) {
     for (auto left = trade_.count(day, 320); left > 0; --left) writeInvoice(day);
     for (auto left = trade_.count(day, 18); left > 0; --left) writeCreditNote(day);
-    for (auto left = trade_.count(day, 35); left > 0; --left) writeOffer(day, quote);
-    for (auto left = trade_.count(day, 28); left > 0; --left) writeOffer(day, order);
+    // What became an invoice is no offer any more: of former times little is left.
+    const bool recent = lastDay - day < 75;
+    for (auto left = trade_.count(day, recent ? 190 : 6); left > 0; --left) writeOffer(day, quote);
+    for (auto left = trade_.count(day, recent ? 190 : 3); left > 0; --left) writeOffer(day, order);
 }
 
 const Customer& Sales::chooseCustomer(Day day) {
@@ -28,17 +28,25 @@ const Customer& Sales::chooseCustomer(Day day) {
         // The lower of two draws: a few customers buy most.
         const auto index = 2 + std::min(random_.below(count - 2), random_.below(count - 2));
         const Customer& customer = trade_.customers[static_cast<std::size_t>(index)];
-        if (!customer.inactiveFrom || day < *customer.inactiveFrom) return customer;
+        if (!customer.goneOn(day)) return customer;
     }
 }
 
 const Term& Sales::termFor(const SaleDocument& document) const {
-    const bool season = document.date.month() <= 4 && document.customer->id % 9 == 0;
-    if (season) return trade_.terms[static_cast<std::size_t>(5 + document.date.year() - 2023)];
-    return *document.customer->term;
+    // From May on the dates are those of the next season, so that all lie ahead of the document.
+    const bool early = document.date.month() <= 4;
+    const bool seasonal = document.customer->term->mode == 2 || (early && document.customer->id % 9 == 0);
+    return seasonal ? trade_.season(document.date.year() + (early ? 0 : 1)) : *document.customer->term;
+}
+
+// A few documents are in another currency than their customer's.
+std::optional<Currency> Sales::chooseCurrency(const Customer& customer) {
+    if (!random_.chance(customer.currency == cad ? 12 : 60)) return {};
+    return customer.currency == cad ? usd : customer.currency == usd ? cad : usd;
 }
 
 bool Sales::available(const Item& item, Warehouse warehouse, Qty quantity) const {
+    if (item.soldAhead(trade_.today)) return trade_.stock.onHand(item.id, warehouse) > units(-3 * trade_.scale);
     if (item.stocked()) return trade_.stock.onHand(item.id, warehouse) >= quantity;
     return std::ranges::all_of(item.components, [&](const Component& part) {
         return trade_.stock.onHand(part.item, warehouse) >= times(quantity, part.quantity);
@@ -46,7 +54,9 @@ bool Sales::available(const Item& item, Warehouse warehouse, Qty quantity) const
 }
 
 void Sales::addLine(std::vector<SaleLine>& lines, const Item& item, Qty quantity, bool french) {
-    const auto textOf = [&](const Item& of) { return french ? of.data->french : of.data->english; };
+    const auto textOf = [&](const Item& of) {
+        return french ? of.data->description.french : of.data->description.english;
+    };
     SaleLine line{.item = &item, .text = textOf(item), .quantity = quantity, .price = item.price};
     if (random_.chance(160))
         line.discountPercent = Percent{random_.between(1, 4) * 5000};
@@ -81,6 +91,7 @@ std::vector<SaleLine> Sales::chooseLines(Warehouse warehouse, bool french, int c
                 return item.kit() && clashes(part.item);
             }))
             continue;
+        if (!item.soldOn(trade_.today)) continue;
         if (!item.service() && !available(item, warehouse, quantity)) continue;
         addLine(lines, item, quantity, french);
         taken.push_back(item.id);
@@ -94,6 +105,7 @@ std::vector<SaleLine> Sales::chooseLines(Warehouse warehouse, bool french, int c
 void Sales::writeInvoice(Day day) {
     SaleDocument document{.kind = invoice, .date = day, .customer = &chooseCustomer(day)};
     const Customer& customer = *document.customer;
+    document.agreed = chooseCurrency(customer);
     document.warehouse = day < Day::of(2023, 12, 15) && random_.chance(80) ? laval : customer.warehouse;
     const bool large = customer.segment == contractors || customer.segment == exportSales;
     document.lines = chooseLines(document.warehouse, customer.french,
@@ -110,7 +122,7 @@ void Sales::writeInvoice(Day day) {
         document.lines.push_back(
             {.text = customer.french ? "Livraison à l'arrière, appeler avant" : "Deliver at the rear, call ahead"});
     if (random_.chance(350)) document.freight = {random_.between(25, 280) * 100};
-    if (customer.currency == cad && random_.chance(70)) {
+    if (document.currency() == cad && random_.chance(70)) {
         document.kind = random_.chance(600) ? cashSale : invoice;
         document.receivedInFull = document.kind == cashSale;
         if (document.kind == invoice) document.partReceived = {random_.between(2, 9) * 2500};
@@ -130,10 +142,11 @@ void Sales::writeCreditNote(Day day) {
     SaleDocument document{.kind = creditNote,
                           .date = day,
                           .customer = sold.customer,
+                          .agreed = sold.currency,
                           .warehouse = sold.warehouse == laval ? montreal : sold.warehouse};
     for (const auto& line : sold.lines) {
-        const bool returnable =
-            line.item != nullptr && !line.item->kit() && line.kitLine < 0 && line.quantity >= units(1);
+        const bool returnable = line.item != nullptr && !line.item->soldAhead(day) && !line.item->kit() &&
+                                line.kitLine < 0 && line.quantity >= units(1);
         if (!returnable || (!document.lines.empty() && random_.chance(600))) continue;
         SaleLine back = line;
         back.quantity = line.item->service()
@@ -158,7 +171,7 @@ void Sales::writeOffer(Day day, Kind kind) {
     if (random_.chance(30)) document.lines.clear();  // opened and not yet filled
     if (random_.chance(80)) document.toApprove = true;
     addUp(document);
-    if (kind == order && document.customer->currency == cad && document.total > Cents{50000} && random_.chance(120)) {
+    if (kind == order && document.customer->currency == cad && document.total > Cents{50000} && random_.chance(250)) {
         document.partReceived = {document.total.n / 40000 * 10000};
         document.method = cheque;
     }
@@ -211,7 +224,7 @@ std::string Sales::numberFor(Kind kind, bool atCounter) {
 
 void Sales::record(SaleDocument& document) {
     const Customer& customer = *document.customer;
-    const Rate rate = trade_.rate(customer.currency);
+    const Rate rate = trade_.rate(document.currency());
     const Term& term = termFor(document);
     document.key = trade_.newDocument();
     document.number = numberFor(document.kind, document.atCounter);
@@ -226,10 +239,10 @@ void Sales::record(SaleDocument& document) {
     const int sign = document.kind == creditNote ? -1 : 1;
     const Cents owed = times(document.total, sign) - document.received;
     if (owed == Cents{}) return;
-    receivables_.add({document.key, document.number, document.kind, &customer, document.date,
+    receivables_.add({document.key, document.number, document.kind, &customer, document.currency(), document.date,
                       dueDate(term, document.date), &term, rate, times(document.total, sign), owed, customer.segment});
     if (document.kind != invoice) return;
-    Sold sold{&customer, document.warehouse, document.lines};
+    Sold sold{&customer, document.currency(), document.warehouse, document.lines};
     if (recent_.size() < 60)
         recent_.push_back(std::move(sold));
     else

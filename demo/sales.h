@@ -13,7 +13,8 @@ struct SaleLine {
     std::optional<Cents> price{};
     std::optional<Percent> discountPercent{};
     Cents total{}, discount{};
-    int kitLine = -1;  // the line of the kit that this component belongs to
+    int kitLine = -1;      // the line of the kit that this component belongs to
+    bool keyedIn = false;  // at a register, without item and account
 
     // The same goods brought back over the counter.
     SaleLine broughtBack() const {
@@ -38,6 +39,7 @@ struct SaleDocument {
     Day date{};
     std::string time{};
     const Customer* customer = nullptr;
+    std::optional<Currency> agreed{};  // or else the customer's currency
     Warehouse warehouse = montreal;
     std::vector<SaleLine> lines{};
     Cents freight{};
@@ -52,6 +54,8 @@ struct SaleDocument {
     Id key = 0;
     std::string number{};
     Cents net{}, discount{}, gst{}, qst{}, hst{}, total{}, received{};
+
+    Currency currency() const { return agreed.value_or(customer->currency); }
 };
 
 // Makes sales documents of all kinds, moves their goods and posts them.
@@ -77,6 +81,7 @@ private:
     void writeOffer(Day day, Kind kind);
     bool available(const Item& item, Warehouse warehouse, Qty quantity) const;
     const Customer& chooseCustomer(Day day);
+    std::optional<Currency> chooseCurrency(const Customer& customer);
     const Term& termFor(const SaleDocument& document) const;
     std::string numberFor(Kind kind, bool atCounter);
     void writeHeader(const SaleDocument& document, const Term& term, Rate rate);
@@ -89,6 +94,7 @@ private:
 
     struct Sold {
         const Customer* customer;
+        Currency currency;
         Warehouse warehouse;
         std::vector<SaleLine> lines;
     };

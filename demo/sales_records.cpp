@@ -1,4 +1,3 @@
-#include "demo/masters.h"
 #include "demo/sales.h"
 
 namespace quillo::demo {
@@ -8,11 +7,11 @@ void Sales::writeHeader(const SaleDocument& document, const Term& term, Rate rat
     const int sign = document.kind == creditNote ? -1 : 1;
     const auto signedAmount = [&](Cents amount) { return times(amount, sign); };
     std::optional<std::string> salesperson;
-    if (!customer.salesperson.empty())
-        salesperson = customer.salesperson;
+    if (const PersonData* const person = salespersonOf(customer, document.date))
+        salesperson = person->name();
     else if (customer.id % 2 == 0)
         salesperson = "";
-    Percent commission = document.kind == interestCharge ? Percent{} : customer.commission;
+    Percent commission = document.kind == interestCharge ? Percent{} : commissionOf(customer, document.date);
     if (commission.n > 0 && random_.chance(100)) commission.n += 1000;  // agreed for this sale alone
     // Some offers without lines have no total yet.
     const bool empty = document.lines.empty() && random_.chance(300);
@@ -24,7 +23,7 @@ void Sales::writeHeader(const SaleDocument& document, const Term& term, Rate rat
         paidAtOffice && document.method == cheque ? std::to_string(random_.between(100, 999)) : std::string();
     headers_.add(document.key, document.number, int{document.kind}, document.date,
                  orNull(std::string_view(document.time)), shipDate, document.date, dueDate(term, document.date),
-                 customer.id, term.id, Id{customer.currency}, rate, signedAmount(document.net),
+                 customer.id, term.id, Id{document.currency()}, rate, signedAmount(document.net),
                  signedAmount(document.discount), signedAmount(document.freight),
                  signedAmount(document.gst + document.qst + document.hst), total, document.received,
                  orNull(std::string_view(chequeNumber)), paidAtOffice ? orNull(Id{document.method}) : std::nullopt,
@@ -42,15 +41,16 @@ void Sales::writeLines(const SaleDocument& document) {
     const Id first = lastLine_ + 1;
     for (const auto& line : document.lines) {
         const bool goods = line.item != nullptr && !line.item->service();
-        const Account account = line.item != nullptr              ? line.item->salesAccount
-                                : document.kind == interestCharge ? interestIncome
-                                                                  : salesService;
+        const Id account = line.keyedIn                      ? 0
+                           : line.item != nullptr            ? Id{line.item->salesAccount}
+                           : document.kind == interestCharge ? Id{interestIncome}
+                                                             : Id{salesService};
         const auto scrap = line.scrap > Qty{} ? std::optional(line.scrap) : std::nullopt;
         const auto quantity = line.price ? std::optional(line.quantity) : std::nullopt;
         lines_.add(++lastLine_, document.key, orNull(line.item == nullptr ? 0 : line.item->id), line.text, quantity,
                    scrap, line.price, line.discountPercent, line.price ? std::optional(line.total) : std::nullopt,
                    line.item != nullptr && line.item->service(), line.item != nullptr && line.item->kit(),
-                   orNull(line.kitLine < 0 ? 0 : first + line.kitLine), false, taxGroup, Id{account},
+                   orNull(line.kitLine < 0 ? 0 : first + line.kitLine), false, taxGroup, orNull(account),
                    orNull(goods ? Id{document.warehouse} : 0), orNull(Id{customer.segment}));
     }
 }
@@ -58,9 +58,7 @@ void Sales::writeLines(const SaleDocument& document) {
 Id Sales::projectOf(const SaleDocument& document) {
     const Id project = document.customer->project;
     if (project == 0 || document.kind == interestCharge) return 0;
-    const ProjectData& data = projects()[static_cast<std::size_t>(project - 1)];
-    const Day start = dayInMonth(firstDay, data.startMonth, 15);
-    if (document.date < start || document.date > dayInMonth(start, data.months, 15)) return 0;
+    if (!projects()[static_cast<std::size_t>(project - 1)].runsOn(document.date)) return 0;
     return random_.chance(30) ? static_cast<Id>(projects().size() + 1) : project;
 }
 
@@ -72,14 +70,14 @@ void Sales::post(const SaleDocument& document, Rate rate) {
         if (document.received == Cents{}) return;
         ledger.line(customerDeposits, -(document.received * rate), -document.received);
     } else {
-        const Currency currency = document.customer->currency;
+        const Currency currency = document.currency();
         const Cents owed = times(document.total, sign) - document.received;
         ledger.line(receivableAccount(currency), owed * rate, owed);
         postRevenue(document, rate, sign);
         moveGoods(document);
     }
     ledger.post({document.date, document.kind == interestCharge ? "ADM" : "INV", document.key, document.number,
-                 document.customer->name, document.customer->currency, rate, document.customer->segment});
+                 document.customer->name, document.currency(), rate, document.customer->segment});
 }
 
 // Money taken with the document itself.
@@ -128,6 +126,8 @@ void Sales::moveGoods(const SaleDocument& document) {
         if (comesBack)
             cost -= trade_.stock.putBack(movement, line.item->id, document.warehouse,
                                          quantity < Qty{} ? -quantity : quantity);
+        else if (line.item->soldAhead(document.date))
+            cost += trade_.stock.issueAhead(movement, line.item->id, document.warehouse, quantity);
         else
             cost += trade_.stock.issue(movement, line.item->id, document.warehouse, quantity);
     }

@@ -18,6 +18,10 @@ Cents Stock::putBack(const Movement& movement, Id item, Id warehouse, Qty quanti
 
 Cents Stock::issue(const Movement& movement, Id item, Id warehouse, Qty quantity) {
     if (onHand(item, warehouse) < quantity) throw std::logic_error("more goods issued than there are");
+    return issueAhead(movement, item, warehouse, quantity);
+}
+
+Cents Stock::issueAhead(const Movement& movement, Id item, Id warehouse, Qty quantity) {
     const Level& before = level(item);
     const Cents value = quantity == before.total ? before.value : quantity * before.average;
     move(movement, item, warehouse, -quantity, -value);

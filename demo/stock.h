@@ -31,8 +31,11 @@ public:
     Cents receive(const Movement& movement, Id item, Id warehouse, Qty quantity, Cents value);
     // Goods that come back at the running average.
     Cents putBack(const Movement& movement, Id item, Id warehouse, Qty quantity);
-    // Goods that leave at the running average; the last unit takes the value that is left.
+    // Goods that leave at the running average; the last unit takes the value that is left. Throws std::logic_error
+    // when the warehouse has not as many.
     Cents issue(const Movement& movement, Id item, Id warehouse, Qty quantity);
+    // The same for goods that may leave before they came.
+    Cents issueAhead(const Movement& movement, Id item, Id warehouse, Qty quantity);
 
 private:
     struct Level {

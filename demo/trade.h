@@ -3,6 +3,7 @@
 #include "demo/ledger.h"
 #include "demo/random.h"
 #include "demo/stock.h"
+#include "demo/vocabulary.h"
 
 #include <optional>
 #include <string>
@@ -24,10 +25,10 @@ struct Instalment {
 struct Term {
     Id id;
     const char* code;
-    const char* description;
-    std::optional<int> mode, due;
-    std::optional<Percent> discount;
-    std::optional<int> discountDays, nextMonthAfter;
+    Words description;
+    std::optional<int> mode{}, due{};
+    std::optional<Percent> discount{};
+    std::optional<int> discountDays{}, nextMonthAfter{};
     std::vector<Instalment> instalments{};
 };
 
@@ -39,14 +40,16 @@ struct Customer {
     bool currencyOnFile = true;
     Tax tax;
     const Term* term;
-    std::string salesperson;  // empty for none
-    Percent commission;
+    const PersonData* salesperson = nullptr;
     Segment segment;
     Warehouse warehouse;
     Id project = 0;
     int delay = 0;  // days that this customer pays after the due date
     bool takesDiscounts = false;
     std::optional<Day> inactiveFrom{};
+
+    bool walkIn() const { return id <= 2; }
+    bool goneOn(Day day) const { return inactiveFrom && day >= *inactiveFrom; }
 };
 
 struct Component {
@@ -64,6 +67,10 @@ struct Item {
     bool service() const { return data->category == services; }
     bool kit() const { return data->category == kits; }
     bool stocked() const { return !service() && !kit(); }
+    bool soldOn(Day day) const { return day >= data->soldFrom && day <= data->soldUntil; }
+    bool deliveredOn(Day day) const { return day >= data->stockedFrom && day < data->lastDelivery; }
+    // Invoiced beyond what there is, since its maker delivers no more.
+    bool soldAhead(Day day) const { return data->soldAhead && day >= data->lastDelivery; }
 };
 
 // Money received but not yet brought to the bank.
@@ -73,19 +80,22 @@ struct Undeposited {
     Cents amount;
 };
 
-// What all trades of the company share while its three years go by.
+// What all trades of the company share while its years go by.
 struct Trade {
-    Trade(const sqlite::Database& database, std::uint64_t seed, int scaleFactor);
+    Trade(const sqlite::Database& database, std::uint64_t seed, int scaleFactor, bool french);
 
     Id newDocument() { return ++lastDocument; }
     Rate rate(Currency currency) const { return currency == cad ? Rate{} : currency == usd ? usdRate : eurRate; }
     const Item& item(Id id) const { return items[static_cast<std::size_t>(id - 1)]; }
+    const Term& season(int year) const;
     // A count whose mean grows with the scale, the season and the years.
     std::int64_t count(Day day, std::int64_t hundredths);
 
     const sqlite::Database& database;
     Random random;
     int scale;
+    Vocabulary words;
+    Day today = firstDay;
     std::vector<Term> terms;
     std::vector<Customer> customers;
     std::vector<Item> items;
@@ -96,6 +106,10 @@ struct Trade {
     Stock stock;
 };
 
+// Who sells to a customer on a day; nobody once that person has left.
+const PersonData* salespersonOf(const Customer& customer, Day day);
+// What the salesperson of a customer earns on a sale of a day.
+Percent commissionOf(const Customer& customer, Day day);
 Account receivableAccount(Currency currency);
 Account bankAccount(Currency currency);
 // Where money paid by a method lands: the drawer until it is deposited, or the bank at once.

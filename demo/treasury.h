@@ -19,9 +19,10 @@ public:
 
 private:
     void depositForeign(Day day);
-    void settle(Day day, const char* reference, const char* text, std::initializer_list<Account> taxAccounts);
+    void settle(Day day, const char* reference, const Words& text, std::initializer_list<Account> taxAccounts);
     void expense(Day day, Account account, Id supplier, Cents amount, Id project);
     void slip(Day day, Id employee, Id project);
+    void payProject(Day day, Id project);
     std::vector<Id> activeProjects(Day day) const;
 
     Trade& trade_;
@@ -30,6 +31,7 @@ private:
     std::int64_t lastDeposit_ = 0;
     std::int64_t lastTax_ = 0;
     std::int64_t lastSlip_ = 0;
+    Id lastProjectSupplier_ = 0;
     Id lastDepositLine_ = 0;
     Id lastTaxLine_ = 0;
     Table deposits_, depositLines_, taxes_, taxLines_, slips_;

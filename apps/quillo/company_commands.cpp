@@ -66,11 +66,13 @@ void newCompany(const std::string& path, const Console& console) {
     console.out << path << '\n';
 }
 
-void demoCompany(const std::string& path, int scale, std::uint64_t seed, const Console& console) {
+void demoCompany(const std::string& path, int scale, std::uint64_t seed, const std::string& language,
+                 const Console& console) {
     refuseExisting(path);
     if (scale < 1) throw UsageError("--scale is 1 or more");
+    if (language != "en" && language != "fr") throw UsageError("--language of the demo company is en or fr");
     try {
-        writeDemoCompany(path, {scale, seed});
+        writeDemoCompany(path, {scale, seed, language == "fr"});
     } catch (const std::exception& failure) {
         throw UsageError(path + " cannot be written: " + failure.what());
     }

@@ -10,8 +10,9 @@ namespace quillo::app {
 // An empty company: schema, views and settings. Throws UsageError when the file is there or cannot be written.
 void newCompany(const std::string& path, const Console& console);
 
-// The demo company.
-void demoCompany(const std::string& path, int scale, std::uint64_t seed, const Console& console);
+// The demo company; its own words are in English or, with "fr", in French. Throws UsageError for another language.
+void demoCompany(const std::string& path, int scale, std::uint64_t seed, const std::string& language,
+                 const Console& console);
 
 // Tells what a company lacks; with books, proves its equalities instead. Gives the exit status.
 int checkCompanyFile(const std::string& path, bool books, const Console& console);

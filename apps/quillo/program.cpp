@@ -84,10 +84,11 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
 
     auto* create = program.add_subcommand("new", "Make an empty company: schema, views and settings");
     create->add_option("file", path, "The company file to make")->required();
-    auto* demo = program.add_subcommand("demo", "Make the demo company: three years of a made-up trade");
+    auto* demo = program.add_subcommand("demo", "Make the demo company: some years of a made-up trade");
     demo->add_option("file", path, "The company file to make")->required();
     demo->add_option("--scale", scale, "Multiplies the documents")->check(CLI::Range(1, 1000));
     demo->add_option("--seed", seed, "The same seed gives the same company");
+    demo->add_option("--language", language, "The company's own words: en or fr");
     auto* list = program.add_subcommand("list", "Name the reports and what each takes");
     list->add_option("--language", language, "en, fr, ids or a file of texts");
     auto* check = program.add_subcommand("check", "Tell what a company file lacks");
@@ -116,7 +117,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     if (*create) {
         newCompany(path, console);
     } else if (*demo) {
-        demoCompany(path, scale, seed, console);
+        demoCompany(path, scale, seed, language, console);
     } else if (*list) {
         listMembers(language, console);
     } else if (*check) {

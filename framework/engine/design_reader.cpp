@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <nlohmann/json.hpp>
 #include <span>
 #include <unordered_map>
@@ -30,9 +29,26 @@ struct Place {
     }
 };
 
+constexpr std::string_view designRootKeys[] = {"name", "page", "styles", "sections"};
+constexpr std::string_view pageKeys[] = {"width", "height", "left", "right", "top", "bottom"};
+constexpr std::string_view styleKeys[] = {"base", "family", "size",          "bold",  "italic", "underline",
+                                          "wrap", "align",  "verticalAlign", "color", "fill"};
+constexpr std::string_view sectionKeys[] = {"name",     "kind",      "height",  "visible",      "keepTogether",
+                                            "newPage",  "dataField", "repeat",  "underlayNext", "groupKeepTogether",
+                                            "bookmark", "fill",      "controls"};
+constexpr std::string_view controlKeys[] = {"kind",    "name", "left",      "top",    "width", "height",    "tag",
+                                            "caption", "text", "dataField", "format", "style", "align",     "canGrow",
+                                            "visible", "x1",   "y1",        "x2",     "y2",    "lineWidth", "fill",
+                                            "enabled", "sum",  "running",   "link"};
+constexpr DesignKeys allKeys[] = {{"design", designRootKeys},
+                                  {"page", pageKeys},
+                                  {"style", styleKeys},
+                                  {"section", sectionKeys},
+                                  {"control", controlKeys}};
+
 class Keys {
 public:
-    Keys(const Json& object, const Place& place, std::initializer_list<std::string_view> known)
+    Keys(const Json& object, const Place& place, std::span<const std::string_view> known)
         : object_(object), place_(place) {
         if (!object.is_object()) place.fail("an object is expected");
         for (const auto& [key, value] : object.items())
@@ -113,9 +129,7 @@ void readStyles(const Json& styles, Styles& known, const Place& place) {
     if (!styles.is_object()) place.fail("\"styles\" must be an object of styles by name");
     for (const auto& [name, object] : styles.items()) {
         const Place here = place.in("style " + name);
-        const Keys keys(object, here,
-                        {"base", "family", "size", "bold", "italic", "underline", "wrap", "align", "verticalAlign",
-                         "color", "fill"});
+        const Keys keys(object, here, styleKeys);
         TextStyle style;
         if (const std::string base = keys.text("base"); !base.empty()) {
             const auto found = known.find(base);
@@ -152,7 +166,7 @@ public:
     Reader(Place place, Styles styles) : place_(std::move(place)), styles_(std::move(styles)) {}
 
     Design read(const Json& root) {
-        const Keys keys(root, place_, {"name", "page", "styles", "sections"});
+        const Keys keys(root, place_, designRootKeys);
         if (root.contains("styles")) readStyles(root["styles"], styles_, place_);
         Design design;
         if (root.contains("page")) design.setup = readPage(root["page"]);
@@ -165,7 +179,7 @@ public:
 private:
     PageSetup readPage(const Json& object) const {
         const Place here = place_.in("page");
-        const Keys keys(object, here, {"width", "height", "left", "right", "top", "bottom"});
+        const Keys keys(object, here, pageKeys);
         PageSetup setup;
         keys.number("width", setup.width);
         keys.number("height", setup.height);
@@ -177,9 +191,7 @@ private:
     }
 
     std::unique_ptr<Section> readSection(const Json& object, const Place& here) {
-        const Keys keys(object, here,
-                        {"name", "kind", "height", "visible", "keepTogether", "newPage", "dataField", "repeat",
-                         "underlayNext", "groupKeepTogether", "bookmark", "fill", "controls"});
+        const Keys keys(object, here, sectionKeys);
         auto section = std::make_unique<Section>();
         keys.text("name", section->info.name);
         if (!names_.insert(foldedName(section->info.name)).second || section->info.name.empty())
@@ -217,10 +229,7 @@ private:
     }
 
     std::unique_ptr<Control> readControl(const Json& object, const Place& here, SectionKind sectionKind) {
-        const Keys keys(object, here,
-                        {"kind",      "name",      "left",  "top",     "width",   "height",  "tag", "caption", "text",
-                         "dataField", "format",    "style", "align",   "canGrow", "visible", "x1",  "y1",      "x2",
-                         "y2",        "lineWidth", "fill",  "enabled", "sum",     "running", "link"});
+        const Keys keys(object, here, controlKeys);
         auto control = make(keys, here, sectionKind);
         keys.text("name", control->info.name);
         if (control->info.name.empty() || !names_.insert(foldedName(control->info.name)).second)
@@ -359,6 +368,10 @@ private:
 };
 
 }  // namespace
+
+std::span<const DesignKeys> designKeys() {
+    return allKeys;
+}
 
 Design readDesign(const std::string& name, std::string_view text, std::string_view styles) {
     const Place place{name};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,15 @@ struct Design {
     PageSetup setup;
     std::vector<std::unique_ptr<Section>> sections;
 };
+
+// The keys that one kind of a design's objects may hold: the "design" itself, its "page", a "style", "section",
+// "control".
+struct DesignKeys {
+    std::string_view object;
+    std::span<const std::string_view> keys;
+};
+// All that readDesign knows.
+std::span<const DesignKeys> designKeys();
 
 // Reads a design from its JSON text; measures are twips. styles is the house's own style sheet, which every
 // design builds upon. Throws InputError with the design's name and the place of the damage: bad JSON,

@@ -322,7 +322,8 @@ CREATE TABLE InvoiCashDeposit (
 -- ---------------------------------------------------------------- payments and deposits
 
 -- Customer payments; PmtTotAmnt is what came in, without the discounts granted in DiscTotAmnt.
--- PaymentCreditApplication not zero: no money, a credit note is set against invoices.
+-- PaymentCreditApplication not zero: no money, a credit note (or an overpaid document, or money on
+-- account) of that key is set against invoices.
 CREATE TABLE PmtHdr (
   InPmtId                  INTEGER PRIMARY KEY,
   PmtDate                  DATE TEXT CHECK (PmtDate IS date(PmtDate, '+0 days')),
@@ -337,7 +338,9 @@ CREATE TABLE PmtHdr (
   ExSegmentId              INTEGER REFERENCES Segment (InSegmentId)
 );
 
--- What a payment settles: each document falls by PmtAmnt + PmtDisc, in its own currency.
+-- What a payment settles: each document falls by PmtAmnt + PmtDisc, in its own currency. A row without
+-- ExInvoiId is money on account; its use later is a negative row of a payment without money that
+-- names this one in PaymentCreditApplication.
 -- CashierPayment: taken at a register (TrxSerNo) by a user (ExUsrKey).
 CREATE TABLE PmtDet (
   InPmtDetId     INTEGER PRIMARY KEY,

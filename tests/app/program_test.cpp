@@ -116,6 +116,7 @@ TEST_F(Program, RefusesWhatCannotBeInOneLineAndWritesNothing) {
         {{"run", "SalesStatistic", "--company", company.path()}, 1, "dsrSalesStatistic is not written yet"},
         {{"new", company.path()}, 2, "is there already"},
         {{"demo", company.path()}, 2, "is there already"},
+        {{"demo", "/nowhere/c.db", "--language", "de"}, 2, "--language of the demo company is en or fr"},
         {{"check", "/nowhere/c.db"}, 3, "there is no such file"},
     };
     for (const auto& [arguments, status, says] : cases) {
@@ -126,6 +127,15 @@ TEST_F(Program, RefusesWhatCannotBeInOneLineAndWritesNothing) {
         EXPECT_EQ(outcome.out, "") << outcome.out;
     }
     EXPECT_FALSE(std::filesystem::exists("x.xlsx") || std::filesystem::exists("x.doc"));
+}
+
+TEST_F(Program, MakesADemoCompanyWhoseWordsAreFrench) {
+    const TemporaryFile french;
+    ASSERT_EQ(program({"demo", french.path(), "--language", "fr"}).status, 0);
+    const auto terms = program({"run", "TermList", "--company", french.path(), "--format", "json"});
+    EXPECT_EQ(terms.status, 0) << terms.err;
+    EXPECT_NE(terms.out.find("Payable à la livraison"), std::string::npos);
+    EXPECT_EQ(program({"check", french.path(), "--books"}).status, 0);
 }
 
 TEST_F(Program, ShowsFailuresAndEndsWithStatusOne) {

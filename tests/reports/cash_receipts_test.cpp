@@ -421,7 +421,11 @@ TEST(CashReceiptsSummary, TheDemoCompanysReceiptsAreWhatReachedItsCashAccounts) 
             const Texts totals = result.texts(foreign ? "txtForeignGrTotal" : "txtGrTotal");
             const Texts discounts = result.texts(foreign ? "txtForeignDiscount" : "txtDiscount");
             if (!foreign) {
-                EXPECT_EQ(sum(result.texts("txtAmount")) + sum(result.texts("txtDisc")), sum(totals));
+                // A foreign receipt prints rounded to the cent, and adds what it is worth to the totals.
+                const Money printed = sum(result.texts("txtAmount")) + sum(result.texts("txtDisc"));
+                const Money foreignReceipts =
+                    sumOf(demo.path(), "1", "FROM PmtHdr WHERE ExCurrencyId <> 1 AND PmtDate" + month);
+                EXPECT_LE(std::abs((printed - sum(totals)).raw()), foreignReceipts.raw() / 200);
                 continue;
             }
             // Methods count US dollars that were given for a sale in home currency as they are.
