@@ -63,9 +63,10 @@ void FlowTarget::startFlow() {
     if (printed_) {
         pages_.placePiece(section_, upper_);
     } else {
-        pages_.takeBreaks();
+        pages_.printDueHeader();
         pages_.cursor_ += flow_.top;
     }
+    pages_.forget(section_);
     pages_.keeps_.clear();
     for (const PlacedSection& section : waiting_) append(section);
     waiting_.clear();
@@ -77,7 +78,7 @@ void FlowTarget::append(PlacedSection section) {
     while (!pages_.fits(section.height)) {
         const auto row = row_.rowOf(section);
         PlacedSection head, rest;
-        if (row && *row > 0) {
+        if (row && holdsRows(*row)) {
             turn(takeRow(*row));
         } else if (section.height > pages_.pageRoom() &&
                    splitSection(section, pages_.bottom_ - pages_.cursor_, arena_, head, rest)) {
@@ -85,7 +86,7 @@ void FlowTarget::append(PlacedSection section) {
             if (!shows(rest)) return;
             section = rest;
             turn({});
-        } else if (holdsRows() || pages_.hasBody(pages_.end())) {
+        } else if (holdsRows(piece_.size()) || pages_.hasBody(pages_.end())) {
             turn(headings_.before(section));
         } else if (!piece_.empty()) {  // headings that leave no room do not stand again
             pages_.cursor_ = pieceTop_;
@@ -96,14 +97,18 @@ void FlowTarget::append(PlacedSection section) {
             section = rest;
             turn({});
         } else if (!dropSpaceAbove(section, arena_)) {
-            pages_.fail(section_.Name(), "nothing of section " + section.info->name + " fits on a page");
+            pages_.fail(section_.Name(), "nothing of section " + section.info->name + " fits into the " +
+                                                 std::to_string(static_cast<int>(pages_.pageRoom())) +
+                                                 " twips that a page has for it");
         }
     }
     add(section);
 }
 
-bool FlowTarget::holdsRows() const {
-    return !std::all_of(piece_.begin(), piece_.end(), [](const PlacedSection& section) { return section.repeat; });
+// Whether more than headings stands on the page above a row.
+bool FlowTarget::holdsRows(std::size_t end) const {
+    const auto first = piece_.begin(), last = first + static_cast<std::ptrdiff_t>(end);
+    return !std::all_of(first, last, [](const PlacedSection& section) { return section.repeat; });
 }
 
 void FlowTarget::add(const PlacedSection& section, bool whole) {

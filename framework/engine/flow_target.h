@@ -36,7 +36,7 @@ private:
     void startFlow();
     void append(PlacedSection section);
     void add(const PlacedSection& section, bool whole = true);
-    bool holdsRows() const;
+    bool holdsRows(std::size_t end) const;
     void turn(const std::vector<PlacedSection>& again);
     std::vector<PlacedSection> takeRow(std::size_t from);
     void endPiece();

@@ -51,9 +51,11 @@ void Paginator::begin(BandRun& run) {
     openPage(sparePage());
     headerPrinted_ = false;
     run.print(run.single(SectionKind::reportHeader));
-    if (headerPrinted_ || breaks_ > 0) return;
+    if (headerPrinted_) return;
+    headerDue_ = true;
+    if (hasBody(end()) || breaks_ > 0) return;
+    owners_.assign(end(), nullptr);
     printPageHeader();
-    if (!hasBody(end())) owners_.assign(end(), nullptr);
 }
 
 // --- pages -------------------------------------------------------------------------------------
@@ -82,10 +84,12 @@ void Paginator::openPage(std::unique_ptr<Page> page) {
 
 void Paginator::printPageHeader() {
     headerPrinted_ = true;
+    headerDue_ = false;
     Section* header = run_->single(SectionKind::pageHeader);
     if (header == nullptr) return;
     if (const auto ready = std::exchange(readyHeader_, std::nullopt)) {
         putPageHeader(copySection(*ready, arena()));
+        if (std::exchange(headerWaits_, false)) run_->printed(*header);
     } else if (const auto laid = run_->format(*header)) {
         PlacedSection placed = laid->placed;
         if (hasBody(end()) && !fits(placed.height)) return turnToHeader(placed);
@@ -98,14 +102,14 @@ void Paginator::printPageHeader() {
 void Paginator::putPageHeader(const PlacedSection& placed) {
     putAt(nullptr, placed, cursor_);
     cursor_ += placed.height;
-    headHeight_ = placed.height;
+    headHeight_ = pageHeaderHeight_ = placed.height;
 }
 
-// A report header that fills the first page has it for itself.
+// A report header that fills the first page has it for itself; the page header waits for the next one.
 void Paginator::turnToHeader(const PlacedSection& placed) {
     readyHeader_ = copySection(placed, ready_);
-    turnPage(end());
-    run_->printed(*run_->single(SectionKind::pageHeader));
+    headerWaits_ = true;
+    breaks_ = std::max(breaks_, 1);
 }
 
 // What the headers printed first stands again, as long as it leaves the page to the rows.
@@ -142,6 +146,11 @@ void Paginator::keepTorn(const Section& section, const PlacedSection& piece) {
         group.print = copySection(piece, *group.arena);
         group.torn = true;
     }
+}
+
+// A header that goes to the pages row by row does not stand again.
+void Paginator::forget(const Section& section) {
+    std::erase_if(repeated_, [&](const Repeated& group) { return group.header == &section; });
 }
 
 void Paginator::mend(const Section& section) {
@@ -213,9 +222,10 @@ void Paginator::makeRoom(float bottom, Carry& carry, Arena& next) {
         if (!hasBody(end() - 1) && shows(current_->sections.back()) &&
             splitSection(current_->sections.back(), bottom - current_->sections.back().top, arena(), head,
                                 rest)) {
+            current_->sections.back() = head;
+            if (!shows(rest)) continue;
             carry.parts.insert(carry.parts.begin(), {owners_.back(), copySection(rest, next)});
             carry.torn = true;
-            current_->sections.back() = head;
         } else {
             takeLast(carry, next);
         }
@@ -285,7 +295,15 @@ void Paginator::takeBreaks() {
     }
 }
 
+// Below a report header the page header waits for something that prints.
+void Paginator::printDueHeader() {
+    takeBreaks();
+    if (headerDue_ && hasBody(end())) printPageHeader();
+    takeBreaks();
+}
+
 void Paginator::finish() {
+    if (breaks_ == 0 && headerDue_) printPageHeader();
     for (;;) {
         std::unique_ptr<Page> next = sparePage();
         Carry carry{{}, end(), false, cursor_};
@@ -320,9 +338,9 @@ void Paginator::place(Section& section, const LaidOut& laid) {
 void Paginator::placePiece(const Section& section, PlacedSection piece) {
     if (!shows(piece)) return placeSpace(section, piece);
     const Waiting waits(*this, piece);
-    takeBreaks();
+    printDueHeader();
     while (!fits(piece.height)) {
-        const bool whole = section.KeepTogether && piece.height <= pageRoom() + tolerance;
+        const bool whole = section.KeepTogether && hasBody(end()) && piece.height <= nextRoom(end()) + tolerance;
         PlacedSection head, rest;
         if (const auto from = keptWith(piece)) {
             turnPage(*from);
@@ -344,7 +362,8 @@ void Paginator::placePiece(const Section& section, PlacedSection piece) {
         } else if (dropSpaceAbove(piece, arena())) {
             continue;
         } else {
-            fail(section.Name(), "nothing of it fits on a page");
+            fail(section.Name(), "nothing of it fits into the " + std::to_string(static_cast<int>(pageRoom())) +
+                                     " twips that a page has for it");
         }
     }
     put(section, piece);
@@ -414,6 +433,18 @@ float Paginator::pageRoom() const {
     return bottom_ - bodyTop();
 }
 
+// Room for what stands from an index on, and for what comes, on a page that begins with it.
+float Paginator::nextRoom(std::size_t from) const {
+    float headings = 0;
+    for (const Repeated& group : repeated_) {
+        if ((group.at && *group.at >= from) || (group.endedAt && *group.endedAt <= from)) continue;
+        if (group.print) headings += group.print->height;
+        if (!group.print && group.at) headings += current_->sections[*group.at].height;
+    }
+    const float page = bottom_ - setup_.topMargin - pageHeaderHeight_;
+    return headings <= page / 2 ? page - headings : page;
+}
+
 float Paginator::bodyBottom(std::size_t from) const {
     float bottom = 0;
     for (std::size_t i = from; i < end(); ++i)
@@ -431,7 +462,7 @@ bool Paginator::hasBody(std::size_t end) const {
 bool Paginator::movesWith(std::size_t from, float height) const {
     if (!hasBody(from)) return false;
     const float top = from < end() ? current_->sections[from].top : cursor_;
-    return std::max(cursor_, bodyBottom(from)) - top + height <= pageRoom() + tolerance;
+    return std::max(cursor_, bodyBottom(from)) - top + height <= nextRoom(from) + tolerance;
 }
 
 // From where on the page belongs together with a piece that does not fit: the outermost group that one page can hold.

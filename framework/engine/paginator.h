@@ -101,10 +101,12 @@ private:
     void keepHeadings();
     void keepTorn(const Section& section, const PlacedSection& piece);
     void mend(const Section& section);
+    void forget(const Section& section);
     void openNext(std::unique_ptr<Page> next, Carry& carry);
     void follow(const Carry& carry);
     void putCarried(Carry& carry);
     void takeBreaks();
+    void printDueHeader();
 
     void placePiece(const Section& section, PlacedSection piece);
     void placeSpace(const Section& section, PlacedSection piece);
@@ -119,6 +121,7 @@ private:
     bool hasBody(std::size_t end) const;
     bool fits(float height) const;
     float pageRoom() const;
+    float nextRoom(std::size_t from) const;
     float bodyTop() const { return setup_.topMargin + headHeight_; }
     float bodyBottom(std::size_t from) const;
     std::size_t end() const { return current_->sections.size(); }
@@ -135,11 +138,14 @@ private:
     int breaks_ = 0;                      // page breaks that were asked for and wait for something to print
     float cursor_ = 0, bottom_ = 0;
     float headHeight_ = 0;    // of the page header and the headings that stand again
+    float pageHeaderHeight_ = 0;
     float footerHeight_ = 0;  // of the page footer, as it printed last
     bool headerPrinted_ = false;
+    bool headerDue_ = false;  // the first page's header is still to come, below the report header
     // What was formatted for a page that then made way: it stands on the next one.
     std::optional<PlacedSection> readyHeader_, readyFooter_;
     Arena ready_;
+    bool headerWaits_ = false;  // the page header is still to be told that it printed
     int dropped_ = 0;  // pages in a row that made way for their footer
     std::vector<PlacedSection*> waiting_;
     std::vector<Keep> keeps_;  // outermost first

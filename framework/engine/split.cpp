@@ -64,10 +64,6 @@ void moveBelow(std::vector<PlacedSection>& sections, float top) {
     }
 }
 
-bool isRepeat(const PlacedSection& section) {
-    return section.repeat;
-}
-
 bool tellsNothing(const PlacedSection& section) {
     return section.repeat || !shows(section);
 }
@@ -91,11 +87,11 @@ Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& a
     return stacks;
 }
 
-// Headings that leave no room for anything else do not stand again.
+// Headings that leave no room for anything else do not stand again, nor does empty room.
 Stacks splitUsefully(std::span<const PlacedSection> sections, float above, Arena& arena, Cut cut) {
     Stacks stacks = splitStack(sections, above, arena, cut);
     if (!std::all_of(stacks.head.begin(), stacks.head.end(), tellsNothing) || stacks.tail.empty()) return stacks;
-    std::vector<PlacedSection> rest(std::find_if_not(sections.begin(), sections.end(), isRepeat), sections.end());
+    std::vector<PlacedSection> rest(std::find_if_not(sections.begin(), sections.end(), tellsNothing), sections.end());
     moveBelow(rest, 0);
     return splitStack(rest, above, arena, cut);
 }

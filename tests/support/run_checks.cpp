@@ -30,8 +30,11 @@ float wholeHeight(const PlacedSection& section) {
 }
 
 // The engine may give up a report only for a control that is higher than a page and cannot be split, and says where.
+// The room is that of the page which was never finished: its own header may be higher than those before.
 bool hasReason(const Trial& trial) {
-    const float room = bodyRoom(trial);
+    const auto told = trial.run.error.find(" fits into the ");
+    if (told == std::string::npos) return trial.run.error.find("leaves no room on the page") != std::string::npos;
+    const float room = std::min(bodyRoom(trial), std::stof(trial.run.error.substr(told + 15)));
     for (const Piece& piece : trial.endlessMatching.pieces())
         if (trial.run.error.find("section " + piece.placed->info->name + ":") != std::string::npos &&
             wholeHeight(*piece.placed) > room)
