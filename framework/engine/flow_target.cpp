@@ -108,7 +108,7 @@ void FlowTarget::append(PlacedSection section) {
 // Whether more than headings stands on the page above a row.
 bool FlowTarget::holdsRows(std::size_t end) const {
     const auto first = piece_.begin(), last = first + static_cast<std::ptrdiff_t>(end);
-    return !std::all_of(first, last, [](const PlacedSection& section) { return section.repeat; });
+    return std::any_of(first, last, [](const PlacedSection& section) { return !section.repeat && shows(section); });
 }
 
 void FlowTarget::add(const PlacedSection& section, bool whole) {
@@ -125,7 +125,11 @@ void FlowTarget::turn(const std::vector<PlacedSection>& again) {
     endPiece();
     pages_.turnPage(pages_.end());
     row_.clear();
-    for (const PlacedSection& section : again) add(section);
+    float headings = 0;
+    for (const PlacedSection& section : again) headings += section.repeat ? section.height : 0;
+    const bool roomForThem = headings <= pages_.pageRoom() / 2;
+    for (const PlacedSection& section : again)
+        if (roomForThem || !section.repeat) add(section);
 }
 
 // The row that a total must not leave, below the headings that stand again.

@@ -148,12 +148,17 @@ void Paginator::keepTorn(const Section& section, const PlacedSection& piece) {
     }
 }
 
-// A header that goes to the pages row by row does not stand again.
+// A header that goes to the pages row by row does not stand again, nor does its group stand beside it.
 void Paginator::forget(const Section& section) {
     std::erase_if(repeated_, [&](const Repeated& group) { return group.header == &section; });
+    for (const Underlay& underlay : underlays_)
+        if (underlay.header == &section) cursor_ = std::max(cursor_, underlay.bottom);
+    std::erase_if(underlays_, [&](const Underlay& underlay) { return underlay.header == &section; });
 }
 
 void Paginator::mend(const Section& section) {
+    const auto isOfIt = [&](const PlacedSection* piece) { return piece->info->name == section.Name(); };
+    if (std::count_if(waiting_.begin(), waiting_.end(), isOfIt) > 2) return;  // another piece is still to come
     for (Repeated& group : repeated_)
         if (group.header == &section) group.torn = false;
 }
@@ -298,12 +303,13 @@ void Paginator::takeBreaks() {
 // Below a report header the page header waits for something that prints.
 void Paginator::printDueHeader() {
     takeBreaks();
-    if (headerDue_ && hasBody(end())) printPageHeader();
+    if (!headerDue_) return;
+    printPageHeader();
+    for (Keep& keep : keeps_) keep.from = end();  // groups that wait for their first section begin below it
     takeBreaks();
 }
 
 void Paginator::finish() {
-    if (breaks_ == 0 && headerDue_) printPageHeader();
     for (;;) {
         std::unique_ptr<Page> next = sparePage();
         Carry carry{{}, end(), false, cursor_};
@@ -395,8 +401,7 @@ void Paginator::putAt(const Section* section, const PlacedSection& placed, float
 
 void Paginator::noteRow(const Section& section, const PlacedSection& piece) {
     const auto awaitsRow = [](const Keep& keep) { return keep.header->GrpKeepTogether == GroupKeep::firstDetail; };
-    const auto first = std::find_if(keeps_.begin(), keeps_.end(), awaitsRow);
-    row_.placed(piece, first != keeps_.end() ? first->from : end());
+    row_.placed(piece, keeps_.empty() ? end() : keeps_.front().from);
     if (section.kind() == SectionKind::detail) std::erase_if(keeps_, awaitsRow);
 }
 

@@ -113,7 +113,8 @@ private:
         for (std::size_t i = header + 1; i <= other; ++i) {
             const SectionPlan& next = trial_.index.section(sections[i]);
             const bool ends = next.kind == SectionKind::groupFooter && next.level == plan.level;
-            const bool inside = next.kind == SectionKind::detail || next.level > plan.level || (ends && i == other);
+            const bool itself = i == other || (sections[other].continued && sections[i].info == sections[other].info);
+            const bool inside = next.kind == SectionKind::detail || next.level > plan.level || (ends && itself);
             if (!inside) return false;
         }
         return true;

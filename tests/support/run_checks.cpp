@@ -29,7 +29,11 @@ float wholeHeight(const PlacedSection& section) {
     return height;
 }
 
-// The engine may give up a report only for a control that is higher than a page and cannot be split, and says where.
+// What a designed row leaves above its first control, at most.
+constexpr float offsetInRow = 300;
+
+// The engine may give up a report only for a control that is higher than a page and cannot be split, together with
+// the room that its row leaves above it, and says where.
 // The room is that of the page which was never finished: its own header may be higher than those before.
 bool hasReason(const Trial& trial) {
     const auto told = trial.run.error.find(" fits into the ");
@@ -37,7 +41,7 @@ bool hasReason(const Trial& trial) {
     const float room = std::min(bodyRoom(trial), std::stof(trial.run.error.substr(told + 15)));
     for (const Piece& piece : trial.endlessMatching.pieces())
         if (trial.run.error.find("section " + piece.placed->info->name + ":") != std::string::npos &&
-            wholeHeight(*piece.placed) > room)
+            wholeHeight(*piece.placed) > room - offsetInRow)
             return true;
     return false;
 }
