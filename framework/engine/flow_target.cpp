@@ -98,8 +98,8 @@ void FlowTarget::append(PlacedSection section) {
             turn({});
         } else if (!dropSpaceAbove(section, arena_)) {
             pages_.fail(section_.Name(), "nothing of section " + section.info->name + " fits into the " +
-                                                 std::to_string(static_cast<int>(pages_.pageRoom())) +
-                                                 " twips that a page has for it");
+                                             std::to_string(static_cast<int>(pages_.pageRoom())) +
+                                             " twips that a page has for it");
         }
     }
     add(section);

@@ -225,14 +225,16 @@ void Paginator::makeRoom(float bottom, Carry& carry, Arena& next) {
         PlacedSection head, rest;
         if (owners_.back() == nullptr) fail("PageFooter", "leaves no room on the page for anything else");
         if (!hasBody(end() - 1) && shows(current_->sections.back()) &&
-            splitSection(current_->sections.back(), bottom - current_->sections.back().top, arena(), head,
-                                rest)) {
+            splitSection(current_->sections.back(), bottom - current_->sections.back().top, arena(), head, rest)) {
             current_->sections.back() = head;
             if (!shows(rest)) continue;
             carry.parts.insert(carry.parts.begin(), {owners_.back(), copySection(rest, next)});
             carry.torn = true;
         } else {
             takeLast(carry, next);
+            while (!owners_.empty() && owners_.back() != nullptr &&
+                   owners_.back()->kind() == SectionKind::groupHeader && hasBody(end() - 1))
+                takeLast(carry, next);  // not without the row that they head
         }
     }
 }
@@ -252,8 +254,9 @@ void Paginator::follow(const Carry& carry) {
     std::erase_if(underlays_, [&](const Underlay& underlay) { return gone(underlay.at); });
     for (Keep& keep : keeps_) keep.from = carry.placeOf(keep.from, end());
     for (Underlay& underlay : underlays_) underlay.at = carry.placeOf(underlay.at, end());
-    std::erase_if(repeated_, [](const Repeated& group) { return group.endedAt.has_value(); });
+    std::erase_if(repeated_, [&](const Repeated& group) { return group.endedAt && *group.endedAt <= carry.from; });
     for (Repeated& group : repeated_) {
+        if (group.endedAt) group.endedAt = carry.placeOf(*group.endedAt, end());
         if (!group.at) continue;
         group.torn = carry.torn && *group.at + 1 == carry.from;
         if (gone(*group.at)) {
@@ -285,7 +288,9 @@ void Paginator::putCarried(Carry& carry) {
         if (group.at && *group.at >= end()) group.at.reset();
     std::deque<Waiting> waits;
     for (Carry::Part& part : carry.parts) waits.emplace_back(*this, part.placed);
+    const bool outer = std::exchange(replaces_, true);
     for (const Carry::Part& part : carry.parts) placePiece(*part.section, part.placed);
+    replaces_ = outer;
 }
 
 // The break that a fresh page is already behind counts for nothing.
@@ -313,6 +318,7 @@ void Paginator::finish() {
     for (;;) {
         std::unique_ptr<Page> next = sparePage();
         Carry carry{{}, end(), false, cursor_};
+        keepHeadings();
         closePage(carry, next->arena);
         if (carry.parts.empty()) return;
         openNext(std::move(next), carry);
@@ -385,7 +391,9 @@ void Paginator::placeSpace(const Section& section, PlacedSection piece) {
 void Paginator::put(const Section& section, const PlacedSection& piece, bool whole) {
     const float top = cursor_;
     cursor_ += piece.height;
-    if (shows(piece)) noteRow(section, piece);
+    if (shows(piece)) row_.placed(piece, keeps_.empty() ? end() : keeps_.front().from);
+    if (section.kind() == SectionKind::detail)
+        std::erase_if(keeps_, [](const Keep& keep) { return keep.header->GrpKeepTogether == GroupKeep::firstDetail; });
     if (whole && !piece.continued && shows(piece)) noteHeader(section, piece);
     if (whole) mend(section);
     putAt(&section, piece, top);
@@ -399,16 +407,10 @@ void Paginator::putAt(const Section* section, const PlacedSection& placed, float
     owners_.push_back(section);
 }
 
-void Paginator::noteRow(const Section& section, const PlacedSection& piece) {
-    const auto awaitsRow = [](const Keep& keep) { return keep.header->GrpKeepTogether == GroupKeep::firstDetail; };
-    row_.placed(piece, keeps_.empty() ? end() : keeps_.front().from);
-    if (section.kind() == SectionKind::detail) std::erase_if(keeps_, awaitsRow);
-}
-
 void Paginator::noteHeader(const Section& section, const PlacedSection& piece) {
     for (Repeated& group : repeated_)
         if (group.header == &section && !group.endedAt && !group.print) group.at = end();
-    if (!section.UnderlayNext || section.kind() != SectionKind::groupHeader) return;
+    if (!section.UnderlayNext || section.kind() != SectionKind::groupHeader || replaces_) return;
     underlays_.push_back({&section, cursor_, end()});
     cursor_ -= piece.height;
 }

@@ -113,7 +113,6 @@ private:
     // whole: not a part of a section that is split.
     void put(const Section& section, const PlacedSection& piece, bool whole = true);
     void putAt(const Section* section, const PlacedSection& placed, float top);
-    void noteRow(const Section& section, const PlacedSection& piece);
     void noteHeader(const Section& section, const PlacedSection& piece);
     std::optional<std::size_t> keptWith(const PlacedSection& piece) const;
     bool movesWith(std::size_t from, float height) const;
@@ -137,7 +136,7 @@ private:
     int pages_ = 0;                       // that have begun
     int breaks_ = 0;                      // page breaks that were asked for and wait for something to print
     float cursor_ = 0, bottom_ = 0;
-    float headHeight_ = 0;    // of the page header and the headings that stand again
+    float headHeight_ = 0;  // of the page header and the headings that stand again
     float pageHeaderHeight_ = 0;
     float footerHeight_ = 0;  // of the page footer, as it printed last
     bool headerPrinted_ = false;
@@ -146,7 +145,8 @@ private:
     std::optional<PlacedSection> readyHeader_, readyFooter_;
     Arena ready_;
     bool headerWaits_ = false;  // the page header is still to be told that it printed
-    int dropped_ = 0;  // pages in a row that made way for their footer
+    bool replaces_ = false;     // what was carried is placed piece by piece
+    int dropped_ = 0;           // pages in a row that made way for their footer
     std::vector<PlacedSection*> waiting_;
     std::vector<Keep> keeps_;  // outermost first
     std::vector<Repeated> repeated_;

@@ -93,12 +93,20 @@ Stacks splitUsefully(std::span<const PlacedSection> sections, float above, Arena
     if (!std::all_of(stacks.head.begin(), stacks.head.end(), tellsNothing) || stacks.tail.empty()) return stacks;
     std::vector<PlacedSection> rest(std::find_if_not(sections.begin(), sections.end(), tellsNothing), sections.end());
     moveBelow(rest, 0);
+    stacks = splitStack(rest, above, arena, cut);
+    if (!stacks.head.empty() || rest.empty() || cut == Cut::between || !dropSpaceAbove(rest.front(), arena))
+        return stacks;
+    moveBelow(rest, 0);
     return splitStack(rest, above, arena, cut);
 }
 
 Halves splitSubReport(const PlacedControl& control, float above, Arena& arena, Cut cut) {
     Stacks stacks = splitUsefully(control.sections, above, arena, cut);
-    if (stacks.head.empty()) return {std::nullopt, control};
+    if (stacks.head.empty()) {
+        Halves halves{std::nullopt, control};
+        if (stacks.tail.empty()) halves.tail->sections = {};  // nothing but headings was left
+        return halves;
+    }
     if (stacks.tail.empty()) {  // the cut goes through the room below its rows
         Halves halves = splitBox(control, above);
         halves.head->sections = arena.keep(stacks.head);
@@ -212,7 +220,9 @@ bool dropSpaceAbove(PlacedSection& section, Arena& arena) {
     for (const PlacedControl& control : section.controls)
         if (shows(control)) space = std::min(space, control.top);
     if (space <= 0) return false;
+    const bool continued = section.continued;
     section = sliceSection(section, space, section.height, true, arena);
+    section.continued = continued;
     return true;
 }
 

@@ -47,7 +47,8 @@ public:
     // What the host's frame says around the pages.
     PageFrameTexts pageTexts() const;
 
-    // Runs the report. Throws InputError when the filter was refused: then no page has left. Throws what runReport throws.
+    // Runs the report. Throws InputError when the filter was refused: then no page has left. Throws what runReport
+    // throws.
     RunEnd run(PageSink& sink, TextMeasure& measure, RunOptions options = {});
 
 private:

@@ -172,7 +172,8 @@ TEST(Engine, APageThatCanPlaceNothingStopsTheRunByName) {
         bench.run(*report);
         FAIL() << "the run went on";
     } catch (const EngineError& error) {
-        EXPECT_STREQ(error.what(), "Report Sample, section Detail: nothing of it fits into the 2000 twips that a page has for it");
+        EXPECT_STREQ(error.what(),
+                     "Report Sample, section Detail: nothing of it fits into the 2000 twips that a page has for it");
     }
     EXPECT_FALSE(bench.pages.finished);
 

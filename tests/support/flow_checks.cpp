@@ -263,7 +263,18 @@ std::size_t keptUpTo(const std::vector<ExpectedPrint>& prints, std::size_t heade
 
 }  // namespace
 
+// A page footer that grows takes its room from rows that stand already, whatever they belong to.
+bool footerGrows(const Trial& trial) {
+    const SectionPlan* footer = trial.plan.find(SectionKind::pageFooter);
+    if (footer == nullptr) return false;
+    for (const auto& page : trial.run.kept.pages)
+        for (const PlacedSection& section : page->sections)
+            if (section.info->kind == SectionKind::pageFooter && section.height > footer->height) return true;
+    return false;
+}
+
 std::string findTornTogether(const Trial& trial) {
+    if (footerGrows(trial)) return {};
     const Pages pages(trial);
     const Heights heights(trial);
     const auto& prints = trial.expected.prints();
