@@ -119,7 +119,7 @@ bool shows(const PlacedControl& control) {
             return !control.text.empty() || (control.style != nullptr && control.style->fill) ||
                    !control.picture.empty() || control.chart != nullptr ||
                    std::any_of(control.sections.begin(), control.sections.end(),
-                               [](const PlacedSection& inner) { return shows(inner); });
+                               [](const PlacedSection& inner) { return !inner.repeat && shows(inner); });
     }
 }
 

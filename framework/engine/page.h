@@ -188,7 +188,8 @@ struct Page {
 // Copies a section with all that it points to into an arena.
 PlacedSection copySection(const PlacedSection& section, Arena& arena);
 
-// Whether anything of it can be seen: a text, a line, a box, a picture, a filled ground, or such a thing in a
+// Whether anything of it can be seen: a text, a line, a box, a picture, a filled ground, or such a thing other than a
+// heading that stands again in a
 // sub-report.
 bool shows(const PlacedControl& control);
 bool shows(const PlacedSection& section);

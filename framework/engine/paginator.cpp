@@ -359,7 +359,7 @@ void Paginator::placePiece(const Section& section, PlacedSection piece) {
         } else if (!whole && splitSection(piece, bottom_ - cursor_, arena(), head, rest)) {
             keepTorn(section, piece);
             put(section, head, false);
-            if (!shows(rest)) return;
+            if (!shows(rest)) return mend(section);
             piece = rest;
             turnPage(end());
         } else if (hasBody(end())) {
@@ -368,7 +368,7 @@ void Paginator::placePiece(const Section& section, PlacedSection piece) {
             cursor_ = bodyTop();  // nothing but space stands above
         } else if (splitSection(piece, bottom_ - cursor_, arena(), head, rest, Cut::through)) {
             put(section, head, false);
-            if (!shows(rest)) return;
+            if (!shows(rest)) return mend(section);
             piece = rest;
             turnPage(end());
         } else if (dropSpaceAbove(piece, arena())) {
@@ -455,7 +455,7 @@ float Paginator::nextRoom(std::size_t from) const {
 float Paginator::bodyBottom(std::size_t from) const {
     float bottom = 0;
     for (std::size_t i = from; i < end(); ++i)
-        if (shows(current_->sections[i])) bottom = std::max(bottom, bottomOf(current_->sections[i]));
+        if (!current_->sections[i].controls.empty()) bottom = std::max(bottom, bottomOf(current_->sections[i]));
     return bottom;
 }
 

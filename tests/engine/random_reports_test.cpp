@@ -50,15 +50,6 @@ std::vector<Fault> faultsOf(std::uint64_t seed) {
     const float frame = endless - bodyRoom(onOnePage);
     for (const float body : {static_cast<float>(dice.between(40, 150)), static_cast<float>(dice.between(150, 600))}) {
         const PlannedRun run = runPlan(plan, frame + 10 * body);
-        if (std::getenv("QUILLO_DUMP")) {
-            fprintf(stderr, "DUMP height %g error %s\n", frame + 10 * body, run.error.c_str());
-            for (const auto& page : run.kept.pages) {
-                fprintf(stderr, "DUMP -- %d\n", page->number);
-                for (const auto& sec : page->sections)
-                    fprintf(stderr, "DUMP %s%s%s %s\n", sec.continued ? "(c)" : "", sec.repeat ? "(r)" : "",
-                            shows(sec) ? "" : "(empty)", describe(sec, true).substr(0, 260).c_str());
-            }
-        }
         const PageMatching matching(index, expected, run);
         for (Fault& fault : faultsOn({plan, index, expected, run, whole, matching, wholeMatching}, seed))
             faults.push_back(std::move(fault));
