@@ -91,6 +91,8 @@ void FlowTarget::append(PlacedSection section) {
         } else if (!piece_.empty()) {  // headings that leave no room do not stand again
             pages_.cursor_ = pieceTop_;
             piece_.clear();
+        } else if (pages_.cursor_ > pages_.bodyTop() && !pages_.hasBody(pages_.end())) {
+            pages_.cursor_ = pages_.bodyTop();  // nothing but space stands above
         } else if (splitSection(section, pages_.bottom_ - pages_.cursor_, arena_, head, rest, Cut::through)) {
             add(head, false);
             if (!shows(rest)) return;

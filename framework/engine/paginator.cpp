@@ -252,7 +252,10 @@ void Paginator::follow(const Carry& carry) {
     const auto gone = [&](std::size_t at) { return at < carry.from; };
     std::erase_if(keeps_, [&](const Keep& keep) { return gone(keep.from); });
     std::erase_if(underlays_, [&](const Underlay& underlay) { return gone(underlay.at); });
+    std::erase_if(firstRows_, [&](const FirstRow& first) { return gone(first.header); });
     for (Keep& keep : keeps_) keep.from = carry.placeOf(keep.from, end());
+    for (FirstRow& first : firstRows_)
+        first = {carry.placeOf(first.header, end()), carry.placeOf(first.row, end())};
     for (Underlay& underlay : underlays_) underlay.at = carry.placeOf(underlay.at, end());
     std::erase_if(repeated_, [&](const Repeated& group) { return group.endedAt && *group.endedAt <= carry.from; });
     for (Repeated& group : repeated_) {
@@ -282,6 +285,7 @@ void Paginator::putCarried(Carry& carry) {
         return;
     }
     keeps_.clear();
+    firstRows_.clear();
     underlays_.clear();
     row_.clear();
     for (Repeated& group : repeated_)
@@ -392,8 +396,7 @@ void Paginator::put(const Section& section, const PlacedSection& piece, bool who
     const float top = cursor_;
     cursor_ += piece.height;
     if (shows(piece)) row_.placed(piece, keeps_.empty() ? end() : keeps_.front().from);
-    if (section.kind() == SectionKind::detail)
-        std::erase_if(keeps_, [](const Keep& keep) { return keep.header->GrpKeepTogether == GroupKeep::firstDetail; });
+    if (section.kind() == SectionKind::detail) endFirstRow();
     if (whole && !piece.continued && shows(piece)) noteHeader(section, piece);
     if (whole) mend(section);
     putAt(&section, piece, top);
@@ -405,6 +408,15 @@ void Paginator::putAt(const Section* section, const PlacedSection& placed, float
     current_->sections.back().top = top;
     current_->sections.back().left = setup_.leftMargin;
     owners_.push_back(section);
+}
+
+// The first row of its groups stands with their headers from here on.
+void Paginator::endFirstRow() {
+    std::erase_if(keeps_, [this](const Keep& keep) {
+        const bool ends = keep.header->GrpKeepTogether == GroupKeep::firstDetail;
+        if (ends) firstRows_.push_back({keep.from, end()});
+        return ends;
+    });
 }
 
 void Paginator::noteHeader(const Section& section, const PlacedSection& piece) {
@@ -475,9 +487,17 @@ bool Paginator::movesWith(std::size_t from, float height) const {
 // From where on the page belongs together with a piece that does not fit: the outermost group that one page can hold.
 std::optional<std::size_t> Paginator::keptWith(const PlacedSection& piece) const {
     for (const Keep& keep : keeps_)
-        if (movesWith(keep.from, piece.height)) return keep.from;
+        if (const std::size_t from = withHeaders(keep.from); movesWith(from, piece.height)) return from;
     const auto row = row_.rowOf(piece);
-    return row && movesWith(*row, piece.height) ? row : std::nullopt;
+    if (!row || !movesWith(withHeaders(*row), piece.height)) return std::nullopt;
+    return withHeaders(*row);
+}
+
+// Where a place among sections begins that may be parted: not between a header and its first row.
+std::size_t Paginator::withHeaders(std::size_t from) const {
+    for (const FirstRow& first : firstRows_)
+        if (first.header < from && from <= first.row) from = first.header;
+    return from;
 }
 
 // From where on headers would stay behind without their row; the page's end where they must.

@@ -58,6 +58,10 @@ private:
         const Section* header;
         std::size_t from;
     };
+    // A header with the first row of its group.
+    struct FirstRow {
+        std::size_t header, row;
+    };
     // An open group whose header stands again on each page; its first print is kept.
     struct Repeated {
         const Section* header;
@@ -116,6 +120,8 @@ private:
     void noteHeader(const Section& section, const PlacedSection& piece);
     std::optional<std::size_t> keptWith(const PlacedSection& piece) const;
     bool movesWith(std::size_t from, float height) const;
+    void endFirstRow();
+    std::size_t withHeaders(std::size_t from) const;
     std::size_t loneHeaders(float height) const;
     bool hasBody(std::size_t end) const;
     bool fits(float height) const;
@@ -149,6 +155,7 @@ private:
     int dropped_ = 0;           // pages in a row that made way for their footer
     std::vector<PlacedSection*> waiting_;
     std::vector<Keep> keeps_;  // outermost first
+    std::vector<FirstRow> firstRows_;
     std::vector<Repeated> repeated_;
     std::vector<Underlay> underlays_;
     RowChain row_;
