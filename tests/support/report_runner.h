@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <sstream>
 #include <stdexcept>
@@ -89,8 +90,9 @@ inline ReportWish wishOf(const ReportRun& run) {
     return wish;
 }
 
-// Runs a report as the program does. Throws when the factory does not give it or the filter is refused.
-inline ReportResult runReport(const ReportRun& run) {
+// Runs a report as the program does. Throws when the factory does not give it or the filter is refused. prepare gets
+// the report just before it runs.
+inline ReportResult runReport(const ReportRun& run, const std::function<void(Report&)>& prepare = {}) {
     ListedMessages messages;
     SessionOptions options;
     options.company = run.company;
@@ -107,6 +109,7 @@ inline ReportResult runReport(const ReportRun& run) {
     ReportJob job(session, *member, wishOf(run));
     if (!job.made()) throw std::runtime_error("The factory gives no report " + run.member);
     if (run.pageHeight > 0) job.report().setup.height = run.pageHeight;
+    if (prepare) prepare(job.report());
     ReportResult result;
     FixedMeasure measure;
     job.run(result.kept, measure);
