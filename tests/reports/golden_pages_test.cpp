@@ -81,7 +81,7 @@ TEST_P(GoldenPages, AreAsTheyWereReviewed) {
     for (const auto& [file, text] : now) {
         names.insert(file);
         const std::string difference = lineDifference(fileText(goldenFolder() + file), text);
-        EXPECT_EQ(difference, "") << file << " differs; scripts/golden takes the new pages\n" << difference;
+        EXPECT_TRUE(difference.empty()) << file << " differs; scripts/golden takes the new pages\n" << difference;
     }
     EXPECT_EQ(filesOf(GetParam()), names);
 }
