@@ -95,22 +95,24 @@ TEST(Json, HoldsThePageAndReadsBack) {
     EXPECT_EQ(json["failures"], nlohmann::json({"a box, shown late"}));
     ASSERT_EQ(json["pages"].size(), 2U);
     const auto& page = json["pages"][0];
+    ASSERT_EQ(page["sections"].size(), 2U);
     EXPECT_EQ(page["number"], 3);
     EXPECT_EQ(page["width"], 12240);
     EXPECT_EQ(page["sections"][0]["name"], "PageHeader");
     EXPECT_EQ(page["sections"][0]["top"], 1440);
     EXPECT_EQ(page["sections"][0]["height"], 300.5);
-    EXPECT_EQ(page["sections"][0]["controls"][0],
+    EXPECT_EQ(page["sections"][0]["controls"].at(0),
               nlohmann::json::parse(
                   R"({"name": "txtText", "kind": "Field", "text": "é\t\"q\"\\\n\u0001", "style": "9", "align": "left",
         "left": 0.25, "top": 0, "width": 3000, "height": 240, "link": "5;A"})"));
     const auto& controls = page["sections"][1]["controls"];
+    ASSERT_EQ(controls.size(), 4U);
     EXPECT_FALSE(controls[0].contains("text") || controls[0].contains("link") || controls[0].contains("fill"));
     EXPECT_EQ(controls[1]["fill"], "#0ac8ff");
     EXPECT_EQ(controls[2]["series"],
               nlohmann::json::parse(
                   R"([{"name": "Due", "points": [{"label": "30", "value": 12.5}, {"label": "60", "value": -0.1}]}])"));
-    EXPECT_EQ(controls[3]["sections"][0]["controls"][0]["text"], "within \xEF\xBF\xBD")
+    EXPECT_EQ(controls[3]["sections"].at(0)["controls"].at(0)["text"], "within \xEF\xBF\xBD")
         << "damaged bytes are shown as such";
 }
 
@@ -150,7 +152,7 @@ TEST(Json, TellsTheAlignmentOfATextBesideItsStyle) {
     sink.finish();
     const auto json = nlohmann::json::parse(stream.str());
     std::vector<string> aligns;
-    for (const auto& control : json["pages"][0]["sections"][0]["controls"]) {
+    for (const auto& control : json["pages"].at(0)["sections"].at(0)["controls"]) {
         EXPECT_EQ(control["style"], "9");
         aligns.push_back(control["align"]);
     }

@@ -75,6 +75,17 @@ private:
     }
 };
 
+// One of several texts; a text that says so where there are not that many, so that a test fails and does not crash.
+inline std::string nth(const std::vector<std::string>& texts, std::size_t index) {
+    return index < texts.size() ? texts[index] : "(there are " + std::to_string(texts.size()) + ")";
+}
+inline std::string first(const std::vector<std::string>& texts) {
+    return nth(texts, 0);
+}
+inline std::string last(const std::vector<std::string>& texts) {
+    return nth(texts, texts.empty() ? 0 : texts.size() - 1);
+}
+
 inline ReportWish wishOf(const ReportRun& run) {
     ReportWish wish;
     wish.from = Date::parseIso(run.from).value_or(noStartLimit);
