@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "output/style_text.h"
 #include "output/utf8.h"
 
 namespace quillo {
@@ -69,6 +70,10 @@ void JsonSink::writeControl(const PlacedControl& control) {
     if (kind == ControlKind::label || kind == ControlKind::field || kind == ControlKind::richEdit) {
         key("text");
         text(control.text);
+        key("style");
+        text(styleText(*control.style));
+        key("align");
+        text(nameOf(control.style->align));
     }
     key("left");
     number(control.left);
@@ -80,7 +85,7 @@ void JsonSink::writeControl(const PlacedControl& control) {
     number(control.height);
     if (control.fill) {
         key("fill");
-        color(*control.fill);
+        text(colorText(*control.fill));
     }
     if (!control.link.empty()) {
         key("link");
@@ -143,13 +148,6 @@ void JsonSink::escape(unsigned char byte) {
         buffer_ += "u00";
         hex(byte);
     }
-}
-
-// As designs write it: "#rrggbb".
-void JsonSink::color(Color value) {
-    buffer_ += "\"#";
-    for (const std::uint8_t part : {value.red, value.green, value.blue}) hex(part);
-    buffer_ += '"';
 }
 
 void JsonSink::hex(unsigned byte) {

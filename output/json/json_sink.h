@@ -13,7 +13,8 @@ namespace quillo {
 
 // Pages as one JSON object, for tests and other programs. The members are report, member, title, pages
 // and last the failures, which are known only when the run has ended. Measures are twips; sections
-// stand in print order, controls in design order. Throws OutputError when it cannot be written.
+// stand in print order, controls in design order; a text tells its style in words (styleText) and
+// its alignment. Throws OutputError when it cannot be written.
 class JsonSink final : public PageSink {
 public:
     using Failures = std::function<std::vector<std::string>()>;
@@ -33,7 +34,6 @@ private:
     template <class Number>
     void number(Number value);
     void escape(unsigned char byte);
-    void color(Color value);
     void hex(unsigned byte);
     template <class Items, class Write>
     void list(const Items& items, Write write);

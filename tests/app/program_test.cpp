@@ -44,9 +44,11 @@ TEST_F(Program, GivesPagesAsJson) {
     EXPECT_EQ(json["member"], "TermList");
     EXPECT_EQ(json["title"], "#6127");
     EXPECT_TRUE(json["failures"].empty());
+    ASSERT_EQ(json["pages"].size(), 1U);
     const auto& sections = json["pages"][0]["sections"];
+    ASSERT_FALSE(sections.empty());
     EXPECT_EQ(sections.front()["name"], "PageHeader") << "the host's own frame is no part of the pages";
-    EXPECT_EQ(sections.back()["controls"][0]["text"], "1 #7629");
+    EXPECT_EQ(sections.back()["controls"].at(0)["text"], "1 #7629");
 }
 
 TEST_F(Program, WritesAFileWholeAndTheSameBytesTwice) {
@@ -148,7 +150,8 @@ TEST_F(Program, ShowsFailuresAndEndsWithStatusOne) {
         << outcome.err;
     const auto json = nlohmann::json::parse(outcome.out);
     ASSERT_EQ(json["failures"].size(), 1U);
-    EXPECT_EQ(json["pages"][0]["sections"].back()["controls"][0]["text"], "0 payment term(s)");
+    ASSERT_EQ(json["pages"].size(), 1U);
+    EXPECT_EQ(json["pages"][0]["sections"].back()["controls"].at(0)["text"], "0 payment term(s)");
 }
 
 TEST_F(Program, TellsWhatTheOutputsOwnThreadMet) {

@@ -159,9 +159,9 @@ TEST(Engine, ASectionHigherThanAPageIsSplitBetweenLinesAndLosesNothing) {
     ASSERT_EQ(bench.pages.pages.size(), 3U);
     std::string printed;
     for (const auto& page : bench.pages.pages)
-        for (const auto& control : page->sections.front().controls) printed += control.text;
+        for (const auto& control : page->sections.at(0).controls) printed += control.text;
     EXPECT_EQ(printed, text + "below");
-    EXPECT_TRUE(bench.pages.pages[1]->sections.front().continued);
+    EXPECT_TRUE(bench.pages.pages[1]->sections.at(0).continued);
 }
 
 TEST(Engine, APageThatCanPlaceNothingStopsTheRunByName) {

@@ -56,8 +56,9 @@ TEST(Pages, AHeaderStandsAgainAsItPrintedFirstAndRunsNoEvent) {
         "-- 1\nghOuter a\nghInner 1\nDetail 1\nDetail 2\n-- 2\nghOuter a\nghInner 1\nDetail 3\ngfInner in\ngfOuter\n"
         "-- 3\nghOuter b\nghInner 2\nDetail 4\ngfInner in\ngfOuter\n");
     EXPECT_EQ(events, "F1PF2P");
-    EXPECT_TRUE(bench.pages.pages[1]->sections[1].repeat);
-    EXPECT_FALSE(bench.pages.pages[2]->sections[1].repeat);
+    ASSERT_EQ(bench.pages.pages.size(), 3U);
+    EXPECT_TRUE(bench.pages.pages[1]->sections.at(1).repeat);
+    EXPECT_FALSE(bench.pages.pages[2]->sections.at(1).repeat);
 }
 
 TEST(Pages, HeadingsThatWouldFillThePageDoNotStandAgain) {

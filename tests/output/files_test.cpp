@@ -8,6 +8,7 @@
 #include "output/json/json_sink.h"
 #include "output/picture.h"
 #include "output/png/png_sink.h"
+#include "output/style_text.h"
 #include "tests/output/output_files.h"
 #include "tests/output/sample_pictures.h"
 
@@ -94,22 +95,68 @@ TEST(Json, HoldsThePageAndReadsBack) {
     EXPECT_EQ(json["failures"], nlohmann::json({"a box, shown late"}));
     ASSERT_EQ(json["pages"].size(), 2U);
     const auto& page = json["pages"][0];
+    ASSERT_EQ(page["sections"].size(), 2U);
     EXPECT_EQ(page["number"], 3);
     EXPECT_EQ(page["width"], 12240);
     EXPECT_EQ(page["sections"][0]["name"], "PageHeader");
     EXPECT_EQ(page["sections"][0]["top"], 1440);
     EXPECT_EQ(page["sections"][0]["height"], 300.5);
-    EXPECT_EQ(page["sections"][0]["controls"][0],
-              nlohmann::json::parse(R"({"name": "txtText", "kind": "Field", "text": "é\t\"q\"\\\n\u0001",
+    EXPECT_EQ(page["sections"][0]["controls"].at(0),
+              nlohmann::json::parse(
+                  R"({"name": "txtText", "kind": "Field", "text": "é\t\"q\"\\\n\u0001", "style": "9", "align": "left",
         "left": 0.25, "top": 0, "width": 3000, "height": 240, "link": "5;A"})"));
     const auto& controls = page["sections"][1]["controls"];
+    ASSERT_EQ(controls.size(), 4U);
     EXPECT_FALSE(controls[0].contains("text") || controls[0].contains("link") || controls[0].contains("fill"));
     EXPECT_EQ(controls[1]["fill"], "#0ac8ff");
     EXPECT_EQ(controls[2]["series"],
               nlohmann::json::parse(
                   R"([{"name": "Due", "points": [{"label": "30", "value": 12.5}, {"label": "60", "value": -0.1}]}])"));
-    EXPECT_EQ(controls[3]["sections"][0]["controls"][0]["text"], "within \xEF\xBF\xBD")
+    EXPECT_EQ(controls[3]["sections"].at(0)["controls"].at(0)["text"], "within \xEF\xBF\xBD")
         << "damaged bytes are shown as such";
+}
+
+TEST(StyleText, NamesOnlyWhatIsNotPlain) {
+    const auto look = [](auto change) {
+        TextStyle style;
+        change(style);
+        return styleText(style);
+    };
+    EXPECT_EQ(look([](TextStyle& style) { style.bold = true; }), "9 bold");
+    EXPECT_EQ(look([](TextStyle& style) {
+                  style.size = 8.5F;
+                  style.italic = style.underline = style.wrap = true;
+                  style.color = {0x55, 0, 0xFF};
+              }),
+              "8.5 italic underline wrap #5500ff");
+    EXPECT_EQ(look([](TextStyle& style) {
+                  style.family = "Liberation Serif";
+                  style.verticalAlign = VerticalAlign::middle;
+                  style.fill = Color{255, 224, 224};
+              }),
+              "9 Liberation Serif middle on #ffe0e0");
+    EXPECT_EQ(look([](TextStyle& style) { style.verticalAlign = VerticalAlign::bottom; }), "9 bottom");
+}
+
+TEST(Json, TellsTheAlignmentOfATextBesideItsStyle) {
+    std::ostringstream stream;
+    JsonSink sink(std::make_unique<OutputStream>(stream), "dsrTermList", "TermList", "Terms", {});
+    PageBuilder builder;
+    builder.section(240);
+    for (const Align align : {Align::left, Align::center, Align::right, Align::justify}) {
+        TextStyle style;
+        style.align = align;
+        builder.text("x", 0, 100, style);
+    }
+    sink.page(builder.page());
+    sink.finish();
+    const auto json = nlohmann::json::parse(stream.str());
+    std::vector<string> aligns;
+    for (const auto& control : json["pages"].at(0)["sections"].at(0)["controls"]) {
+        EXPECT_EQ(control["style"], "9");
+        aligns.push_back(control["align"]);
+    }
+    EXPECT_EQ(aligns, (std::vector<string>{"left", "center", "right", "justify"}));
 }
 
 // The darkest of the pixels of a box, in shares of the picture's width and height.

@@ -128,7 +128,7 @@ TEST(Pdf, OutlineNestsGroupsAndListsRepeatedHeadersOnce) {
 
     const auto json = nlohmann::json::parse(run("qpdf --json --json-key=outlines " + path));
     EXPECT_EQ(titlesOf(json["outlines"]), "North(Ann Bob) South(Cid Eve) West");
-    EXPECT_EQ(json["outlines"][1]["kids"][1]["destpageposfrom1"], 2);
+    EXPECT_EQ(json["outlines"].at(1)["kids"].at(1)["destpageposfrom1"], 2);
     EXPECT_TRUE(contains(run("qpdf --check " + path), "No syntax or stream encoding errors"));
 }
 

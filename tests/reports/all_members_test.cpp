@@ -1,17 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <span>
-#include <sstream>
 
-#include "framework/run_frame.h"
-#include "framework/values/errors.h"
-#include "framework/values/text.h"
-#include "host/filter/filter_scope.h"
 #include "tests/company/demo_file.h"
-#include "tests/support/report_runner.h"
+#include "tests/support/member_runs.h"
 
 namespace quillo {
 namespace {
@@ -27,15 +20,6 @@ struct Wish {
 };
 constexpr Wish wishes[] = {{"plain", false, "", false}, {"foreign, segments and none", true, "1,2", true}};
 
-bool selectsSegments(const clsReport::Member& member, const std::string& company) {
-    test::ListedMessages messages;
-    SessionOptions options;
-    options.company = company;
-    HostSession session(options, messages);
-    clsReport factory(session);
-    return dynamic_cast<ISegmentFilter*>(member.make(factory).get()) != nullptr;
-}
-
 // No report shows a failure: its design loads and all that it asks the database runs on the schema.
 void runAll(const std::string& company, const char* from, const char* to) {
     for (const clsReport::Member& member : clsReport::members()) {
@@ -48,7 +32,8 @@ void runAll(const std::string& company, const char* from, const char* to) {
                 run.from = from, run.to = to;
                 run.dialect = dialect;
                 run.foreign = wish.foreign;
-                if (selectsSegments(member, company)) run.segments = wish.segments, run.noSegment = wish.noSegment;
+                if (test::traitsOf(member.name, company).segments)
+                    run.segments = wish.segments, run.noSegment = wish.noSegment;
                 SCOPED_TRACE(run.member + ", dialect " + std::to_string(dialect) + ", " + wish.name);
                 const auto result = test::runReport(run);
                 EXPECT_EQ(result.boxes, std::vector<std::string>{});
@@ -66,39 +51,6 @@ TEST(AllMembers, RunOnACompanyWithoutRows) {
 TEST(AllMembers, RunOnADemoCompany) {
     const test::DemoFile company;
     runAll(company.path(), "2025-03-01", "2025-03-14");
-}
-
-std::string filterTablesOf(const clsReport::Member& member, HostSession& session) {
-    clsReport factory(session);
-    const auto report = member.make(factory);
-    return dynamic_cast<FilterableReport&>(*report).filterTables();
-}
-
-// All columns that a list of whole tables lets a user filter by: qualified, or alone where one table has the name.
-std::vector<std::string> columnsOf(std::string_view tables, const Catalogue& catalogue, bool qualified) {
-    const FilterScope scope(tables, catalogue);
-    std::vector<std::string> names;
-    std::stringstream list{std::string(tables)};
-    for (std::string entry; std::getline(list, entry, ',');) {
-        const std::string table(trimmed(entry));
-        for (const std::string& column : catalogue.columns(table)) {
-            try {
-                names.push_back(qualified ? table + "." + column : (scope.find("", column), column));
-            } catch (const InputError&) {
-                // Stands in two of the tables: the user must write which one.
-            }
-        }
-    }
-    return names;
-}
-
-// A condition on columns that is true of every row, and an order by them.
-void filterBy(std::span<const std::string> columns, test::ReportRun& run) {
-    run.where = run.order = "";
-    for (const std::string& column : columns) {
-        run.where += (run.where.empty() ? "(" : " AND (") + column + " IS NULL OR " + column + " = " + column + ")";
-        run.order += (run.order.empty() ? "" : ", ") + column;
-    }
 }
 
 std::size_t rowsOf(const test::ReportResult& result) {
@@ -120,16 +72,16 @@ TEST(AllMembers, TakeEveryColumnOfTheirFilterAsConditionAndAsOrder) {
     constexpr std::size_t atOnce = 16;  // the filter's text must leave room on the page
     for (const clsReport::Member& member : clsReport::members()) {
         if (!member.written) continue;
-        const std::string tables = filterTablesOf(member, session);
+        const std::string tables = test::traitsOf(member.name, company.path()).filterTables;
         test::ReportRun run{.member = std::string(member.name), .company = company.path()};
         run.from = "2025-12-01", run.to = "2025-12-07";
         const std::size_t rows = rowsOf(test::runReport(run));
         EXPECT_GT(rows, 0U) << run.member;
         for (const bool qualified : {true, false}) {
-            const auto columns = columnsOf(tables, session.file().catalogue(), qualified);
+            const auto columns = test::columnsOf(tables, session.file().catalogue(), qualified);
             ASSERT_FALSE(columns.empty()) << run.member;
             for (std::size_t at = 0; at < columns.size(); at += atOnce) {
-                filterBy(std::span(columns).subspan(at, std::min(atOnce, columns.size() - at)), run);
+                test::filterBy(std::span(columns).subspan(at, std::min(atOnce, columns.size() - at)), run);
                 const auto result = test::runReport(run);
                 EXPECT_EQ(result.boxes, std::vector<std::string>{}) << run.member << ", " << run.where;
                 EXPECT_EQ(rowsOf(result), rows) << run.member << ", " << run.where;
@@ -140,8 +92,7 @@ TEST(AllMembers, TakeEveryColumnOfTheirFilterAsConditionAndAsOrder) {
 
 TEST(AllMembers, HaveARowInTheDocuments) {
     const fs::path page = fs::path(QUILLO_SOURCE) / "docs/reports.md";
-    std::ifstream file(page, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const std::string text = test::fileText(page.string());
     for (const clsReport::Member& member : clsReport::members()) {
         if (!member.written) continue;
         EXPECT_NE(text.find("`" + std::string(member.name) + "`"), text.npos) << member.name;

@@ -92,7 +92,7 @@ TEST(CashReceiptsDetail, PrintsABlockATransactionAndSumsItRoundedToCents) {
         EXPECT_EQ(result.texts("txtDetRef"), (Texts{"F1 - 55", "P1", "66", "P2", "F3", "D1", "T1", "F9"}));
         EXPECT_EQ(result.links("txtSource"), (Texts{"INV|101|2", "PMT|201|", "INV|102|2", "PMT|202|", "INV|103|3",
                                                     "DEP|301|", "TAX|401|", "INV|999|"}));
-        EXPECT_EQ(result.links("txtCredit").at(3), "PMT|201|");
+        EXPECT_EQ(nth(result.links("txtCredit"), 3), "PMT|201|");
         Texts projects = result.texts("txtProjId");
         projects.resize(3);
         EXPECT_EQ(projects, (Texts{"", "P3", ""})) << "project \"0\" is none";
@@ -123,8 +123,8 @@ TEST(CashReceiptsDetail, DistributesWhatIsStoredWithoutDeposits) {
     run.parameters["UseAccountNumbers"] = "False";
     result = runReport(run);
     EXPECT_EQ(result.texts("fldAccount"), Texts{});
-    EXPECT_EQ(result.texts("fldDescr").front(), "Bank");
-    EXPECT_EQ(result.texts("lblAcctIdDescr").front(), "Bank");
+    EXPECT_EQ(first(result.texts("fldDescr")), "Bank");
+    EXPECT_EQ(first(result.texts("lblAcctIdDescr")), "Bank");
 }
 
 TEST(CashReceiptsDetail, ForeignDisplayShowsEveryForeignAmountAndTheRateOfForeignTransactions) {
@@ -196,8 +196,8 @@ TEST(CashReceiptsDetail, CountsASequenceAgainWhenItsLinesAreApart) {
                               "UPDATE GLDet SET DetDate = '2024-01-20' WHERE SeqNo = 1 AND ExAcctId = 6;");
     const auto result = runReport(detail(company.path()));
     EXPECT_EQ(result.only("txtEndTotal"), "9 #5860");
-    EXPECT_EQ(result.texts("txtCreditTotal").front(), "$100.01");
-    EXPECT_EQ(result.texts("txtCreditTotal").back(), "$15.00") << "each part has its own subtotal";
+    EXPECT_EQ(first(result.texts("txtCreditTotal")), "$100.01");
+    EXPECT_EQ(last(result.texts("txtCreditTotal")), "$15.00") << "each part has its own subtotal";
 }
 
 TEST(CashReceiptsDetail, TheFlagOfTheSubReportHidesItWithTheTotals) {
@@ -249,9 +249,9 @@ TEST(CashReceiptsSummary, ListsTheReceiptsAndTotalsTheirMethodsInOrderOfAppearan
         EXPECT_EQ(result.texts("fldDocNo"), (Texts{"F1", "P1", "", "301", "T1", "F9", "P2"}));
         EXPECT_EQ(result.texts("txtAmount"),
                   (Texts{"$115.00", "$90.00", "$40.00", "$225.00", "$30.00", "$7.00", "$135.00"}));
-        EXPECT_EQ(result.texts("txtDisc").at(1), "$10.00");
-        EXPECT_EQ(result.links("txtAmount").at(3), "DEP|301");
-        EXPECT_EQ(result.texts("fldDate").front(), "1/5/2024");
+        EXPECT_EQ(nth(result.texts("txtDisc"), 1), "$10.00");
+        EXPECT_EQ(nth(result.links("txtAmount"), 3), "DEP|301");
+        EXPECT_EQ(first(result.texts("fldDate")), "1/5/2024");
         // "Visa" and "VISA" are two methods; Visa is 100 of the sale and 100 US dollars of the payment.
         EXPECT_EQ(result.texts("lblPmtMethCap"), (Texts{"Cash", "Visa", "Cheque", "VISA", "#2369"}));
         EXPECT_EQ(result.texts("txtPmtMeth"), (Texts{"$40.00", "$235.00", "$120.00", "$40.00", "$207.00"}));
@@ -280,11 +280,11 @@ TEST(CashReceiptsSummary, ForeignDisplayTotalsEachCurrencyInItsOwnMoney) {
     EXPECT_EQ(result.texts("txtForeignGrTotal"), (Texts{"$517.00", "$150.00"}));
     EXPECT_EQ(result.texts("lblEnd"), Texts{}) << "a grand total over currencies is none";
     // The ledger's 67.50 is divided back, what the documents tell is taken as it stands.
-    EXPECT_EQ(result.texts("txtAmount").back(), "$50.00");
+    EXPECT_EQ(last(result.texts("txtAmount")), "$50.00");
     EXPECT_EQ(result.texts("lblPmtMethCap"), (Texts{"Cash", "Visa", "Cheque", "VISA", "#2369", "Visa"}));
-    EXPECT_EQ(result.texts("txtPmtMeth").back(), "$150.00");
-    EXPECT_EQ(result.texts("fldAmount").back(), "$50.00");
-    EXPECT_EQ(result.texts("fldPayment").back(), "$100.00");
+    EXPECT_EQ(last(result.texts("txtPmtMeth")), "$150.00");
+    EXPECT_EQ(last(result.texts("fldAmount")), "$50.00");
+    EXPECT_EQ(last(result.texts("fldPayment")), "$100.00");
 }
 
 TEST(CashReceiptsSummary, AMissingRateShowsABoxAndTheOtherReceiptsPrint) {
@@ -296,7 +296,7 @@ TEST(CashReceiptsSummary, AMissingRateShowsABoxAndTheOtherReceiptsPrint) {
     EXPECT_NE(result.boxes.back().find("in Quillo.dsrCashReceiptsGLSubReport.Detail_Format at line "),
               std::string::npos);
     EXPECT_EQ(result.texts("fldDocNo").size(), 7U);
-    EXPECT_EQ(result.texts("txtAmount").at(1), "$90.00");
+    EXPECT_EQ(nth(result.texts("txtAmount"), 1), "$90.00");
 }
 
 // No section is lower than what stands in it, and none begins above the end of the one before.
@@ -344,7 +344,7 @@ TEST(CashReceiptsSummary, SegmentsLeaveDepositsInAndPaymentsOfOthersOut) {
     const auto result = runReport(run);
     EXPECT_EQ(result.boxes, Texts{});
     EXPECT_EQ(result.texts("fldDocNo"), (Texts{"F1", "P1", "", "301", "T1", "F9"}));
-    EXPECT_EQ(result.texts("txtAmount").at(1), "$0.00") << "its payment is another segment's";
+    EXPECT_EQ(nth(result.texts("txtAmount"), 1), "$0.00") << "its payment is another segment's";
     EXPECT_EQ(result.only("txtTransaction"), "6");
     EXPECT_EQ(result.texts("lblPmtMethCap"), (Texts{"Cash", "Visa", "VISA", "#2369", "Cheque"}));
     // Ledger lines without a segment are not shown, whatever the choice.

@@ -36,7 +36,7 @@ TEST(TermList, FilterOrderAndCancel) {
     EXPECT_EQ(runReport(run).texts("txtDescr"), (Texts{"a net", "c odd", "d null", "e day"}));
     run.order = "Due DESC";
     EXPECT_EQ(runReport(run).texts("txtDescr"), (Texts{"a net", "e day", "d null", "c odd"}));
-    EXPECT_NE(runReport(run).sql.back().find(" WHERE (Term.Due > 5)  ORDER BY Term.Due DESC"), std::string::npos);
+    EXPECT_NE(last(runReport(run).sql).find(" WHERE (Term.Due > 5)  ORDER BY Term.Due DESC"), std::string::npos);
 
     run = {.member = "TermList", .company = company.path(), .language = "ids", .cancelFilter = true};
     const auto cancelled = runReport(run);
@@ -130,7 +130,7 @@ TEST(CustListShipAddr, ACustomerWhomTheOrderSplitsCountsOnce) {
     EXPECT_EQ(result.texts("fldShipAddr"), (Texts{"3 Mall", "Kanata", "2 Port, Levis"}));
     EXPECT_EQ(result.only("lblEnd"), "3 #7622");
     run.order = "Cust.InCustId DESC";
-    EXPECT_NE(runReport(run).sql.back().find(" ORDER BY Cust.InCustId DESC, Addr.InAddrId\""), std::string::npos)
+    EXPECT_NE(last(runReport(run).sql).find(" ORDER BY Cust.InCustId DESC, Addr.InAddrId\""), std::string::npos)
         << "no column is sorted by twice";
 }
 
@@ -212,7 +212,7 @@ TEST(OpenOrders, GroupsByTheCustomersCurrencyAndConvertsByTheDocuments) {
         EXPECT_EQ(home.texts("txtTotAmnt"), (Texts{"$100.00", "$0.00", "", "$13.07", "$50.00"}));
         EXPECT_EQ(home.only("txtGrandTotal"), "$163.07");
         EXPECT_EQ(home.links("txtInvoiId"), (Texts{"INV|1", "INV|4", "INV|5", "INV|2", "INV|3"}));
-        EXPECT_EQ(home.links("txtName").front(), "CUS|1");
+        EXPECT_EQ(first(home.links("txtName")), "CUS|1");
         EXPECT_EQ(home.only("lblDateFromDateTo").substr(0, 5), "#3013");
     }
 }
@@ -279,7 +279,7 @@ TEST(DocumentsToApprove, ListsOnlyWhatWaitsAndFollowsTheUsersOrder) {
               (Texts{"CAD - Canadian dollar", "USD - US dollar", "CAD - Canadian dollar", "EUR - Euro"}))
         << "an order without the currency breaks the groups";
     run.language = "fr";
-    EXPECT_EQ(runReport(run).texts("txtType").front(), "Commande");
+    EXPECT_EQ(first(runReport(run).texts("txtType")), "Commande");
 }
 
 }  // namespace

@@ -100,7 +100,7 @@ struct Span {
 };
 
 Span placeOf(const ReportResult& result, std::string_view name) {
-    for (const auto& section : result.kept.pages.front()->sections)
+    for (const auto& section : result.kept.pages.at(0)->sections)
         for (const auto& control : section.controls)
             if (control.info->name == name) return {control.left, control.left + control.width};
     ADD_FAILURE() << "there is no " << name;
@@ -171,7 +171,7 @@ TEST(SalesJournalDetail, NarrowsBodyAndDistributionEachByItsOwnRules) {
         const auto result = runReport(run);
         EXPECT_EQ(result.boxes, Texts{}) << narrowing.name;
         EXPECT_EQ(result.texts("fldDetRef"), narrowing.documents) << narrowing.name;
-        EXPECT_EQ(result.texts("txtTotalDebit").front(), narrowing.whole) << narrowing.name;
+        EXPECT_EQ(first(result.texts("txtTotalDebit")), narrowing.whole) << narrowing.name;
         // One document alone leaves the page that the breaks make.
         EXPECT_EQ(result.pageCount(), run.properties.empty() ? 2U : 3U) << narrowing.name;
     }
@@ -215,10 +215,10 @@ TEST(SalesJournalDetail, ALongDistributionLosesNothingButTheEmptyPageBeforeIt) {
 TEST(SalesJournalDetail, CompaniesWithoutAccountNumbersNameTheAccountAlone) {
     const TestCompany company(postings);
     auto run = journal(company);
-    EXPECT_EQ(runReport(run).texts("txtAcctId").front(), "1100 - Receivables");
+    EXPECT_EQ(first(runReport(run).texts("txtAcctId")), "1100 - Receivables");
     run.parameters = {{"UseAccountNumbers", "False"}};
     const auto result = runReport(run);
-    EXPECT_EQ(result.texts("txtAcctId").front(), "Receivables");
+    EXPECT_EQ(first(result.texts("txtAcctId")), "Receivables");
     EXPECT_EQ(result.texts("fldAccount"), Texts{});
     EXPECT_EQ(result.texts("fldDescr"), (Texts{"Receivables", "Tax", "Sales", "Clearing"}));
 }
@@ -276,8 +276,8 @@ TEST(SalesJournalSummary, ListsDocumentsInHomeCurrencyWithTheirTotalsAndCounts) 
         EXPECT_EQ(result.texts("txtTaxAmnt"), (Texts{"$15.00", "", "-$3.00", "", ""}));
         EXPECT_EQ(result.texts("txtDiscAmnt"), (Texts{"$10.00", "", "", "", ""}));
         EXPECT_EQ(result.texts("txtTotal"), (Texts{"$1,120.00", "$50.00", "-$23.01", "$13.50", "$0.00"}));
-        EXPECT_EQ(result.links("fldName").front(), "INV|1");
-        EXPECT_EQ(result.links("txtDiscAmnt").front(), "");
+        EXPECT_EQ(first(result.links("fldName")), "INV|1");
+        EXPECT_EQ(first(result.links("txtDiscAmnt")), "");
         EXPECT_EQ(result.only("txtVente"), "$1,153.49");
         EXPECT_EQ(result.only("txtGrTotal"), "$1,160.49");
         EXPECT_EQ((Texts{result.only("txtInvoices"), result.only("txtCredits"), result.only("txtTotal1")}),
@@ -341,8 +341,8 @@ TEST(SalesJournals, DemoTotalsAreThoseOfTheBooksInBothDialects) {
 
     run.member = "SalesJournalSummary";
     const auto listed = runReport(run);
-    ASSERT_EQ(listed.texts("lblForeignCurrency").front(), "Grand total CAD");
-    EXPECT_EQ(read(listed.texts("txtGrForeignTotal").front()), ledgerSum(demo.path(), invoiced, "TotAmnt"));
+    ASSERT_EQ(first(listed.texts("lblForeignCurrency")), "Grand total CAD");
+    EXPECT_EQ(read(first(listed.texts("txtGrForeignTotal"))), ledgerSum(demo.path(), invoiced, "TotAmnt"));
 
     run.dialect = 1;
     EXPECT_EQ(runReport(run).text(), listed.text());

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <sstream>
 #include <stdexcept>
@@ -74,6 +75,17 @@ private:
     }
 };
 
+// One of several texts; a text that says so where there are not that many, so that a test fails and does not crash.
+inline std::string nth(const std::vector<std::string>& texts, std::size_t index) {
+    return index < texts.size() ? texts[index] : "(there are " + std::to_string(texts.size()) + ")";
+}
+inline std::string first(const std::vector<std::string>& texts) {
+    return nth(texts, 0);
+}
+inline std::string last(const std::vector<std::string>& texts) {
+    return nth(texts, texts.empty() ? 0 : texts.size() - 1);
+}
+
 inline ReportWish wishOf(const ReportRun& run) {
     ReportWish wish;
     wish.from = Date::parseIso(run.from).value_or(noStartLimit);
@@ -89,8 +101,9 @@ inline ReportWish wishOf(const ReportRun& run) {
     return wish;
 }
 
-// Runs a report as the program does. Throws when the factory does not give it or the filter is refused.
-inline ReportResult runReport(const ReportRun& run) {
+// Runs a report as the program does. Throws when the factory does not give it or the filter is refused. prepare gets
+// the report just before it runs.
+inline ReportResult runReport(const ReportRun& run, const std::function<void(Report&)>& prepare = {}) {
     ListedMessages messages;
     SessionOptions options;
     options.company = run.company;
@@ -107,6 +120,7 @@ inline ReportResult runReport(const ReportRun& run) {
     ReportJob job(session, *member, wishOf(run));
     if (!job.made()) throw std::runtime_error("The factory gives no report " + run.member);
     if (run.pageHeight > 0) job.report().setup.height = run.pageHeight;
+    if (prepare) prepare(job.report());
     ReportResult result;
     FixedMeasure measure;
     job.run(result.kept, measure);

@@ -1,0 +1,100 @@
+-- A small company in which every report meets each of its branches. Three currencies, two segments, the project that
+-- stands for "none known", and January 2024 as the month that is printed.
+UPDATE CompanyFact SET Value = '1' WHERE Name = 'UsesForeignCurrency';
+INSERT INTO WorldCurrency VALUES (2, 'USD', 'US dollar'), (3, 'EUR', 'Euro');
+INSERT INTO Segment VALUES (1, 'S1', 'East'), (2, 'S2', 'West');
+INSERT INTO TaxGroup (InTaxGroupId, TaxGroupId, TaxGroupDescr) VALUES (1, 'QC', 'Quebec');
+
+-- Each mode, one that is not known and one that is missing; the modes without figures come before those two.
+INSERT INTO Term (InTermId, TermId, Descr, TermMode, Due, DiscPercent, DiscDelay, DueNxtMonth) VALUES
+  (1, 'N30', 'a net', 1, 30, 2.5, 10, 0), (2, 'COD', 'b instalments', 2, 5, 0, 0, 0),
+  (3, 'ODD', 'c odd', 9, 6, 0, 0, 0), (4, 'NUL', 'd missing', NULL, 7, 0, 0, 0),
+  (5, 'DOM', 'e day of the month', 4, 15, 1, 5, 25), (6, 'REC', 'f instalments', 3, 1, 0, 0, 0),
+  (7, 'LNG', 'g a term whose description is too long for one line', 1, 60, 0, 0, 0);
+
+-- Birch has everything, Ash next to nothing, Cedar is inactive, Dogwood points at a tax group that is not there.
+INSERT INTO Cust (InCustId, CustId, Name, Contact, Tel1, TelExt1, Tel2, TelExt2, Fax, Web, Email, NameLang, SalesPerson,
+                  ExTermId, ExTaxGroupId, ExGLAcctId, ExCurrencyId, CreditLim, CustInactive) VALUES
+  (10, 'B', 'Birch & Sons, timber merchants of the north shore', 'Bo', '555-0101', '11', '555-0102', '12', '555-0103',
+   'HTTP://birch.example', 'b@birch.example', 2, 'Sam', 1, 1, 1, 1, 1234567.5, 0),
+  (11, 'a', 'Ash', 'Al', '555-0111', NULL, NULL, NULL, NULL, NULL, NULL, 1, NULL, NULL, NULL, NULL, 2, NULL, NULL),
+  (12, 'C', 'Cedar', 'Cy', '555-0121', NULL, NULL, NULL, '', 'cedar.example', NULL, NULL, NULL, 1, 1, NULL, 1, 0, 1),
+  (13, 'D', 'Dogwood', NULL, NULL, NULL, '555-0132', NULL, '', 'dogwood.example', NULL, NULL, NULL, 5, 7, NULL, 3, 0, 0);
+INSERT INTO Country (InCountryId, CountryCode, CountryName) VALUES (1, 'CA', 'Canada');
+INSERT INTO Addr (InAddrId, ExCustId, AddrKind, AddrName, AddrLine1, AddrLine2, City, Province, PostalCode, ExCountryId)
+VALUES
+  (1, 10, 0, NULL, '1 Main', NULL, 'Laval', 'QC', 'H7A 1A1', 1),
+  (2, 10, 1, 'Dock', '2 Port', 'Gate 4', 'Levis', 'QC', 'G6V 1A1', 1), (3, 10, 1, 'Shop', '3 Mall', NULL, NULL, NULL, NULL, NULL),
+  (4, 13, 1, NULL, NULL, NULL, 'Kanata', NULL, NULL, 1);
+INSERT INTO CustomField (InFieldId, ForTable, Caption, Position) VALUES (1, 'Cust', 'Route', 2), (2, 'Cust', 'Licence', 1);
+INSERT INTO CustomFieldValue (ExFieldId, RecordId, Value) VALUES (1, 10, 'North'), (2, 10, 'L-1'), (1, 11, ''), (1, 13, 'South');
+
+INSERT INTO ProjInfo (InProjId, ProjId, Descr, BegDate, EndDate, EstSales, EstPurch, EstHours, Inactive) VALUES
+  (1, '~Inconnu~', 'None known', NULL, NULL, NULL, NULL, NULL, NULL), (2, '0', '0', NULL, NULL, NULL, NULL, NULL, 1),
+  (3, 'P3', 'Quay', '2024-01-02', '2024-06-30', 1000.5, 20, 7.25, 0), (4, 'P4', 'Old', NULL, NULL, 9, 9, 9, 1);
+
+-- Orders: two currencies under one customer, a negative amount, a missing one, one that is approved, one too late.
+-- Documents: a sale with discount, freight and tax, a cash sale, a credit note, a foreign sale, interest without a rate.
+INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, RecDate, ShipDate, ExCustId, ExCurrencyId, ExchangeRate,
+                      DetAmnt, DiscTotAmnt, ShipAmnt, TaxAmnt, TotAmnt, RecCheqNo, ExPmtMethId, RecAmnt, ToApprove,
+                      ExSegmentId) VALUES
+  (1, 'O1', 51, '2024-01-05', '2024-01-05', '2024-01-09', 10, 1, 1, 100, NULL, NULL, NULL, 100, NULL, NULL, NULL, 1, 1),
+  (2, 'O2', 51, '2024-01-06', '2024-01-06', NULL, 11, 2, 1.3, 10.05, NULL, NULL, NULL, 10.05, NULL, NULL, NULL, 1, 2),
+  (3, 'O3', 51, '2024-01-07', '2024-01-07', NULL, 11, 1, 1, 50, NULL, NULL, NULL, 50, NULL, NULL, NULL, 0, NULL),
+  (4, 'O4', 51, '2024-01-08', '2024-01-08', NULL, 10, 1, 1, -5, NULL, NULL, NULL, -5, NULL, NULL, NULL, NULL, 1),
+  (5, 'O5', 51, '2024-01-09', '2024-01-09', NULL, 10, 1, 1, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, 2, 1),
+  (6, 'Q1', 50, '2024-01-10', '2024-01-10', NULL, 13, 3, 1.5, 20, NULL, NULL, NULL, 20, NULL, NULL, NULL, 1, 1),
+  (7, 'O6', 51, '2024-02-01', '2024-02-01', NULL, 10, 1, 1, 8, NULL, NULL, NULL, 8, NULL, NULL, NULL, 1, 1),
+  (101, 'F1', 2, '2024-01-05', NULL, NULL, 10, 1, 1, 95, 5, 10, 10, 115, '55', NULL, NULL, NULL, 1),
+  (102, 'F2', 1, '2024-01-07', NULL, NULL, 10, 1, 1, 40, NULL, 0, 0, 40, '66', 2, 40, NULL, NULL),
+  (103, 'N1', 3, '2024-01-08', NULL, NULL, 11, 1, 1, -20, 0, NULL, NULL, -20, NULL, 4, -20, NULL, 1),
+  (104, 'U1', 1, '2024-01-07', NULL, NULL, 11, 2, 1.35, 100, NULL, 4, NULL, 104, NULL, NULL, NULL, NULL, 2),
+  (105, 'I1', 4, '2024-01-11', NULL, NULL, 13, 3, NULL, 7, NULL, NULL, 1, 8, NULL, NULL, NULL, NULL, 1);
+
+INSERT INTO PmtMeth VALUES (1, 'Visa'), (2, 'VISA'), (3, 'Cheque'), (4, 'Cash');
+INSERT INTO GLAcct (InGLAcctId, GLAcctId, Descr, ChqAcct) VALUES
+  (1, '1010', 'Bank', 1), (2, '1020', 'Drawer', 1), (3, '1100', 'Receivables', 0), (4, '4000', 'Sales', 0),
+  (5, '4200', 'Discounts', 0), (6, '4900', 'Other', 0), (7, '9000', 'Clearing', 0);
+INSERT INTO InvoiRecDet (ExInvoiId, ExPmtMethId, RecAmnt) VALUES (101, 1, 60), (101, 4, 15), (101, 1, 40);
+INSERT INTO PmtHdr (InPmtId, PmtDate, ExPmtMethId, PmtTotAmnt, DiscTotAmnt, ExSegmentId) VALUES
+  (201, '2024-01-06', 3, 90, 10, 1), (202, '2024-01-07', 1, 100, NULL, 2);
+INSERT INTO PmtDet (ExPmtId, ExInvoiId, PmtAmnt, PmtDisc) VALUES (201, 101, 50, 10), (201, 102, 40, NULL), (202, 104, 100, 0);
+INSERT INTO DepHdr VALUES (301, 'D1', '2024-01-09', 1, 1);
+INSERT INTO DepDet (ExDepID, ExPmtMethId, RecAmnt, RecExSrcKeyVal) VALUES
+  (301, 3, 300, 101), (301, NULL, 200, NULL), (301, 4, 25, NULL);
+INSERT INTO TaxTrxHdr VALUES (401, 'T1', '2024-01-10', 3);
+INSERT INTO TaxTrxDet (ExTaxTrxID, ExAcctId, Amnt) VALUES (401, 3, 30);
+
+-- Sequence 1 is a cash sale paid by two methods, 2 a payment with a discount, 3 a sale without reference, 4 a payment in
+-- US dollars, 5 a refund, 6 a deposit, 7 a tax refund, 8 of a document that is gone, 9 a foreign sale on credit with an
+-- account that clears and a posting that rounds away, 10 an adjustment without segment, 11 lies behind the month.
+INSERT INTO GLDet (SeqNo, DetDate, Source, ExSrcKeyVal, DetRef, DetDesc, ExAcctId, DetAmnt, ForeignAmnt, ExCurrencyId,
+                   ExchangeRate, ExProjId, ExSegmentId) VALUES
+  (1, '2024-01-05', 'INV', 101, 'F1', 'Birch', 1, 115, 77, 1, 1, 2, 1),
+  (1, '2024-01-05', 'INV', 101, 'F1', 'Birch', 4, -100.005, 0, 1, 1, 3, 1),
+  (1, '2024-01-05', 'INV', 101, 'F1', 'Birch', 6, -14.995, NULL, 1, 1, NULL, 1),
+  (2, '2024-01-06', 'PMT', 201, 'P1', 'Birch', 1, 90, 0, 1, 1, NULL, 1),
+  (2, '2024-01-06', 'PMT', 201, 'P1', 'Birch', 5, 10, 0, 1, 1, NULL, 1),
+  (2, '2024-01-06', 'PMT', 201, 'P1', 'Birch', 3, -100, 0, 1, 1, NULL, 1),
+  (3, '2024-01-07', 'INV', 102, NULL, 'Birch', 2, 40, 0, 1, 1, NULL, NULL),
+  (3, '2024-01-07', 'INV', 102, NULL, 'Birch', 4, -40, 0, 1, 1, NULL, NULL),
+  (4, '2024-01-07', 'PMT', 202, 'P2', 'Ash', 1, 135, 100, 2, 1.35, NULL, 2),
+  (4, '2024-01-07', 'PMT', 202, 'P2', 'Ash', 3, -135, -100, 2, 1.35, NULL, 2),
+  (5, '2024-01-08', 'INV', 103, 'N1', 'Ash', 2, -20, 0, 1, 1, NULL, 1),
+  (5, '2024-01-08', 'INV', 103, 'N1', 'Ash', 4, 20, 0, 1, 1, NULL, 1),
+  (6, '2024-01-09', 'DEP', 301, 'D1', 'Bank deposit', 1, 525, 0, 1, 1, NULL, 1),
+  (6, '2024-01-09', 'DEP', 301, 'D1', 'Bank deposit', 2, -300, 0, 1, 1, NULL, 1),
+  (6, '2024-01-09', 'DEP', 301, 'D1', 'Bank deposit', 4, -225, 0, 1, 1, NULL, 1),
+  (7, '2024-01-10', 'TAX', 401, 'T1', 'Refund', 1, 30, 0, 1, 1, NULL, 1),
+  (7, '2024-01-10', 'TAX', 401, 'T1', 'Refund', 3, -30, 0, 1, 1, NULL, 1),
+  (8, '2024-01-11', 'INV', 999, 'F9', 'Lost', 1, 7, 0, 1, 1, NULL, 1),
+  (8, '2024-01-11', 'INV', 999, 'F9', 'Lost', 4, -7, 0, 1, 1, NULL, 1),
+  (9, '2024-01-07', 'INV', 104, 'U1', 'Ash', 3, 140.4, 104, 2, 1.35, 3, 2),
+  (9, '2024-01-07', 'INV', 104, 'U1', 'Ash', 4, -140.4, -104, 2, 1.35, 3, 2),
+  (9, '2024-01-07', 'INV', 104, 'U1', 'Ash', 7, 7, 5.19, 2, 1.35, NULL, 2),
+  (9, '2024-01-07', 'INV', 104, 'U1', 'Ash', 7, -7, -5.19, 2, 1.35, NULL, 2),
+  (9, '2024-01-07', 'INV', 104, 'U1', 'Ash', 6, 0.004, 0, 2, 1.35, NULL, 2),
+  (10, '2024-01-12', 'ADM', 103, 'N1', 'Ash', 3, -5, NULL, 1, 1, NULL, NULL),
+  (10, '2024-01-12', 'ADM', 103, 'N1', 'Ash', 4, 5, NULL, 1, 1, NULL, NULL),
+  (11, '2024-02-01', 'INV', 101, 'F1', 'Birch', 1, 1, 0, 1, 1, NULL, 1),
+  (11, '2024-02-01', 'INV', 101, 'F1', 'Birch', 4, -1, 0, 1, 1, NULL, 1);
