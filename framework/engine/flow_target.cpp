@@ -145,7 +145,11 @@ std::vector<PlacedSection> FlowTarget::takeRow(std::size_t from) {
 
 // What stands on the page becomes a piece of the section.
 void FlowTarget::endPiece() {
-    if (piece_.empty()) return;
+    if (!holdsRows(piece_.size())) {  // headings alone are no piece
+        if (!piece_.empty()) pages_.cursor_ = pieceTop_;
+        piece_.clear();
+        return;
+    }
     const float height = pages_.cursor_ - pieceTop_;
     const PlacedControl placed = control(pages_.arena().keep(piece_), 0, height);
     PlacedSection section = upper_;

@@ -87,8 +87,8 @@ void Paginator::printPageHeader() {
     headerDue_ = false;
     Section* header = run_->single(SectionKind::pageHeader);
     if (header == nullptr) return;
-    if (const auto ready = std::exchange(readyHeader_, std::nullopt)) {
-        putPageHeader(copySection(*ready, arena()));
+    if (std::exchange(headerReady_, false)) {
+        if (readyHeader_) putPageHeader(copySection(*readyHeader_, arena()));
         if (std::exchange(headerWaits_, false)) run_->printed(*header);
     } else if (const auto laid = run_->format(*header)) {
         PlacedSection placed = laid->placed;
@@ -108,7 +108,7 @@ void Paginator::putPageHeader(const PlacedSection& placed) {
 // A report header that fills the first page has it for itself; the page header waits for the next one.
 void Paginator::turnToHeader(const PlacedSection& placed) {
     readyHeader_ = copySection(placed, ready_);
-    headerWaits_ = true;
+    headerReady_ = headerWaits_ = true;
     breaks_ = std::max(breaks_, 1);
 }
 
@@ -194,6 +194,8 @@ void Paginator::closePage(Carry& carry, Arena& next) {
 void Paginator::dropPage() {
     if (++dropped_ > 2) fail("PageFooter", "leaves no room on the page for anything else");
     ready_.clear();
+    readyHeader_.reset();
+    headerReady_ = true;
     for (const PlacedSection& section : current_->sections) {
         if (section.info->kind == SectionKind::pageHeader) readyHeader_ = copySection(section, ready_);
         if (section.info->kind == SectionKind::pageFooter) readyFooter_ = copySection(section, ready_);
@@ -254,8 +256,7 @@ void Paginator::follow(const Carry& carry) {
     std::erase_if(underlays_, [&](const Underlay& underlay) { return gone(underlay.at); });
     std::erase_if(firstRows_, [&](const FirstRow& first) { return gone(first.header); });
     for (Keep& keep : keeps_) keep.from = carry.placeOf(keep.from, end());
-    for (FirstRow& first : firstRows_)
-        first = {carry.placeOf(first.header, end()), carry.placeOf(first.row, end())};
+    for (FirstRow& first : firstRows_) first = {carry.placeOf(first.header, end()), carry.placeOf(first.row, end())};
     for (Underlay& underlay : underlays_) underlay.at = carry.placeOf(underlay.at, end());
     std::erase_if(repeated_, [&](const Repeated& group) { return group.endedAt && *group.endedAt <= carry.from; });
     for (Repeated& group : repeated_) {

@@ -150,6 +150,7 @@ private:
     // What was formatted for a page that then made way: it stands on the next one.
     std::optional<PlacedSection> readyHeader_, readyFooter_;
     Arena ready_;
+    bool headerReady_ = false;  // the page header was formatted, whether it then shows or not
     bool headerWaits_ = false;  // the page header is still to be told that it printed
     bool replaces_ = false;     // what was carried is placed piece by piece
     int dropped_ = 0;           // pages in a row that made way for their footer

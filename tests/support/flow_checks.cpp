@@ -287,6 +287,15 @@ std::size_t keptUpTo(const std::vector<ExpectedPrint>& prints, std::size_t heade
 
 }  // namespace
 
+// Whether a kept header right above must stand with the same prints, and no page holds them all: either may then part.
+bool outerNeedsMore(const Trial& trial, const Heights& heights, std::size_t at, std::size_t last) {
+    const auto& prints = trial.expected.prints();
+    for (std::size_t outer = at; outer > 0 && prints[outer - 1].section->kind == SectionKind::groupHeader; --outer)
+        if (prints[outer - 1].section->groupKeep != GroupKeep::none && !fitsTogether(trial, heights, outer - 1, last))
+            return true;
+    return false;
+}
+
 std::string findTornTogether(const Trial& trial) {
     if (frameVaries(trial)) return {};
     const Pages pages(trial);
@@ -297,7 +306,7 @@ std::string findTornTogether(const Trial& trial) {
             prints[at].section->kind == SectionKind::groupHeader && prints[at].section->groupKeep != GroupKeep::none;
         const std::size_t last = group ? keptUpTo(prints, at) : at;
         if (last == at && !prints[at].section->keepTogether) continue;
-        if (!fitsTogether(trial, heights, at, last)) continue;
+        if (!fitsTogether(trial, heights, at, last) || outerNeedsMore(trial, heights, at, last)) continue;
         const int begin = std::min(pages.of(at).first, pages.firstFrom(at));
         for (std::size_t i = at; i <= last; ++i)
             if (!pages.of(i).empty() && pages.of(i).last > begin)
