@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 
 namespace quillo::bench {
 

@@ -6,9 +6,9 @@
 #include "bench/bench_host.h"
 #include "bench/measure.h"
 #include "framework/engine/engine.h"
+#include "output/font_measure.h"
 #include "output/output_file.h"
 #include "output/pdf/pdf_sink.h"
-#include "output/text_measure.h"
 
 namespace quillo::bench {
 namespace {

@@ -17,10 +17,10 @@
 #include "host/database/sqlite_database.h"
 #include "host/database/sqlite_handle.h"
 #include "host/session/host_session.h"
+#include "output/font_measure.h"
 #include "output/output_file.h"
 #include "output/pdf/pdf_sink.h"
 #include "output/queued_sink.h"
-#include "output/text_measure.h"
 
 // A grouped journal of 200,000 rows, by the engine alone, from SQLite, and to PDF with a link on every row; each
 // beside its floor in the same run. See docs/performance.md.

@@ -9,7 +9,7 @@ include(CMakePackageConfigHelpers)
 set(QUILLO_PUBLIC
     framework/report_factory.h framework/run_frame.h framework/report_mixins.h framework/dialog_form.h
     framework/drill_tags.h framework/engine/engine.h framework/values/errors.h host/session/report_job.h
-    output/errors.h output/output_file.h output/page_frame.h output/queued_sink.h output/text_measure.h
+    output/output_error.h output/output_file.h output/page_frame.h output/queued_sink.h output/font_measure.h
     output/pdf/pdf_sink.h output/png/png_sink.h output/json/json_sink.h library/quillo.h)
 
 # The headers and all that they include of this tree.

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "framework/dialog_form.h"
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 
 namespace quillo {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 
 // How the user's choices enter the SQL text of a report. Values never do: dates and keys are bound to "?" marks.
 namespace quillo {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "framework/values/date.h"
 
 // The contract between a host and a report: six interfaces. A host finds out which of them a report has by

@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "framework/engine/report.h"
-#include "framework/host/services.h"
 #include "framework/report_contract.h"
+#include "framework/services/services.h"
 
 namespace quillo {
 

@@ -7,11 +7,11 @@
 
 #include "framework/values/errors.h"
 #include "host/session/report_job.h"
+#include "output/font_measure.h"
 #include "output/output_file.h"
 #include "output/page_frame.h"
 #include "output/pdf/pdf_sink.h"
 #include "output/shaper.h"
-#include "output/text_measure.h"
 
 using namespace quillo;
 

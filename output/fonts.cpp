@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "framework/engine/page.h"
-#include "output/errors.h"
+#include "output/output_error.h"
 
 namespace quillo {
 namespace {

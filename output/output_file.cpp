@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "output/errors.h"
+#include "output/output_error.h"
 
 namespace quillo {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "output/errors.h"
+#include "output/output_error.h"
 
 namespace quillo {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "output/errors.h"
+#include "output/output_error.h"
 #include "output/utf8.h"
 
 namespace quillo {

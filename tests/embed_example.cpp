@@ -1,11 +1,11 @@
 #include <iostream>
 
 #include "host/session/report_job.h"
+#include "output/font_measure.h"
 #include "output/output_file.h"
 #include "output/page_frame.h"
 #include "output/pdf/pdf_sink.h"
 #include "output/shaper.h"
-#include "output/text_measure.h"
 
 // Prints the customer list of a company file: embed_example COMPANY.db CUSTOMERS.pdf
 int main(int count, char** arguments) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 
 namespace quillo::app {
 

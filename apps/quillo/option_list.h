@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "framework/dialog_form.h"
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 
 namespace quillo::app {
 

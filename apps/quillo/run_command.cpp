@@ -10,8 +10,8 @@
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
 #include "host/session/report_job.h"
+#include "output/font_measure.h"
 #include "output/shaper.h"
-#include "output/text_measure.h"
 
 namespace quillo::app {
 namespace {

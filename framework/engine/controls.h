@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "framework/engine/page.h"
-#include "framework/host/database.h"
+#include "framework/services/database.h"
 #include "framework/values/locale_format.h"
 
 // Sections and controls of a design as plain data that reports read and write. All measures are

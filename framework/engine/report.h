@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "framework/engine/controls.h"
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 
 namespace quillo {
 

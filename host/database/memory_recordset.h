@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "framework/host/database.h"
+#include "framework/services/database.h"
 #include "host/database/row_set.h"
 
 namespace quillo {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "framework/host/database.h"
+#include "framework/services/database.h"
 #include "framework/values/names.h"
 
 namespace quillo {

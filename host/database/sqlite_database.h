@@ -6,7 +6,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "framework/host/database.h"
+#include "framework/services/database.h"
 #include "host/database/sqlite_recordset.h"
 
 namespace quillo {

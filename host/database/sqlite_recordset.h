@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/host/database.h"
+#include "framework/services/database.h"
 #include "host/database/sqlite_connection.h"
 
 namespace quillo {

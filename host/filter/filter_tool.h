@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/company/catalogue.h"
 
 namespace quillo {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/filter/filter_grammar.h"
 
 namespace quillo {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/database/sqlite_handle.h"
 
 // The small look-ups of a company that need no memory of their own.

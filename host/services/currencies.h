@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/company/company_file.h"
 
 namespace quillo {

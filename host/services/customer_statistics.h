@@ -2,7 +2,7 @@
 
 #include <unordered_map>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/database/sqlite_handle.h"
 
 namespace quillo {

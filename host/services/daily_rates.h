@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/database/sqlite_handle.h"
 
 namespace quillo {

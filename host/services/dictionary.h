@@ -3,7 +3,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "framework/values/names.h"
 #include "host/database/sqlite_handle.h"
 

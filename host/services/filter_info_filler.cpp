@@ -6,23 +6,13 @@
 namespace quillo {
 namespace {
 
-constexpr std::string_view design = R"({
-  "name": "dsrFilterAndSortByInfo",
-  "page": {"width": 12240, "height": 15840, "left": 720, "right": 720, "top": 720, "bottom": 720},
-  "sections": [
-    {"name": "Detail", "kind": "detail", "height": 210, "controls": [
-      {"kind": "Label", "name": "lblFilter", "left": 0, "top": 0, "width": 10800, "height": 210, "style": "filter", "canGrow": true}
-    ]}
-  ]
-})";
 constexpr float lineHeight = 210;
 constexpr float textShare = 0.66F;  // of the width; the dates of a report stand to the right
 
 // One growing line of text, as wide as the control that it is printed in.
 class FilterText final : public Report {
 public:
-    FilterText(HostContext& context, const std::string& text, float width)
-        : Report("dsrFilterAndSortByInfo", context, design) {
+    FilterText(HostContext& context, const std::string& text, float width) : Report("dsrFilterAndSortByInfo", context) {
         Label& line = label("lblFilter");
         line.Caption = text;
         line.Width = width * textShare;

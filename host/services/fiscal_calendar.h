@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/database/sqlite_handle.h"
 
 namespace quillo {

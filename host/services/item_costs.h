@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/database/sqlite_handle.h"
 
 namespace quillo {

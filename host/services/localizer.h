@@ -1,6 +1,6 @@
 #pragma once
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/language/language.h"
 
 namespace quillo {

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/company/company_file.h"
 
 namespace quillo {

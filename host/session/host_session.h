@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/company/company_file.h"
 #include "host/language/language.h"
 #include "host/services/filter_info_filler.h"

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "framework/dialog_form.h"
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 
 namespace quillo {
 

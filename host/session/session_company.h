@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "host/company/company_file.h"
 #include "host/services/address_book.h"
 #include "host/services/company_lists.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "output/errors.h"
+#include "output/output_error.h"
 #include "output/utf8.h"
 
 namespace quillo {

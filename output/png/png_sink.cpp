@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "output/errors.h"
+#include "output/output_error.h"
 #include "output/output_file.h"
 #include "output/page_painter.h"
 #include "output/png/cairo_canvas.h"

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "framework/engine/controls.h"
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 
 // How the journals and their distributions write accounts and their sides.
 namespace quillo {

@@ -4,9 +4,9 @@
 #include "framework/run_frame.h"
 #include "framework/values/errors.h"
 #include "host/session/host_session.h"
+#include "output/font_measure.h"
 #include "output/json/json_sink.h"
 #include "output/queued_sink.h"
-#include "output/text_measure.h"
 
 // A host with a report of its own over the library's frame and a design of the library's: the terms of net days, as
 // JSON to standard output.   own_report COMPANY.db

@@ -4,8 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "output/errors.h"
 #include "output/json/json_sink.h"
+#include "output/output_error.h"
 #include "output/picture.h"
 #include "output/png/png_sink.h"
 #include "output/style_text.h"

@@ -4,7 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "output/errors.h"
+#include "output/output_error.h"
 #include "output/page_frame.h"
 #include "tests/output/output_files.h"
 #include "tests/output/sample_pictures.h"

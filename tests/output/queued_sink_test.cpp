@@ -4,9 +4,9 @@
 
 #include <set>
 
-#include "output/errors.h"
+#include "output/font_measure.h"
+#include "output/output_error.h"
 #include "output/page_frame.h"
-#include "output/text_measure.h"
 #include "tests/output/output_files.h"
 #include "tests/support/fake_host.h"
 

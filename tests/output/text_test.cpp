@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "output/font_measure.h"
 #include "output/text_layout.h"
-#include "output/text_measure.h"
 #include "tests/output/output_files.h"
 
 namespace quillo::test {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "framework/engine/engine.h"
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 #include "framework/values/errors.h"
 
 // A host without a company, for tests of the engine and of what lies above it: texts are "#id", failures are kept

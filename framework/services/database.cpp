@@ -1,4 +1,4 @@
-#include "framework/host/database.h"
+#include "framework/services/database.h"
 
 #include "framework/values/errors.h"
 

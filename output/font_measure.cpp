@@ -1,4 +1,4 @@
-#include "output/text_measure.h"
+#include "output/font_measure.h"
 
 #include <algorithm>
 

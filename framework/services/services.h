@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/host/database.h"
+#include "framework/services/database.h"
 #include "framework/values/locale_format.h"
 
 // What the reports ask of their host, in small groups. A host makes one HostContext for a company and a
