@@ -94,6 +94,11 @@ void ReportFrame::PageHeader_Format() {
     header.Height = headerHeight_ + grown;
 }
 
+void ReportFrame::hideCaptions() {
+    for (const HeaderPlace& place : headerPlaces_) place.control->Visible = false;
+    section("PageHeader").Height = filterText_->Height;
+}
+
 void ReportFrame::ReportFooter_Format() {
     STEP(label("lblEnd").Caption = std::to_string(m_lngRecordCount) + " " + GetText(contract_.endTextId));
 }

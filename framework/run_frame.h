@@ -64,6 +64,9 @@ protected:
     // "From ... to ..." into lblDateFromDateTo, or the text for no limit when either date is at its limit; nothing in a
     // design without it.
     void setDateCaption();
+    // Takes the captions of the columns, and all else below the filter text, out of the page header; for use in
+    // PageHeader_Format.
+    void hideCaptions();
     // The line that tells a foreign transaction's rate: "1 USD equals 1.35 CAD".
     std::string rateLine(int currencyId, Money rate) const;
 

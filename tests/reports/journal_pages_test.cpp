@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include "tests/company/demo_file.h"
+#include "tests/support/report_runner.h"
+
+// How the pages of both journals read: what stands under which captions, what stays together.
+namespace quillo::test {
+namespace {
+
+class JournalPages : public testing::TestWithParam<const char*> {
+protected:
+    static ReportResult run(bool foreign, float pageHeight) {
+        static const DemoFile company;
+        return runReport({.member = GetParam(),
+                          .company = company.path(),
+                          .from = "2025-03-01",
+                          .to = "2025-03-31",
+                          .foreign = foreign,
+                          .language = "ids",
+                          .pageHeight = pageHeight});
+    }
+};
+
+// All controls of that name on a page, sub-reports included.
+void collect(const PlacedSection& section, std::string_view name, float left, std::vector<float>& rights) {
+    for (const PlacedControl& control : section.controls) {
+        if (control.info->name == name) rights.push_back(left + control.left + control.width);
+        for (const PlacedSection& inner : control.sections) collect(inner, name, left + control.left, rights);
+    }
+}
+
+std::vector<float> rightsOf(const Page& page, std::string_view name) {
+    std::vector<float> rights;
+    for (const PlacedSection& section : page.sections) collect(section, name, section.left, rights);
+    return rights;
+}
+
+TEST_P(JournalPages, EachPageHasTheCaptionsOfWhatItShowsAndNoOthers) {
+    constexpr float low = 5000;
+    const auto result = run(true, low);
+    int distributionPages = 0;
+    for (const auto& page : result.kept.pages) {
+        const bool distribution = !rightsOf(*page, "fldAccount").empty() || !rightsOf(*page, "txtGrTotalDebit").empty();
+        distributionPages += distribution ? 1 : 0;
+        EXPECT_EQ(rightsOf(*page, "lblSourceCap").size(), distribution ? 0U : 1U) << "page " << page->number;
+        EXPECT_EQ(rightsOf(*page, "lblCompteCap").size(), distribution ? 1U : 0U) << "page " << page->number;
+    }
+    EXPECT_GT(distributionPages, 1);
+}
+
+TEST_P(JournalPages, AmountsOfTheDistributionEndWhereThoseOfTheJournalEnd) {
+    for (const bool foreign : {false, true}) {
+        const auto result = run(foreign, 0);
+        ASSERT_GT(result.pageCount(), 1U);
+        const Page& journal = *result.kept.pages.front();
+        const Page& distribution = *result.kept.pages.back();
+        for (const auto& [ours, theirs] : {std::pair{"txtTotalDebit", "txtDebit"}, {"txtTotalCredit", "txtCredit"}}) {
+            ASSERT_FALSE(rightsOf(distribution, ours).empty());
+            ASSERT_FALSE(rightsOf(journal, theirs).empty());
+            EXPECT_EQ(rightsOf(distribution, ours).front(), rightsOf(journal, theirs).front()) << ours;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, JournalPages, testing::Values("SalesJournalDetail", "CashReceiptsDetail"),
+                         [](const auto& member) { return std::string(member.param); });
+
+}  // namespace
+}  // namespace quillo::test
