@@ -1,5 +1,7 @@
 #include "reports/sales_journal/dsrSalesJournalSummary.h"
 
+#include "reports/shared/currency_texts.h"
+
 namespace quillo {
 namespace {
 
@@ -35,6 +37,9 @@ void dsrSalesJournalSummary::ActiveReport_ReportStart() {
     if (!asked) return;
     ghCurrency.Visible = gfCurrency.Visible = m_bDisplayForeignCurrency;
     section("ReportFooter").Visible = !m_bDisplayForeignCurrency;
+    // The home currency is current from the start, and heads its part since then.
+    if (m_bDisplayForeignCurrency)
+        STEP(lblCurrencyName.Caption = currencyHeading(currencies().currencies(), m_lngHomeCurrencyId));
 }
 
 std::string dsrSalesJournalSummary::query() const {

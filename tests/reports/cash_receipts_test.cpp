@@ -272,8 +272,7 @@ TEST(CashReceiptsSummary, ForeignDisplayTotalsEachCurrencyInItsOwnMoney) {
                               "67.5, 50, 2, 1.35), (9, '2024-01-12', 'INV', 104, 'U1', 4, -67.5, -50, 2, 1.35);");
     const auto result = runReport(summary(company.path(), true, "True"));
     EXPECT_EQ(result.boxes, Texts{});
-    // The home currency is current from the start and keeps the general caption.
-    EXPECT_EQ(result.texts("lblCurrencyName"), (Texts{"#2843", "USD - US dollar"}));
+    EXPECT_EQ(result.texts("lblCurrencyName"), (Texts{"CAD - Canadian dollar", "USD - US dollar"}));
     EXPECT_EQ(result.texts("lblForeignTotalCap"), (Texts{"#1641 CAD", "#1641 USD"}));
     EXPECT_EQ(result.texts("txtForeignTransaction"), (Texts{"6", "2"}));
     EXPECT_EQ(result.texts("txtForeignDiscount"), (Texts{"$10.00", "$0.00"}));

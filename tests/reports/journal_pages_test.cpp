@@ -62,6 +62,30 @@ TEST_P(JournalPages, AmountsOfTheDistributionEndWhereThoseOfTheJournalEnd) {
     }
 }
 
+// The transactions of a page, by the places of their headings and totals.
+TEST_P(JournalPages, ATransactionThatFitsAPageIsNotTorn) {
+    const auto result = run(false, 7920);
+    std::size_t transactions = 0;
+    for (const auto& page : result.kept.pages) {
+        const std::size_t headings = rightsOf(*page, "fldDetDescr").size();
+        EXPECT_EQ(headings, rightsOf(*page, "txtDebitTotal").size()) << "page " << page->number;
+        transactions += headings;
+    }
+    EXPECT_GT(transactions, 20U);
+}
+
+TEST_P(JournalPages, ATransactionLongerThanAPageIsHeadedOnEach) {
+    const auto result = run(false, 4200);
+    std::size_t again = 0;
+    for (const auto& page : result.kept.pages) {
+        for (const PlacedSection& section : page->sections)
+            if (section.info->name == "ghSeqNo" && section.repeat) ++again;
+        const bool postings = !rightsOf(*page, "txtDebit").empty();
+        EXPECT_LE(postings, !rightsOf(*page, "fldDetDescr").empty()) << "page " << page->number;
+    }
+    EXPECT_GT(again, 0U);
+}
+
 INSTANTIATE_TEST_SUITE_P(Of, JournalPages, testing::Values("SalesJournalDetail", "CashReceiptsDetail"),
                          [](const auto& member) { return std::string(member.param); });
 
