@@ -87,6 +87,7 @@ void dsrOpenOrders::gfCurrency_Format() {
 void dsrOpenOrders::ReportFooter_Format() {
     // A sum over several currencies means nothing.
     txtGrandTotal.Visible = Label6.Visible = Label11.Visible = !m_bDisplayForeignCurrency;
+    for (Line* rule : {&LineGrandTotal1, &LineGrandTotal2, &LineGrandTotal3}) rule->Visible = txtGrandTotal.Visible;
     STEP(txtGrandTotal.Text = locale().currency(m_documents.grandTotal()));
 }
 
