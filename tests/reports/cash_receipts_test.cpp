@@ -251,7 +251,7 @@ TEST(CashReceiptsSummary, ListsTheReceiptsAndTotalsTheirMethodsInOrderOfAppearan
                   (Texts{"$115.00", "$90.00", "$40.00", "$225.00", "$30.00", "$7.00", "$135.00"}));
         EXPECT_EQ(result.texts("txtDisc").at(1), "$10.00");
         EXPECT_EQ(result.links("txtAmount").at(3), "DEP|301");
-        EXPECT_EQ(result.texts("fldDate").front(), "1/5/2024");
+        EXPECT_EQ(result.texts("fldDate").front(), "2024-01-05");
         // "Visa" and "VISA" are two methods; Visa is 100 of the sale and 100 US dollars of the payment.
         EXPECT_EQ(result.texts("lblPmtMethCap"), (Texts{"Cash", "Visa", "Cheque", "VISA", "#2369"}));
         EXPECT_EQ(result.texts("txtPmtMeth"), (Texts{"$40.00", "$235.00", "$120.00", "$40.00", "$207.00"}));
