@@ -143,7 +143,8 @@ bool FilterableReport::ActiveReport_ReportStart(const ListQuery& query) {
 
 void FilterableReport::fillFilterInfo() {
     if (!hasFilterTool()) return;
-    const FilterInfo info = m_objFilterTool->GetFilterInfo();
+    FilterInfo info = m_objFilterTool->GetFilterInfo();
+    if (contract().ownOrder) info.order.clear();
     context().filterInfoFiller().FillFilterInfo(subReport("dsrFilterAndSortByInfoSubreport"), info, application(),
                                                 segmentText());
 }

@@ -13,7 +13,8 @@ dsrCashReceiptsDetail::dsrCashReceiptsDetail(HostContext& context)
                      .titleId = 6082,
                      .companyCurrency = true,
                      .foreign = Foreign::kept,
-                     .filterFlagA = false}) {
+                     .filterFlagA = false,
+                     .ownOrder = true}) {
     property("SeqNo", SeqNo);
     property("SubReportVisible", SubReportVisible);
     onFormat("PageHeader", &dsrCashReceiptsDetail::PageHeader_Format);

@@ -17,6 +17,7 @@ dsrCashReceiptsSummary::dsrCashReceiptsSummary(HostContext& context)
                      .foreign = Foreign::kept,
                      .tables = "GLDet, WorldCurrency",
                      .filterFlagA = false,
+                     .ownOrder = true,
                      .endTextId = 5860}) {
     property("IsWithPayments", IsWithPayments);
     onFormat("ghCurrency", &dsrCashReceiptsSummary::ghCurrency_Format);

@@ -16,6 +16,7 @@ dsrOpenOrders::dsrOpenOrders(HostContext& context)
                         .companyCurrency = true,
                         .foreign = Foreign::keptGatesSections,
                         .tables = "InvoiHdr, Cust, WorldCurrency",
+                        .ownOrder = true,
                         .endTextId = 5860}) {
     property("InvoiceType", InvoiceType);
     onFormat("ghCurrency", &dsrOpenOrders::ghCurrency_Format);

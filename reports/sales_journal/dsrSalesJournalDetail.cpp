@@ -34,7 +34,8 @@ dsrSalesJournalDetail::dsrSalesJournalDetail(HostContext& context)
                      .titleId = 6325,
                      .companyCurrency = true,
                      .foreign = Foreign::kept,
-                     .filterFlagA = false}) {
+                     .filterFlagA = false,
+                     .ownOrder = true}) {
     property("ExInvoiId", ExInvoiId);
     property("SubReportVisible", SubReportVisible);
     onFormat("PageHeader", &dsrSalesJournalDetail::PageHeader_Format);

@@ -18,7 +18,8 @@ dsrSalesJournalSummary::dsrSalesJournalSummary(HostContext& context)
                      .titleId = 6324,
                      .companyCurrency = true,
                      .foreign = Foreign::kept,
-                     .tables = "Cust, InvoiHdr, WorldCurrency"}) {
+                     .tables = "Cust, InvoiHdr, WorldCurrency",
+                     .ownOrder = true}) {
     onFormat("ghCurrency", &dsrSalesJournalSummary::ghCurrency_Format);
     onFormat("ghForCurr", &dsrSalesJournalSummary::ghForCurr_Format);
     onFormat("Detail", &dsrSalesJournalSummary::Detail_Format);

@@ -62,6 +62,23 @@ TEST_P(JournalPages, AmountsOfTheDistributionEndWhereThoseOfTheJournalEnd) {
     }
 }
 
+TEST(FilterText, TellsNoOrderWhereTheReportsOwnLeads) {
+    const TestCompany company("");
+    for (const char* member :
+         {"SalesJournalDetail", "SalesJournalSummary", "CashReceiptsDetail", "CashReceiptsSummary"}) {
+        const char* column = std::string_view(member) == "SalesJournalSummary" ? "InvoiHdr.InvoiDate" : "GLDet.DetDate";
+        const auto result = runReport({.member = member,
+                                       .company = company.path(),
+                                       .where = std::string(column) + " > '2024-01-05'",
+                                       .order = column});
+        const auto texts = result.texts("lblFilter");
+        ASSERT_FALSE(texts.empty()) << member;
+        EXPECT_EQ(texts.front(), "Date above 2024-01-05") << member;
+    }
+    const auto list = runReport({.member = "CustList", .company = company.path(), .order = "Cust.Name"});
+    EXPECT_EQ(list.texts("lblFilter"), std::vector<std::string>{"Sorted by Company"});
+}
+
 // The transactions of a page, by the places of their headings and totals.
 TEST_P(JournalPages, ATransactionThatFitsAPageIsNotTorn) {
     const auto result = run(false, 7920);
