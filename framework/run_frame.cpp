@@ -94,6 +94,11 @@ void ReportFrame::PageHeader_Format() {
     header.Height = headerHeight_ + grown;
 }
 
+void ReportFrame::hideCaptions() {
+    for (const HeaderPlace& place : headerPlaces_) place.control->Visible = false;
+    section("PageHeader").Height = filterText_->Height;
+}
+
 void ReportFrame::ReportFooter_Format() {
     STEP(label("lblEnd").Caption = std::to_string(m_lngRecordCount) + " " + GetText(contract_.endTextId));
 }
@@ -138,7 +143,8 @@ bool FilterableReport::ActiveReport_ReportStart(const ListQuery& query) {
 
 void FilterableReport::fillFilterInfo() {
     if (!hasFilterTool()) return;
-    const FilterInfo info = m_objFilterTool->GetFilterInfo();
+    FilterInfo info = m_objFilterTool->GetFilterInfo();
+    if (contract().ownOrder) info.order.clear();
     context().filterInfoFiller().FillFilterInfo(subReport("dsrFilterAndSortByInfoSubreport"), info, application(),
                                                 segmentText());
 }

@@ -26,8 +26,9 @@ struct ContractRow {
     bool filterFlagA = true;      // the first flag of the filter tool
     bool filterOptional = false;  // without a filter tool the report prints everything; else that is a failure
     bool orderBehindComma =
-        false;          // the query joins the user's order behind a comma, which the order part brings along
-    int endTextId = 0;  // what lblEnd counts: "12 customers"; 0: the report's own affair
+        false;              // the query joins the user's order behind a comma, which the order part brings along
+    bool ownOrder = false;  // its own order leads the user's, or stands alone: the filter text then tells of none
+    int endTextId = 0;      // what lblEnd counts: "12 customers"; 0: the report's own affair
 };
 
 // The frame in which every report of the factory runs: the plain part of the contract, and what all reports do at their
@@ -64,6 +65,9 @@ protected:
     // "From ... to ..." into lblDateFromDateTo, or the text for no limit when either date is at its limit; nothing in a
     // design without it.
     void setDateCaption();
+    // Takes the captions of the columns, and all else below the filter text, out of the page header; for use in
+    // PageHeader_Format.
+    void hideCaptions();
     // The line that tells a foreign transaction's rate: "1 USD equals 1.35 CAD".
     std::string rateLine(int currencyId, Money rate) const;
 

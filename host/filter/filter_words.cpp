@@ -1,6 +1,7 @@
 #include "host/filter/filter_words.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 #include "framework/values/names.h"
@@ -12,32 +13,130 @@ namespace {
 
 using Kind = FilterCondition::Kind;
 
+enum class Prints { asItIs, amount, yesOrNo };
+
 struct ColumnCaption {
     std::string_view column;  // a column of that name in any table, unless the table is told
     int text;
     std::string_view table = "";
+    Prints prints = Prints::asItIs;
 };
 
 constexpr ColumnCaption captions[] = {
-    {"CustId", 1741},   {"Name", 3017, "Cust"}, {"Contact", 1575},   {"Tel1", 1898},          {"Tel2", 1898},
-    {"Fax", 1899},      {"Email", 1900},        {"Web", 1901},       {"SalesPerson", 1895},   {"CreditLim", 1742},
-    {"NameLang", 1758}, {"CurrencyCode", 2843}, {"TermId", 1741},    {"Descr", 1789, "Term"}, {"TermMode", 2493},
-    {"Due", 1619},      {"DiscPercent", 2862},  {"DiscDelay", 1617}, {"InvoiId", 2781},       {"InvoiDate", 1912},
-    {"ShipDate", 1351}, {"InvoiType", 1372},    {"TotAmnt", 2767},   {"GLAcctId", 2052},      {"ProjId", 2098},
-    {"DetDate", 1912},  {"DetRef", 1353},       {"Source", 2648},    {"PmtMeth", 2796},       {"TaxGroupId", 2117},
+    // customers
+    {"InCustId", 20231},
+    {"CustId", 1741},
+    {"Name", 3017, "Cust"},
+    {"Contact", 1575},
+    {"Tel1", 1898},
+    {"TelExt1", 1907},
+    {"Tel2", 1898},
+    {"TelExt2", 1907},
+    {"Fax", 1899},
+    {"Email", 1900},
+    {"Web", 1901},
+    {"NameLang", 1758},
+    {"SalesPerson", 1895},
+    {"CreditLim", 1742, "", Prints::amount},
+    {"CustInactive", 20233, "", Prints::yesOrNo},
+    {"ExTermId", 1911},
+    {"ExTaxGroupId", 2117},
+    {"TaxGroupId", 2117},
+    {"ExPriceLevelId", 20232},
+    // terms
+    {"InTermId", 1911},
+    {"TermId", 1741},
+    {"TermMode", 2493},
+    {"Due", 1619},
+    {"DiscPercent", 2862},
+    {"DiscDelay", 1617},
+    {"DueNxtMonth", 1618},
+    // documents
+    {"InInvoiId", 20234},
+    {"InvoiId", 2781},
+    {"InvoiType", 1372},
+    {"InvoiDate", 1912},
+    {"InvoiTime", 20235},
+    {"ShipDate", 1351},
+    {"RecDate", 20236},
+    {"DueDate", 20237},
+    {"ExCustId", 1573},
+    {"ExchangeRate", 20238},
+    {"DetAmnt", 1722, "InvoiHdr", Prints::amount},
+    {"DiscTotAmnt", 2853, "", Prints::amount},
+    {"ShipAmnt", 2759, "", Prints::amount},
+    {"TaxAmnt", 1896, "", Prints::amount},
+    {"TotAmnt", 2767, "", Prints::amount},
+    {"RecAmnt", 20239, "", Prints::amount},
+    {"RecCheqNo", 20240},
+    {"ExPmtMethId", 2796},
+    {"PmtMeth", 2796},
+    {"CommissionPercent", 20241},
+    {"CommissionAmount", 20242, "", Prints::amount},
+    {"CashierSale", 20243, "", Prints::yesOrNo},
+    {"ExUsrKey", 20244},
+    {"TrxSerNo", 20245},
+    {"ToApprove", 20246, "", Prints::yesOrNo},
+    {"ExSegmentId", 20247},
+    // the ledger
+    {"InGLDetId", 20248},
+    {"SeqNo", 20249},
+    {"DetDate", 1912},
+    {"Source", 2648},
+    {"ExSrcKeyVal", 20234},
+    {"DetRef", 1353},
+    {"DetDesc", 1789},
+    {"DetAmnt", 1914, "", Prints::amount},
+    {"ForeignAmnt", 5846, "", Prints::amount},
+    {"ARAPAdjustmentEntry", 20250, "", Prints::yesOrNo},
+    {"InGLAcctId", 2052},
+    {"GLAcctId", 2052},
+    {"ExGLAcctId", 2052},
+    {"ExAcctId", 2052},
+    {"ChqAcct", 20251, "", Prints::yesOrNo},
+    // projects and currencies
+    {"InProjId", 2098},
+    {"ExProjId", 2098},
+    {"ProjId", 2098},
+    {"BegDate", 2633},
+    {"EndDate", 2635},
+    {"EstSales", 5438, "", Prints::amount},
+    {"EstPurch", 5439, "", Prints::amount},
+    {"EstHours", 5440},
+    {"Inactive", 20233, "", Prints::yesOrNo},
+    {"InCurrencyId", 2843},
+    {"ExCurrencyId", 2843},
+    {"CurrencyCode", 2843},
+    {"Descr", 2843, "WorldCurrency"},
+    {"Descr", 1789},
 };
 
-std::string captionOf(const FilterColumn& column, const HostContext& context) {
+const ColumnCaption* knownCaption(const FilterColumn& column) {
     const auto* found = std::find_if(std::begin(captions), std::end(captions), [&](const ColumnCaption& one) {
         return equalNames(one.column, column.column) && (one.table.empty() || equalNames(one.table, column.table));
     });
-    return found == std::end(captions) ? column.column : context.GetText(found->text);
+    return found == std::end(captions) ? nullptr : found;
 }
 
-std::string valueInWords(const FilterOperand& operand, const HostContext& context) {
+std::string captionOf(const FilterColumn& column, const HostContext& context) {
+    const ColumnCaption* known = knownCaption(column);
+    return known == nullptr ? column.column : context.GetText(known->text);
+}
+
+std::string numberInWords(const Variant& value, const FilterColumn& column, const HostContext& context) {
+    constexpr double largestAmount = 9e14;  // that money can hold
+    const ColumnCaption* known = knownCaption(column);
+    const Prints prints = known == nullptr ? Prints::asItIs : known->prints;
+    if (prints == Prints::yesOrNo) return context.GetText(value.toDouble() != 0 ? HostText::yes : HostText::no);
+    const bool amount = prints == Prints::amount && std::abs(value.toDouble()) < largestAmount;
+    return amount ? context.locale().currency(value.toMoney()) : context.locale().plainNumber(value);
+}
+
+// As a reader of the report finds it in the column.
+std::string valueInWords(const FilterOperand& operand, const FilterColumn& tested, const HostContext& context) {
     if (const auto* column = std::get_if<FilterColumn>(&operand)) return captionOf(*column, context);
     const Variant& value = std::get<Variant>(operand);
-    if (value.kind() != ValueKind::text) return context.locale().plainNumber(value);
+    if (value.kind() != ValueKind::text) return numberInWords(value, tested, context);
     const std::string text = value.toText();
     const auto date = Date::parseIso(text);
     return date ? context.locale().shortDate(*date) : text;
@@ -69,7 +168,7 @@ std::string likeInWords(const std::string& column, bool negated, std::string pat
 std::string testInWords(const FilterCondition& test, const HostContext& context) {
     const std::string column = captionOf(test.column, context);
     std::vector<std::string> values;
-    for (const FilterOperand& operand : test.operands) values.push_back(valueInWords(operand, context));
+    for (const FilterOperand& operand : test.operands) values.push_back(valueInWords(operand, test.column, context));
     switch (test.kind) {
         case Kind::isNull:
             return filled(test.negated ? HostText::isNotEmpty : HostText::isEmpty, context, {column});

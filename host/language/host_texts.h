@@ -5,6 +5,9 @@ namespace quillo::HostText {
 
 inline constexpr int sortedBy = 20101, sortedByAlone = 20102, segments = 20103;
 
+// What a mark in a filter reads.
+inline constexpr int yes = 20221, no = 20222;
+
 // A filter in words; %1 is the column, %2 and %3 are values.
 inline constexpr int between = 20110, notBetween = 20111, like = 20112, notLike = 20113, isIn = 20114, isNotIn = 20115,
                      isEmpty = 20116, isNotEmpty = 20117, equals = 20118, differs = 20119, below = 20120,

@@ -90,8 +90,11 @@ icu::DecimalFormat& decimal(const std::unique_ptr<icu::NumberFormat>& format, st
     return *result;
 }
 
-// The locale's own short date, with four digits for the year and without the quotes around plain letters.
+// The locale's own short date, with four digits for the year and without the quotes around plain letters. English
+// Canada writes a date in figures from the year on, as French Canada does; releases of ICU have it now so, now
+// otherwise.
 std::string shortDate(const icu::Locale& locale, std::string_view name) {
+    if (equalNames(locale.getBaseName(), "en_CA")) return "yyyy-MM-dd";
     const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createDateInstance(icu::DateFormat::kShort, locale));
     const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get());
     if (simple == nullptr) check(U_UNSUPPORTED_ERROR, name);

@@ -25,10 +25,20 @@ LocaleFormat companyLocale(const CompanyFile& file, const std::string& asked) {
     return makeLocaleFormat(asked.empty() ? file.fact("Locale", "en_CA") : asked, row.text(0));
 }
 
-Date today() {
+std::tm localTime() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
+    return local;
+}
+
+std::string timeOfDay(const std::tm& local) {
+    char text[6] = {};
+    std::strftime(text, sizeof text, "%H:%M", &local);
+    return text;
+}
+
+Date dayOf(const std::tm& local) {
     return Date::fromCivil(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
 }
 
@@ -43,7 +53,12 @@ HostSession::HostSession(const SessionOptions& options, Messages& messages)
       localizer_(language_),
       filterInfoFiller_(*this),
       messages_(messages),
-      sessionDate_(options.sessionDate ? *options.sessionDate : today()) {}
+      sessionDate_(options.sessionDate.value_or(Date())) {
+    if (options.sessionDate) return;
+    const std::tm now = localTime();
+    sessionDate_ = dayOf(now);
+    clockTime_ = timeOfDay(now);
+}
 
 std::string HostSession::GetMessage(int number, std::string_view source,
                                     const std::vector<std::string>& arguments) const {

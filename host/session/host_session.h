@@ -55,6 +55,9 @@ public:
 
     CompanyFile& file() { return file_; }
     const Language& language() const { return language_; }
+    // The time of day, "14:05", where the clock gives the session's date; empty where the caller fixed it, so that the
+    // same run gives the same pages.
+    const std::string& clockTime() const { return clockTime_; }
     std::string companyName() const { return file_.fact("Name", ""); }
 
 private:
@@ -67,6 +70,7 @@ private:
     FilterTextFiller filterInfoFiller_;
     Messages& messages_;
     Date sessionDate_;
+    std::string clockTime_;
 };
 
 }  // namespace quillo

@@ -127,9 +127,9 @@ void ReportJob::giveFilter(const ReportWish& wish) {
 }
 
 PageFrameTexts ReportJob::pageTexts() const {
-    return {session_.companyName(), contract_->IReport_ReportTitle(),
-            session_.GetText(printedOn) + " " + session_.locale().shortDate(session_.SessionDate()),
-            session_.GetText(pageWord), period()};
+    std::string printed = session_.GetText(printedOn) + " " + session_.locale().shortDate(session_.SessionDate());
+    if (!session_.clockTime().empty()) printed += " " + session_.clockTime();
+    return {session_.companyName(), contract_->IReport_ReportTitle(), printed, session_.GetText(pageWord), period()};
 }
 
 // The dates that the run covers, where the report does not print them itself.

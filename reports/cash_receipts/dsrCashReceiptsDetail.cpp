@@ -3,6 +3,7 @@
 #include "reports/cash_receipts/dsrCashReceiptsDetailSubreport.h"
 #include "reports/shared/MUtils.h"
 #include "reports/shared/account_texts.h"
+#include "reports/shared/journal_columns.h"
 
 namespace quillo {
 
@@ -12,9 +13,11 @@ dsrCashReceiptsDetail::dsrCashReceiptsDetail(HostContext& context)
                      .titleId = 6082,
                      .companyCurrency = true,
                      .foreign = Foreign::kept,
-                     .filterFlagA = false}) {
+                     .filterFlagA = false,
+                     .ownOrder = true}) {
     property("SeqNo", SeqNo);
     property("SubReportVisible", SubReportVisible);
+    onFormat("PageHeader", &dsrCashReceiptsDetail::PageHeader_Format);
     onFormat("ghSeqNo", &dsrCashReceiptsDetail::ghSeqNo_Format);
     onFormat("ghForeignCurrency", &dsrCashReceiptsDetail::ghForeignCurrency_Format);
     onFormat("Detail", &dsrCashReceiptsDetail::Detail_Format);
@@ -33,14 +36,14 @@ void dsrCashReceiptsDetail::ActiveReport_ReportStart() {
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(m_bUsesProjects = MUtils::HasUnknownProject(context()));
     STEP(m_bAccountNumbers = usesAccountNumbers(context()));
+    m_distribution = std::make_shared<quillo::dsrCashReceiptsDetailSubreport>(context());
     placeColumns();
     if (!askFilter()) return;
     STEP(rsInvoiJournal.Recordset = execute(journalQuery(), queryValues()));
     STEP(Translate());
-    const auto distribution = std::make_shared<quillo::dsrCashReceiptsDetailSubreport>(context());
-    STEP(distribution->Application(application()));
-    STEP(distribution->rsInvoiJournal.Recordset = execute(m_distributionCommand, distributionQuery(), queryValues()));
-    dsrCashReceiptsDetailSubreport.Object = distribution;
+    STEP(m_distribution->Application(application()));
+    STEP(m_distribution->rsInvoiJournal.Recordset = execute(m_distributionCommand, distributionQuery(), queryValues()));
+    dsrCashReceiptsDetailSubreport.Object = m_distribution;
     STEP(setDateCaption());
     STEP(fillFilterInfo());
 }
@@ -48,12 +51,14 @@ void dsrCashReceiptsDetail::ActiveReport_ReportStart() {
 // With foreign amounts the columns stand closer.
 void dsrCashReceiptsDetail::placeColumns() {
     const bool foreign = m_bDisplayForeignCurrency;
-    const auto place = [](std::initializer_list<Control*> column, float left, float width) {
-        for (Control* control : column) control->Left = left, control->Width = width;
-    };
-    place({&lblDebitCap, &txtDebit, &txtDebitTotal, &txtDebitGrandTotal}, foreign ? 6930 : 6390, foreign ? 1170 : 1440);
-    place({&lblCreditCap, &txtCredit, &txtCreditTotal, &txtCreditGrandTotal}, foreign ? 8190 : 7920,
-          foreign ? 1170 : 1440);
+    const JournalColumns columns{{&lblDebitCap, &txtDebit, &txtDebitTotal, &txtDebitGrandTotal},
+                                 {&lblCreditCap, &txtCredit, &txtCreditTotal, &txtCreditGrandTotal},
+                                 {&LineSubTotal, &LineGrandTotal1, &LineGrandTotal2, &LineGrandTotal3}};
+    const JournalColumns::Place debit = foreign ? JournalColumns::Place{6930, 1170} : JournalColumns::Place{6390, 1440};
+    const JournalColumns::Place credit =
+        foreign ? JournalColumns::Place{8190, 1170} : JournalColumns::Place{7920, 1440};
+    columns.place(debit, credit);
+    m_distribution->amounts().place(debit, credit);
     lblAcctCap.Width = lblAcctIdDescr.Width = foreign ? 2610.0F : 3330.0F;
     lblCurrencyCap.Visible = txtCurrency.Visible = foreign;
     lblProjCap.Visible = txtProjId.Visible = m_bUsesProjects;
@@ -109,6 +114,11 @@ std::vector<Variant> dsrCashReceiptsDetail::queryValues() const {
     std::vector<Variant> values = {m_dtDateFrom, m_dtDateTo};
     if (SeqNo != 0) values.emplace_back(SeqNo);
     return values;
+}
+
+// The distribution behind the journal has captions of its own.
+void dsrCashReceiptsDetail::PageHeader_Format() {
+    if (m_distribution && m_distribution->begun()) hideCaptions();
 }
 
 void dsrCashReceiptsDetail::ghSeqNo_Format() {

@@ -21,6 +21,7 @@ public:
 private:
     void ActiveReport_ReportStart() override;
     void ActiveReport_ReportEnd() override;
+    void PageHeader_Format();
     void ghSeqNo_Format();
     void ghForeignCurrency_Format();
     void Detail_Format();
@@ -54,10 +55,15 @@ private:
     Field& txtCreditTotal = field("txtCreditTotal");
     Field& txtDebitGrandTotal = field("txtDebitGrandTotal");
     Field& txtCreditGrandTotal = field("txtCreditGrandTotal");
+    Line& LineSubTotal = line("LineSubTotal");
+    Line& LineGrandTotal1 = line("LineGrandTotal1");
+    Line& LineGrandTotal2 = line("LineGrandTotal2");
+    Line& LineGrandTotal3 = line("LineGrandTotal3");
     Field& txtEndTotal = field("txtEndTotal");
     SubReport& dsrCashReceiptsDetailSubreport = subReport("dsrCashReceiptsDetailSubreport");
 
     std::unique_ptr<Command> m_distributionCommand;
+    std::shared_ptr<quillo::dsrCashReceiptsDetailSubreport> m_distribution;
     DebitCredit m_subtotal;  // of the current sequence
     DebitCredit m_grandTotal;
     int m_lngCurrentSeqNo = 0;

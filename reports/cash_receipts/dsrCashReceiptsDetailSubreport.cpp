@@ -27,6 +27,12 @@ void dsrCashReceiptsDetailSubreport::ActiveReport_ReportStart() {
     STEP(Translate());
 }
 
+JournalColumns dsrCashReceiptsDetailSubreport::amounts() {
+    return {{&lblDebitCap, &txtTotalDebit, &txtGrTotalDebit},
+            {&lblCreditCap, &txtTotalCredit, &txtGrTotalCredit},
+            {&LineTotal1, &LineTotal2, &LineTotal3}};
+}
+
 void dsrCashReceiptsDetailSubreport::ReportHeader_Format() {
     m_distribution.start();
 }

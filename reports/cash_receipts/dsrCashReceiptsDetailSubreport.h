@@ -2,6 +2,7 @@
 
 #include "framework/hosted_report.h"
 #include "reports/shared/account_distribution.h"
+#include "reports/shared/journal_columns.h"
 
 namespace quillo {
 
@@ -15,6 +16,10 @@ public:
 
     DataControl& rsInvoiJournal = data("rsInvoiJournal");
 
+    bool begun() const { return m_distribution.begun(); }
+    // To stand under the columns of the journal.
+    JournalColumns amounts();
+
 private:
     void ActiveReport_Initialize();
     void ActiveReport_ReportStart() override;
@@ -26,12 +31,17 @@ private:
 
     Label& lblCompteCap = label("lblCompteCap");
     Label& lblDescrCap = label("lblDescrCap");
+    Label& lblDebitCap = label("lblDebitCap");
+    Label& lblCreditCap = label("lblCreditCap");
     Field& fldAccount = field("fldAccount");
     Field& fldDescr = field("fldDescr");
     Field& txtTotalDebit = field("txtTotalDebit");
     Field& txtTotalCredit = field("txtTotalCredit");
     Field& txtGrTotalDebit = field("txtGrTotalDebit");
     Field& txtGrTotalCredit = field("txtGrTotalCredit");
+    Line& LineTotal1 = line("LineTotal1");
+    Line& LineTotal2 = line("LineTotal2");
+    Line& LineTotal3 = line("LineTotal3");
 
     AccountDistribution m_distribution;
 };

@@ -6,6 +6,7 @@
 #include "reports/cash_receipts/dsrCashReceiptsSummarySubReport.h"
 #include "reports/cash_receipts/receipt_queries.h"
 #include "reports/shared/account_texts.h"
+#include "reports/shared/currency_texts.h"
 
 namespace quillo {
 
@@ -16,6 +17,7 @@ dsrCashReceiptsSummary::dsrCashReceiptsSummary(HostContext& context)
                      .foreign = Foreign::kept,
                      .tables = "GLDet, WorldCurrency",
                      .filterFlagA = false,
+                     .ownOrder = true,
                      .endTextId = 5860}) {
     property("IsWithPayments", IsWithPayments);
     onFormat("ghCurrency", &dsrCashReceiptsSummary::ghCurrency_Format);
@@ -44,12 +46,14 @@ void dsrCashReceiptsSummary::ActiveReport_ReportStart() {
     m_payments = std::make_shared<dsrCashReceiptsPmtSubReport>(context());
     m_ledger = std::make_shared<dsrCashReceiptsGLSubReport>(context());
     STEP(Translate());
+    if (m_bDisplayForeignCurrency)
+        STEP(lblCurrencyName.Caption = currencyHeading(currencies().currencies(), m_lngCurrentCurrencyId));
     dicPmtMeth = std::make_shared<PaymentMethods>();
     STEP(setDateCaption());
     STEP(fillFilterInfo());
 }
 
-// The home currency is current from the start, so that its part keeps the general caption, meant.
+// The home currency is current from the start, and heads its part since then.
 void dsrCashReceiptsSummary::ghCurrency_Format() {
     if (rsCashDisbJournal.atEnd()) {
         ghCurrency.Visible = false;

@@ -7,6 +7,7 @@ namespace quillo {
 dsrCustList::dsrCustList(HostContext& context)
     : FilterableReport("dsrCustList", context,
                        {.titleId = 6219, .keepsDateFrom = false, .tables = "Cust", .endTextId = 7622}) {
+    onFormat("PageHeader", &dsrCustList::PageHeader_Format);
     onFormat("Detail", &dsrCustList::Detail_Format);
     ActiveReport_Initialize(Setting::customerCodes, {{lblCode, lbCustName}, {fldCustId, fldName}});
 }
@@ -28,6 +29,12 @@ void dsrCustList::ActiveReport_ReportStart() {
 
 void dsrCustList::ActiveReport_ReportEnd() {
     m_objCustStats = nullptr;
+}
+
+// Two telephones under the same text.
+void dsrCustList::PageHeader_Format() {
+    STEP(lblTel1.Caption = GetText(1898) + " 1");
+    STEP(Label1.Caption = GetText(1898) + " 2");
 }
 
 void dsrCustList::Detail_Format() {

@@ -13,12 +13,15 @@ public:
 private:
     void ActiveReport_ReportStart() override;
     void ActiveReport_ReportEnd() override;
+    void PageHeader_Format();
     void Detail_Format();
     std::string terms() const;
     // The code or the description of a tax group, as the company shows them; empty when there is none.
     std::string GetTaxGroup(int InTaxGroupId);
     void CheckNameLang();
 
+    Label& lblTel1 = label("lblTel1");
+    Label& Label1 = label("Label1");
     Label& lblCode = label("lblCode");
     Label& lbCustName = label("lbCustName");
     Field& fldCustId = field("fldCustId");

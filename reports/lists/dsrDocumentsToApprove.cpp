@@ -85,6 +85,7 @@ void dsrDocumentsToApprove::gfCurrency_Format() {
 
 void dsrDocumentsToApprove::ReportFooter_Format() {
     txtGrandTotal.Visible = Label6.Visible = Label11.Visible = !m_bDisplayForeignCurrency;
+    for (Line* rule : {&LineGrandTotal1, &LineGrandTotal2, &LineGrandTotal3}) rule->Visible = txtGrandTotal.Visible;
     STEP(txtGrandTotal.Text = locale().currency(m_documents.grandTotal()));
 }
 

@@ -29,6 +29,9 @@ private:
     Label& Label6 = label("Label6");
     Label& Label11 = label("Label11");
     Field& txtGrandTotal = field("txtGrandTotal");
+    Line& LineGrandTotal1 = line("LineGrandTotal1");
+    Line& LineGrandTotal2 = line("LineGrandTotal2");
+    Line& LineGrandTotal3 = line("LineGrandTotal3");
 
     DocumentList m_documents;
 };

@@ -16,6 +16,7 @@ dsrOpenOrders::dsrOpenOrders(HostContext& context)
                         .companyCurrency = true,
                         .foreign = Foreign::keptGatesSections,
                         .tables = "InvoiHdr, Cust, WorldCurrency",
+                        .ownOrder = true,
                         .endTextId = 5860}) {
     property("InvoiceType", InvoiceType);
     onFormat("ghCurrency", &dsrOpenOrders::ghCurrency_Format);
@@ -87,6 +88,7 @@ void dsrOpenOrders::gfCurrency_Format() {
 void dsrOpenOrders::ReportFooter_Format() {
     // A sum over several currencies means nothing.
     txtGrandTotal.Visible = Label6.Visible = Label11.Visible = !m_bDisplayForeignCurrency;
+    for (Line* rule : {&LineGrandTotal1, &LineGrandTotal2, &LineGrandTotal3}) rule->Visible = txtGrandTotal.Visible;
     STEP(txtGrandTotal.Text = locale().currency(m_documents.grandTotal()));
 }
 

@@ -4,6 +4,7 @@
 #include "reports/sales_journal/dsrSalesJournalDetailSubreport.h"
 #include "reports/shared/MUtils.h"
 #include "reports/shared/account_texts.h"
+#include "reports/shared/journal_columns.h"
 
 namespace quillo {
 namespace {
@@ -12,10 +13,7 @@ constexpr int creditNote = 3;  // an InvoiType
 
 // Where a column stands beside a column of foreign amounts, and without one.
 struct Column {
-    struct Place {
-        float left, width;
-    };
-    Place beside, alone;
+    JournalColumns::Place beside, alone;
 };
 constexpr Column accounts{{3165, 2235}, {3180, 2880}};
 constexpr Column accountCaption{{3165, 2080}, {3180, 2880}};
@@ -36,9 +34,11 @@ dsrSalesJournalDetail::dsrSalesJournalDetail(HostContext& context)
                      .titleId = 6325,
                      .companyCurrency = true,
                      .foreign = Foreign::kept,
-                     .filterFlagA = false}) {
+                     .filterFlagA = false,
+                     .ownOrder = true}) {
     property("ExInvoiId", ExInvoiId);
     property("SubReportVisible", SubReportVisible);
+    onFormat("PageHeader", &dsrSalesJournalDetail::PageHeader_Format);
     onFormat("ghSeqNo", &dsrSalesJournalDetail::ghSeqNo_Format);
     onFormat("ghForCurr", &dsrSalesJournalDetail::ghForCurr_Format);
     onFormat("Detail", &dsrSalesJournalDetail::Detail_Format);
@@ -57,6 +57,7 @@ void dsrSalesJournalDetail::ActiveReport_ReportStart() {
     STEP(m_lngHomeCurrencyId = currencies().CieHomeCurrencyId());
     STEP(m_bAccountNumbers = usesAccountNumbers(context()));
     STEP(m_bProjects = MUtils::HasUnknownProject(context()));
+    m_distribution = std::make_shared<dsrSalesJournalDetailSubreport>(context());
     placeColumns();
     if (!askFilter()) return;
     std::string sql;
@@ -66,11 +67,10 @@ void dsrSalesJournalDetail::ActiveReport_ReportStart() {
     std::vector<Variant> values{m_dtDateFrom, m_dtDateTo};
     if (ExInvoiId != 0) values.emplace_back(ExInvoiId);
     STEP(rsInvoiJournal.Recordset = execute(sql, values));
-    const auto distribution = std::make_shared<dsrSalesJournalDetailSubreport>(context());
-    STEP(distribution->give(execute(m_distributionCommand, distributionQuery(), {m_dtDateFrom, m_dtDateTo})));
-    distribution->HomeCurrencyInitialise(m_lngHomeCurrencyId);
-    STEP(distribution->clsApplicationInitialise(application()));
-    dsrPurchJournalDetailSubreport.Object = distribution;
+    STEP(m_distribution->give(execute(m_distributionCommand, distributionQuery(), {m_dtDateFrom, m_dtDateTo})));
+    m_distribution->HomeCurrencyInitialise(m_lngHomeCurrencyId);
+    STEP(m_distribution->clsApplicationInitialise(application()));
+    dsrPurchJournalDetailSubreport.Object = m_distribution;
     STEP(fillFilterInfo());
 }
 
@@ -78,11 +78,13 @@ void dsrSalesJournalDetail::ActiveReport_ReportStart() {
 void dsrSalesJournalDetail::placeColumns() {
     lblCurrencyCap.Visible = txtCurrency.Visible = m_bDisplayForeignCurrency;
     lblProjCap.Visible = lblProject.Visible = m_bProjects;
-    for (Control* debit : std::initializer_list<Control*>{&lblDebitCap, &txtDebit, &txtDebitTotal, &txtDebitGrandTotal})
-        place(*debit, debits, m_bDisplayForeignCurrency);
-    for (Control* credit :
-         std::initializer_list<Control*>{&lblCreditCap, &txtCredit, &txtCreditTotal, &txtCreditGrandTotal})
-        place(*credit, credits, m_bDisplayForeignCurrency);
+    const auto& debit = m_bDisplayForeignCurrency ? debits.beside : debits.alone;
+    const auto& credit = m_bDisplayForeignCurrency ? credits.beside : credits.alone;
+    const JournalColumns columns{{&lblDebitCap, &txtDebit, &txtDebitTotal, &txtDebitGrandTotal},
+                                 {&lblCreditCap, &txtCredit, &txtCreditTotal, &txtCreditGrandTotal},
+                                 {&LineSubTotal, &LineGrandTotal1, &LineGrandTotal2, &LineGrandTotal3}};
+    columns.place(debit, credit);
+    m_distribution->amounts().place(debit, credit);
     place(lblAcctCap, accountCaption, m_bDisplayForeignCurrency);
     place(txtAcctId, accounts, m_bDisplayForeignCurrency);
 }
@@ -130,6 +132,11 @@ std::string dsrSalesJournalDetail::distributionQuery() const {
     sql += segmentListClause("GLDet.ExSegmentId", m_strSegmentFilter);
     sql += whereClause(filterParts(), OwnWhere::yes);
     return sql + orderClauseBehind(filterParts(), "GLAcctId, ", " ORDER BY  GLAcct.GLAcctId");
+}
+
+// The distribution behind the journal has captions of its own.
+void dsrSalesJournalDetail::PageHeader_Format() {
+    if (m_distribution && m_distribution->begun()) hideCaptions();
 }
 
 void dsrSalesJournalDetail::ghSeqNo_Format() {

@@ -5,6 +5,8 @@
 
 namespace quillo {
 
+class dsrSalesJournalDetailSubreport;
+
 // The ledger postings that sales made in a period: a block for each posted transaction, a line for each account with
 // its debit or credit, a grand total, and behind it the same postings distributed by account.
 class dsrSalesJournalDetail final : public SegmentReport {
@@ -21,6 +23,7 @@ public:
 private:
     void ActiveReport_ReportStart() override;
     void ActiveReport_ReportEnd() override;
+    void PageHeader_Format();
     void ghSeqNo_Format();
     void ghForCurr_Format();
     void Detail_Format();
@@ -55,9 +58,14 @@ private:
     Field& txtCreditTotal = field("txtCreditTotal");
     Field& txtDebitGrandTotal = field("txtDebitGrandTotal");
     Field& txtCreditGrandTotal = field("txtCreditGrandTotal");
+    Line& LineSubTotal = line("LineSubTotal");
+    Line& LineGrandTotal1 = line("LineGrandTotal1");
+    Line& LineGrandTotal2 = line("LineGrandTotal2");
+    Line& LineGrandTotal3 = line("LineGrandTotal3");
     SubReport& dsrPurchJournalDetailSubreport = subReport("dsrPurchJournalDetailSubreport");
 
     std::unique_ptr<Command> m_distributionCommand;
+    std::shared_ptr<quillo::dsrSalesJournalDetailSubreport> m_distribution;
     DebitCredit m_subtotal;
     DebitCredit m_grandTotal;
     int m_lngSequence = 0;

@@ -22,6 +22,12 @@ void dsrSalesJournalDetailSubreport::ActiveReport_Initialize() {
     takePlaceOf(fldAccount, fldDescr);
 }
 
+JournalColumns dsrSalesJournalDetailSubreport::amounts() {
+    return {{&lblDebitCap, &txtTotalDebit, &txtGrTotalDebit},
+            {&lblCreditCap, &txtTotalCredit, &txtGrTotalCredit},
+            {&LineTotal1, &LineTotal2, &LineTotal3}};
+}
+
 // Nothing translates a sub-report as a whole: its captions are set one by one.
 void dsrSalesJournalDetailSubreport::ReportHeader_Format() {
     m_distribution.start();

@@ -2,6 +2,7 @@
 
 #include "framework/hosted_report.h"
 #include "reports/shared/account_distribution.h"
+#include "reports/shared/journal_columns.h"
 
 namespace quillo {
 
@@ -14,6 +15,10 @@ public:
     // The distribution is in home currency alone, whatever its key.
     void HomeCurrencyInitialise(int) {}
     void give(std::shared_ptr<Recordset> postings) { rsInvoiJournal.Recordset = std::move(postings); }
+
+    bool begun() const { return m_distribution.begun(); }
+    // To stand under the columns of the journal.
+    JournalColumns amounts();
 
 private:
     void ActiveReport_Initialize();
@@ -35,6 +40,9 @@ private:
     Field& txtTotalCredit = field("txtTotalCredit");
     Field& txtGrTotalDebit = field("txtGrTotalDebit");
     Field& txtGrTotalCredit = field("txtGrTotalCredit");
+    Line& LineTotal1 = line("LineTotal1");
+    Line& LineTotal2 = line("LineTotal2");
+    Line& LineTotal3 = line("LineTotal3");
 
     AccountDistribution m_distribution;
 };

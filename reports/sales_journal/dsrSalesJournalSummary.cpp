@@ -1,5 +1,7 @@
 #include "reports/sales_journal/dsrSalesJournalSummary.h"
 
+#include "reports/shared/currency_texts.h"
+
 namespace quillo {
 namespace {
 
@@ -16,7 +18,8 @@ dsrSalesJournalSummary::dsrSalesJournalSummary(HostContext& context)
                      .titleId = 6324,
                      .companyCurrency = true,
                      .foreign = Foreign::kept,
-                     .tables = "Cust, InvoiHdr, WorldCurrency"}) {
+                     .tables = "Cust, InvoiHdr, WorldCurrency",
+                     .ownOrder = true}) {
     onFormat("ghCurrency", &dsrSalesJournalSummary::ghCurrency_Format);
     onFormat("ghForCurr", &dsrSalesJournalSummary::ghForCurr_Format);
     onFormat("Detail", &dsrSalesJournalSummary::Detail_Format);
@@ -35,6 +38,9 @@ void dsrSalesJournalSummary::ActiveReport_ReportStart() {
     if (!asked) return;
     ghCurrency.Visible = gfCurrency.Visible = m_bDisplayForeignCurrency;
     section("ReportFooter").Visible = !m_bDisplayForeignCurrency;
+    // The home currency is current from the start, and heads its part since then.
+    if (m_bDisplayForeignCurrency)
+        STEP(lblCurrencyName.Caption = currencyHeading(currencies().currencies(), m_lngHomeCurrencyId));
 }
 
 std::string dsrSalesJournalSummary::query() const {

@@ -11,7 +11,12 @@ namespace quillo {
 // part of the sub-report that owns it.
 class AccountDistribution {
 public:
-    void start() { total_ = {}; }
+    void start() {
+        total_ = {};
+        begun_ = true;
+    }
+    // Whether the distribution prints by now: the journal above it is at its end.
+    bool begun() const { return begun_; }
     void openAccount() { account_ = {}; }
     // A posting of the account, debit positive.
     void add(Money amount) { account_.add(amount); }
@@ -22,6 +27,7 @@ public:
 private:
     DebitCredit account_;
     DebitCredit total_;
+    bool begun_ = false;
 };
 
 }  // namespace quillo

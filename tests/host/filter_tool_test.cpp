@@ -123,6 +123,21 @@ TEST_F(FilterToolTest, RefusesEverythingElseWithItsPlace) {
     EXPECT_NE(filter({.where = "A = 1"}, "Cust.Salary").find("no column Cust.Salary"), std::string::npos);
 }
 
+// A reader of a report knows no names of columns.
+TEST_F(FilterToolTest, EachColumnOfTheReportsHasACaption) {
+    const std::string tables = "GLDet, InvoiHdr, GLAcct, ProjInfo, Cust, WorldCurrency, Term";
+    for (const char* table : {"GLDet", "InvoiHdr", "GLAcct", "ProjInfo", "Cust", "WorldCurrency", "Term"}) {
+        const auto& columns = session_->file().catalogue().columns(table);
+        ASSERT_FALSE(columns.empty()) << table;
+        for (const std::string& column : columns) {
+            filter({.order = table + ("." + column)}, tables);
+            const bool ownWord =
+                column == "Contact" || column == "Fax" || column == "Source" || column == "Due" || column == "Inactive";
+            EXPECT_TRUE(ownWord || info_.order != column) << table << "." << column;
+        }
+    }
+}
+
 TEST_F(FilterToolTest, TellsTheFilterInWords) {
     struct Case {
         const char* where;
@@ -136,16 +151,18 @@ TEST_F(FilterToolTest, TellsTheFilterInWords) {
          "Company starting with A or (Company containing Ltd and Company like _x)",
          "Entreprise commençant par A ou (Entreprise contenant Ltd et Entreprise de la forme _x)"},
         {"Name NOT LIKE '%Ltd'", "Company not like %Ltd", "Entreprise sauf de la forme %Ltd"},
-        {"CreditLim >= 1000.5 AND NOT Contact IS NULL", "Credit limit from 1000.5 and not (Contact empty)",
-         "Limite de crédit à partir de 1000,5 et sauf (Contact vide)"},
+        {"CreditLim >= 1000.5 AND NOT Contact IS NULL", "Credit limit from $1,000.50 and not (Contact empty)",
+         "Limite de crédit à partir de 1\u00A0000,50\u00A0$ et sauf (Contact vide)"},
         {"CreditLim <= 5 OR CreditLim > 9 AND Contact IS NOT NULL",
-         "Credit limit up to 5 or (Credit limit above 9 and Contact not empty)",
-         "Limite de crédit jusqu'à 5 ou (Limite de crédit au-delà de 9 et Contact non vide)"},
+         "Credit limit up to $5.00 or (Credit limit above $9.00 and Contact not empty)",
+         "Limite de crédit jusqu'à 5,00\u00A0$ ou (Limite de crédit au-delà de 9,00\u00A0$ et Contact non vide)"},
         {"CustId IN ('A', 'B') AND CustId <> 'C'", "Code one of A, B and Code is not C",
          "Code parmi A, B et Code n'est pas C"},
         {"CustId NOT IN ('A', 'B')", "Code none of A, B", "Code autre que A, B"},
-        {"InvoiDate < '2024-02-09'", "Date below 2/9/2024", "Date en deçà de 2024-02-09"},
-        {"TelExt1 = Tel1", "TelExt1 is Telephone", "TelExt1 est Téléphone"},
+        {"InvoiDate < '2024-02-09'", "Date below 2024-02-09", "Date en deçà de 2024-02-09"},
+        {"TelExt1 = Tel1", "Ext. is Telephone", "Poste est Téléphone"},
+        {"CustInactive <> 0 AND ToApprove = -1", "Inactive is not no and To approve is yes",
+         "Inactif n'est pas non et À approuver est oui"},
     };
     SessionOptions options;
     options.language = "fr";
@@ -154,7 +171,7 @@ TEST_F(FilterToolTest, TellsTheFilterInWords) {
     for (const Case& one : cases) {
         filter({.where = one.where, .order = "Name, CustId DESC, ToApprove"});
         EXPECT_EQ(info_.where, one.english);
-        EXPECT_EQ(info_.order, "Company, Code (descending), ToApprove");
+        EXPECT_EQ(info_.order, "Company, Code (descending), To approve");
         filter({.where = one.where, .order = "Name, CustId DESC"}, "Cust, InvoiHdr", *french);
         EXPECT_EQ(info_.where, one.french);
         EXPECT_EQ(info_.order, "Entreprise, Code (ordre décroissant)");

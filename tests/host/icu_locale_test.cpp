@@ -81,7 +81,7 @@ TEST(IcuLocale, WritesPercentsAndDates) {
         const char* date;
     };
     const Case cases[] = {
-        {"en_CA", "12.50%", "2/9/2024"},
+        {"en_CA", "12.50%", "2024-02-09"},
         {"en_US", "12.50%", "2/9/2024"},
         {"de_DE", "12,50\u00A0%", "09.02.2024"},
         {"fr_CA", "12,50\u00A0%", "2024-02-09"},

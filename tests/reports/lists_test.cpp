@@ -251,7 +251,7 @@ TEST(Lists, DatesAtTheirLimitsSayAllDates) {
     const TestCompany company(orders);
     const struct {
         const char *from, *to, *caption;
-    } cases[] = {{"2024-01-05", "2024-01-06", "From 1/5/2024 to 1/6/2024"},
+    } cases[] = {{"2024-01-05", "2024-01-06", "From 2024-01-05 to 2024-01-06"},
                  {"", "2024-01-06", "All dates"},
                  {"2024-01-05", "", "All dates"},
                  {"", "", "All dates"}};

@@ -295,7 +295,7 @@ TEST(SalesJournalSummary, ForeignDisplayTotalsEachCurrency) {
     run.foreign = true;
     const auto result = runReport(run);
     EXPECT_EQ(result.boxes, Texts{});
-    EXPECT_EQ(result.texts("lblCurrencyName"), (Texts{"#2843", "USD - US dollar"}));
+    EXPECT_EQ(result.texts("lblCurrencyName"), (Texts{"CAD - Canadian dollar", "USD - US dollar"}));
     EXPECT_EQ(result.texts("txtTotal"), (Texts{"$1,120.00", "$50.00", "-$23.01", "$10.00", "$71.00"}));
     EXPECT_EQ(result.texts("lbl1USDestEgalA"), (Texts{"1 USD #1849 1.35 CAD", "1 USD #1849 0 CAD"}));
     EXPECT_EQ(result.texts("lblForeignCurrency"), (Texts{"#1641 CAD", "#1641 USD"}));
