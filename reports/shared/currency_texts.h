@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "framework/host/services.h"
+#include "framework/services/services.h"
 
 namespace quillo {
 
