@@ -167,7 +167,7 @@ TEST(ProjectPriceList, EstimatesThatAreMissingPrintZeroAndAddNothing) {
     EXPECT_TRUE(none.texts("lblCode").empty());
 }
 
-// Orders in two currencies; the customer's groups, the document's converts.
+// Orders in two currencies; the customer's groups, the document's converts. One in home currency has no rate.
 constexpr const char* orders =
     "UPDATE CompanyFact SET Value = '1' WHERE Name = 'UsesForeignCurrency';"
     "INSERT INTO WorldCurrency (InCurrencyId, CurrencyCode, Descr) VALUES (2, 'USD', 'US dollar'), (3, 'EUR', 'Euro');"
@@ -175,7 +175,7 @@ constexpr const char* orders =
     "'E', 'Europa', 3);"
     "INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, ExCustId, InvoiDate, RecDate, ShipDate, TotAmnt, "
     "ExCurrencyId, ExchangeRate, ToApprove) VALUES"
-    " (1, 'O1', 51, 1, '2024-01-05', '2024-01-05', '2024-01-09', 100, 1, 1, 1),"
+    " (1, 'O1', 51, 1, '2024-01-05', '2024-01-05', '2024-01-09', 100, 1, NULL, 1),"
     " (2, 'O2', 51, 2, '2024-01-06', '2024-01-06', NULL, 10.05, 2, 1.3, 1),"
     " (3, 'O3', 51, 2, '2024-01-07', '2024-01-07', NULL, 50, 1, 1, 0),"
     " (4, 'O4', 51, 1, '2024-01-08', '2024-01-08', NULL, -5, 1, 1, NULL),"
@@ -224,6 +224,13 @@ TEST(OpenOrders, RowsAtZeroAreDroppedOnWishAndStillCount) {
     const auto result = runReport(run);
     EXPECT_EQ(result.texts("txtInvoiId"), (Texts{"O1", "O5", "O2", "O3"})) << "a missing amount is no zero";
     EXPECT_EQ(result.only("lblEnd"), "5 #5860");
+}
+
+TEST(OpenOrders, ACustomerOfAnUnknownCurrencyIsListedAllTheSame) {
+    const TestCompany company(std::string(orders) + "UPDATE Cust SET ExCurrencyId = 9 WHERE InCustId = 2");
+    const auto result = runReport(orderRun(company));
+    EXPECT_EQ(result.boxes, Texts{});
+    EXPECT_EQ(result.texts("txtInvoiId"), (Texts{"O2", "O3", "O1", "O4", "O5"}));
 }
 
 TEST(OpenOrders, TheCurrencyLeadsTheOrderUnlessTheUserNamesIt) {
