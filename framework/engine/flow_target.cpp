@@ -82,8 +82,8 @@ void FlowTarget::append(PlacedSection section) {
             turn(takeRow(*row));
         } else if (section.height > pages_.pageRoom() &&
                    splitSection(section, pages_.bottom_ - pages_.cursor_, arena_, head, rest)) {
+            if (!shows(rest)) return add(head);
             add(head, false);
-            if (!shows(rest)) return;
             section = rest;
             turn({});
         } else if (holdsRows(piece_.size()) || pages_.hasBody(pages_.end())) {
@@ -91,11 +91,11 @@ void FlowTarget::append(PlacedSection section) {
         } else if (!piece_.empty()) {  // headings that leave no room do not stand again
             pages_.cursor_ = pieceTop_;
             piece_.clear();
-        } else if (pages_.cursor_ > pages_.bodyTop() && !pages_.hasBody(pages_.end())) {
-            pages_.cursor_ = pages_.bodyTop();  // nothing but space stands above
+        } else if (pages_.cursor_ > pages_.bodyTop_ && !pages_.hasBody(pages_.end())) {
+            pages_.cursor_ = pages_.bodyTop_;  // nothing but space stands above
         } else if (splitSection(section, pages_.bottom_ - pages_.cursor_, arena_, head, rest, Cut::through)) {
+            if (!shows(rest)) return add(head);
             add(head, false);
-            if (!shows(rest)) return;
             section = rest;
             turn({});
         } else if (!dropSpaceAbove(section, arena_)) {
@@ -130,8 +130,12 @@ void FlowTarget::turn(const std::vector<PlacedSection>& again) {
     float headings = 0;
     for (const PlacedSection& section : again) headings += section.repeat ? section.height : 0;
     const bool roomForThem = headings <= pages_.pageRoom() / 2;
-    for (const PlacedSection& section : again)
-        if (roomForThem || !section.repeat) add(section);
+    for (const PlacedSection& section : again) {
+        if (!section.repeat)
+            append(section);  // the next page may hold less than the one that it comes from
+        else if (roomForThem)
+            add(section);
+    }
 }
 
 // The row that a total must not leave, below the headings that stand again.

@@ -77,6 +77,7 @@ void Paginator::openPage(std::unique_ptr<Page> page) {
     owners_.clear();
     cursor_ = setup_.topMargin;
     headHeight_ = 0;
+    bodyTop_ = cursor_;
     const Section* footer = run_->single(SectionKind::pageFooter);
     const float reserve = footer != nullptr && footer->Visible ? footer->Height : 0;
     bottom_ = setup_.height - setup_.bottomMargin - std::max(reserve, footerHeight_);
@@ -102,6 +103,7 @@ void Paginator::printPageHeader() {
 void Paginator::putPageHeader(const PlacedSection& placed) {
     putAt(nullptr, placed, cursor_);
     cursor_ += placed.height;
+    bodyTop_ = cursor_;
     headHeight_ = pageHeaderHeight_ = placed.height;
 }
 
@@ -126,6 +128,7 @@ void Paginator::printHeadings(const Carry& carry) {
         putAt(nullptr, again, cursor_);
         cursor_ += again.height;
     }
+    bodyTop_ = cursor_;
     headHeight_ += height;
 }
 
@@ -325,7 +328,9 @@ void Paginator::finish() {
         Carry carry{{}, end(), false, cursor_};
         keepHeadings();
         closePage(carry, next->arena);
-        if (carry.parts.empty()) return;
+        if (std::none_of(carry.parts.begin(), carry.parts.end(),
+                         [](const Carry::Part& part) { return shows(part.placed); }))
+            return;
         openNext(std::move(next), carry);
     }
 }
@@ -357,23 +362,25 @@ void Paginator::placePiece(const Section& section, PlacedSection piece) {
     const Waiting waits(*this, piece);
     printDueHeader();
     while (!fits(piece.height)) {
-        const bool whole = section.KeepTogether && hasBody(end()) && piece.height <= nextRoom(end()) + tolerance;
+        const bool spaceAbove = !hasBody(end()) && cursor_ > bodyTop_;
+        const bool whole =
+            section.KeepTogether && (hasBody(end()) || spaceAbove) && piece.height <= nextRoom(end()) + tolerance;
         PlacedSection head, rest;
         if (const auto from = keptWith(piece)) {
             turnPage(*from);
         } else if (!whole && splitSection(piece, bottom_ - cursor_, arena(), head, rest)) {
+            if (!shows(rest)) return put(section, head);  // only room is cut off
             keepTorn(section, piece);
             put(section, head, false);
-            if (!shows(rest)) return mend(section);
             piece = rest;
             turnPage(end());
         } else if (hasBody(end())) {
             turnPage(loneHeaders(piece.height));
-        } else if (cursor_ > bodyTop()) {
-            cursor_ = bodyTop();  // nothing but space stands above
+        } else if (spaceAbove) {
+            cursor_ = bodyTop_;
         } else if (splitSection(piece, bottom_ - cursor_, arena(), head, rest, Cut::through)) {
+            if (!shows(rest)) return put(section, head);
             put(section, head, false);
-            if (!shows(rest)) return mend(section);
             piece = rest;
             turnPage(end());
         } else if (dropSpaceAbove(piece, arena())) {
@@ -450,7 +457,7 @@ bool Paginator::fits(float height) const {
 }
 
 float Paginator::pageRoom() const {
-    return bottom_ - bodyTop();
+    return bottom_ - setup_.topMargin - headHeight_;
 }
 
 // Room for what stands from an index on, and for what comes, on a page that begins with it.
@@ -482,7 +489,7 @@ bool Paginator::hasBody(std::size_t end) const {
 bool Paginator::movesWith(std::size_t from, float height) const {
     if (!hasBody(from)) return false;
     const float top = from < end() ? current_->sections[from].top : cursor_;
-    return std::max(cursor_, bodyBottom(from)) - top + height <= nextRoom(from) + tolerance;
+    return std::max(cursor_ + height, bodyBottom(from)) - top <= nextRoom(from) + tolerance;
 }
 
 // From where on the page belongs together with a piece that does not fit: the outermost group that one page can hold.

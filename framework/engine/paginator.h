@@ -127,7 +127,6 @@ private:
     bool fits(float height) const;
     float pageRoom() const;
     float nextRoom(std::size_t from) const;
-    float bodyTop() const { return setup_.topMargin + headHeight_; }
     float bodyBottom(std::size_t from) const;
     std::size_t end() const { return current_->sections.size(); }
     [[noreturn]] void fail(const std::string& section, const std::string& what) const;
@@ -142,6 +141,7 @@ private:
     int pages_ = 0;                       // that have begun
     int breaks_ = 0;                      // page breaks that were asked for and wait for something to print
     float cursor_ = 0, bottom_ = 0;
+    float bodyTop_ = 0;     // of the page: below what every page has
     float headHeight_ = 0;  // of the page header and the headings that stand again
     float pageHeaderHeight_ = 0;
     float footerHeight_ = 0;  // of the page footer, as it printed last

@@ -117,21 +117,23 @@ TEST_P(DifficultReports, PrintWhatTheyMustOnPagesOfAnyHeight) {
     expectNone({GetParam().seed});
 }
 
-INSTANTIATE_TEST_SUITE_P(Seed, DifficultReports,
-                         testing::Values(Difficult{"ARoomThatShowsNothingAheadOfATornRow", 646},
-                                         Difficult{"ASubReportLowerThanItsPlaceWhereThePageEnds", 391},
-                                         Difficult{"AReportHeaderThatLeavesThePageHeaderNoRoom", 1413},
-                                         Difficult{"APageFooterThatGrows", 699},
-                                         Difficult{"APageFooterThatGrowsOverWhatCannotBeSplit", 1156},
-                                         Difficult{"ARowTornByThePageFooterBeforeANewPage", 260},
-                                         Difficult{"ADistributionAsTheRestOfItsFooter", 536},
-                                         Difficult{"ADistributionThatEndsInRoom", 767},
-                                         Difficult{"ARepeatedHeadingTornInASubReport", 1479},
-                                         Difficult{"ARepeatedHeaderThatIsTorn", 1495},
-                                         Difficult{"AnUnderlaidHeaderThatIsTorn", 1300},
-                                         Difficult{"ATotalThatMovesBehindTheEndOfItsGroup", 441},
-                                         Difficult{"AnInnerGroupKeptWithinAnUnderlaidOne", 363}),
-                         [](const auto& report) { return report.param.what; });
+INSTANTIATE_TEST_SUITE_P(
+    Seed, DifficultReports,
+    testing::Values(
+        Difficult{"ARoomThatShowsNothingAheadOfATornRow", 646},
+        Difficult{"ASubReportLowerThanItsPlaceWhereThePageEnds", 391},
+        Difficult{"AReportHeaderThatLeavesThePageHeaderNoRoom", 1413}, Difficult{"APageFooterThatGrows", 699},
+        Difficult{"APageFooterThatGrowsOverWhatCannotBeSplit", 1156},
+        Difficult{"ARowTornByThePageFooterBeforeANewPage", 260}, Difficult{"ADistributionAsTheRestOfItsFooter", 536},
+        Difficult{"ADistributionThatEndsInRoom", 767}, Difficult{"ARepeatedHeadingTornInASubReport", 1479},
+        Difficult{"ARepeatedHeaderThatIsTorn", 1495}, Difficult{"AnUnderlaidHeaderThatIsTorn", 1300},
+        Difficult{"ATotalThatMovesBehindTheEndOfItsGroup", 441}, Difficult{"AnInnerGroupKeptWithinAnUnderlaidOne", 363},
+        Difficult{"ARowOfADistributionTakenToAPageThatHoldsLess", 9326},
+        Difficult{"ARepeatedHeaderThatLosesOnlyRoom", 2498},
+        Difficult{"ARowThatLeavesTheLastPageForAFooterThatGrows", 7836}, Difficult{"RoomAboveThePageHeader", 4256},
+        Difficult{"RoomAheadOfASectionThatKeepsTogether", 3568}, Difficult{"ARowBesideAKeptHeader", 8006},
+        Difficult{"PagesThatHoldALineEach", 4531}),
+    [](const auto& report) { return report.param.what; });
 
 }  // namespace
 }  // namespace quillo::test

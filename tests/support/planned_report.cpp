@@ -120,7 +120,7 @@ private:
     PlannedRun& run_;
 };
 
-constexpr int mostPages = 2000;
+constexpr int mostPages = 20000;
 
 }  // namespace
 
