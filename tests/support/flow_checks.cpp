@@ -264,18 +264,21 @@ namespace {
 bool fitsTogether(const Trial& trial, const Heights& heights, std::size_t from, std::size_t to) {
     const auto& prints = trial.expected.prints();
     const Piece* top = nullptr;
-    float height = 0;
+    float height = 0, space = 0;  // above the first that shows
     for (std::size_t i = from; i <= to; ++i) {
         if (!breaksOf(prints[i]).empty()) return false;
         if ((i > from && parts(prints[i], NewPage::before)) || (i < to && parts(prints[i], NewPage::after)))
             return false;
         const Piece* piece = heights.of(prints[i]);
-        if (piece == nullptr) continue;
+        if (piece == nullptr) {
+            if (top == nullptr && prints[i].printed) space += prints[i].section->heightAt(prints[i].number);
+            continue;
+        }
         if (top == nullptr) top = piece;
         height = std::max(height, piece->placed->top + piece->placed->height - top->placed->top);
     }
     const float headings = heightOf(headingsOf(prints, prints[from]), heights);
-    return headings + height <= bodyRoom(trial);
+    return headings + space + height <= bodyRoom(trial);
 }
 
 // The last print that a header's group must keep beside it; the header itself when it keeps none.
