@@ -10,6 +10,7 @@ struct PageFrameTexts {
     std::string title;
     std::string printedOn;  // "Printed on 2024-03-31"
     std::string pageWord;   // "Page", before the number
+    std::string ofWord{};   // "of", before the number of pages; empty where the output cannot tell it
     std::string period{};   // the dates that the report covers, below the company; may be empty
 };
 

@@ -104,7 +104,7 @@ RunEnd print(ReportJob& job, const HostSession& host, Messages& messages, const 
     FontMeasure measure(shaper);
     const PageFrameTexts texts = job.pageTexts();
     const PdfOptions pdf{texts.title, host.language().code(), texts.company, host.SessionDate()};
-    PageFrame pages(std::make_unique<PdfSink>(std::make_unique<OutputFile>(path), pdf, shaper), texts);
+    PageFrame pages(std::make_unique<PdfSink>(std::make_unique<OutputFile>(path), pdf, shaper), texts, measure);
     return job.run(pages, measure);
 }
 

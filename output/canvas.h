@@ -32,6 +32,7 @@ public:
     virtual void picture(const Box& box, std::span<const std::byte> file) = 0;
 
     // What only some outputs can show.
+    virtual void pageCount(const PlacedLine& /*behind*/, Color) {}  // the number of pages, which is known in the end
     virtual void link(const Box&, std::string_view /*tag*/) {}
     virtual void bookmark(int /*level*/, std::string_view /*title*/, float /*top*/) {}
     virtual void beginArtifact(SectionKind) {}  // page headers and footers: not part of what the document says

@@ -10,7 +10,8 @@ constexpr float edge = 480;          // between the paper's edge and the frame: 
 constexpr float lowestMargin = 700;  // a lower one has no room for its part
 constexpr float topHeight = 460, topGap = 160;
 constexpr float bottomHeight = 230, bottomGap = 160;
-constexpr float titleShare = 0.6F;  // of the width; the company has the rest
+constexpr float titleShare = 0.75F;  // of the width, at most: a longer one is narrowed
+constexpr float partsGap = 360;      // between company and title
 constexpr float periodHeight = 190;
 constexpr float textGap = 70;  // between a text and its rule
 
@@ -29,13 +30,15 @@ TextStyle styleOf(float size, bool bold, Align align, VerticalAlign verticalAlig
 
 const TextStyle companyStyle = styleOf(9.5F, true, Align::left, VerticalAlign::bottom, softInk);
 const TextStyle titleStyle = styleOf(16, true, Align::right, VerticalAlign::bottom, ink);
-const TextStyle dateStyle = styleOf(8, false, Align::left, VerticalAlign::top, softInk);
-const TextStyle numberStyle = styleOf(8, false, Align::right, VerticalAlign::top, softInk);
+const TextStyle periodStyle = styleOf(8, false, Align::left, VerticalAlign::top, softInk);
+const TextStyle numberStyle = periodStyle;
+const TextStyle dateStyle = styleOf(8, false, Align::right, VerticalAlign::top, softInk);
 const TextStyle ruleStyle = styleOf(9, false, Align::left, VerticalAlign::top, ink);
 
-PlacedControl textControl(Page& page, std::string_view name, std::string_view text, const TextStyle& style) {
+PlacedControl textControl(Page& page, std::string_view name, std::string_view text, const TextStyle& style,
+                          bool thenPageCount = false) {
     PlacedControl control;
-    control.info = page.names->control({std::string(name), ControlKind::label});
+    control.info = page.names->control({std::string(name), ControlKind::label, thenPageCount});
     control.style = page.names->style(style);
     control.text = page.arena.text(text);
     return control;
@@ -70,6 +73,9 @@ PlacedSection frameSection(Page& page, SectionKind kind, std::string_view name, 
 
 }  // namespace
 
+PageFrame::PageFrame(std::unique_ptr<PageSink> inner, PageFrameTexts texts, TextMeasure& measure)
+    : inner_(std::move(inner)), texts_(std::move(texts)), titleWidth_(measure.width(texts_.title, titleStyle)) {}
+
 std::unique_ptr<Page> PageFrame::take(std::unique_ptr<Page> handed) {
     Page& page = *handed;
     if (page.setup.topMargin >= lowestMargin) page.sections.insert(page.sections.begin(), top(page));
@@ -78,15 +84,15 @@ std::unique_ptr<Page> PageFrame::take(std::unique_ptr<Page> handed) {
 }
 
 PlacedSection PageFrame::top(Page& page) const {
-    const float width = page.setup.printableWidth(), titleWidth = width * titleShare;
+    const float width = page.setup.printableWidth(), titleWidth = std::min(titleWidth_ + 20, width * titleShare);
     PlacedControl company = textControl(page, "lblFrameCompany", texts_.company, companyStyle);
-    company.width = width - titleWidth;
+    company.width = width - titleWidth - partsGap;
     company.height = topHeight - textGap - 35;  // on the title's baseline
     PlacedControl title = textControl(page, "lblFrameTitle", texts_.title, titleStyle);
     title.left = width - titleWidth;
     title.width = titleWidth;
     title.height = topHeight - textGap;
-    PlacedControl period = textControl(page, "lblFramePeriod", texts_.period, dateStyle);
+    PlacedControl period = textControl(page, "lblFramePeriod", texts_.period, periodStyle);
     period.width = company.width;
     period.height = periodHeight;
     period.top = topHeight - textGap - periodHeight;
@@ -98,15 +104,17 @@ PlacedSection PageFrame::top(Page& page) const {
 
 PlacedSection PageFrame::bottom(Page& page) const {
     const PageSetup& setup = page.setup;
-    PlacedControl date = textControl(page, "lblFrameDate", texts_.printedOn, dateStyle);
+    const std::string words = texts_.pageWord + " " + std::to_string(page.number);
+    const bool counted = !texts_.ofWord.empty();
     PlacedControl number =
-        textControl(page, "lblFramePage", texts_.pageWord + " " + std::to_string(page.number), numberStyle);
+        textControl(page, "lblFramePage", counted ? words + " " + texts_.ofWord : words, numberStyle, counted);
+    PlacedControl date = textControl(page, "lblFrameDate", texts_.printedOn, dateStyle);
     date.top = number.top = textGap;
     date.height = number.height = bottomHeight - textGap;
-    date.width = number.left = number.width = setup.printableWidth() / 2;
+    number.width = date.left = date.width = setup.printableWidth() / 2;
     const float start = std::min(setup.height - setup.bottomMargin + bottomGap, setup.height - edge - bottomHeight);
     return frameSection(page, SectionKind::pageFooter, "FrameBottom", start, bottomHeight,
-                        {rule(page, 0), date, number});
+                        {rule(page, 0), number, date});
 }
 
 }  // namespace quillo

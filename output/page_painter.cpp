@@ -69,6 +69,7 @@ void PagePainter::paintText(const PlacedControl& control, Point corner, Canvas& 
     layout_.start(control, corner.x, corner.y);
     while (const PlacedLine* line = layout_.next()) {
         canvas.text(*line, style.color);
+        if (control.info->thenPageCount) canvas.pageCount(*line, style.color);
         if (!style.underline || line->glyphs->runs.empty()) continue;
         const Face::Metrics& metrics = line->glyphs->runs.front().face->metrics();
         const float em = line->size * twipsPerPoint;

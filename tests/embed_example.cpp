@@ -30,7 +30,7 @@ int main(int count, char** arguments) {
         const quillo::PageFrameTexts texts = job.pageTexts();
         const quillo::PdfOptions pdf{texts.title, session.language().code(), texts.company, session.SessionDate()};
         auto file = std::make_unique<quillo::PdfSink>(std::make_unique<quillo::OutputFile>(arguments[2]), pdf, shaper);
-        quillo::PageFrame pages(std::move(file), texts);
+        quillo::PageFrame pages(std::move(file), texts, measure);
         return job.run(pages, measure) == quillo::RunEnd::done ? 0 : 1;
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << '\n';

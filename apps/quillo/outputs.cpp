@@ -51,13 +51,15 @@ std::string formatOf(const OutputRequest& request) {
     return format;
 }
 
-std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console) {
+std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console, TextMeasure& measure) {
     const std::string format = formatOf(request);
     try {
         auto sink = openFormat(format, request, console);
         if (!request.path.empty()) sink = std::make_unique<QueuedSink>(std::move(sink));
-        if (format != "json") sink = std::make_unique<PageFrame>(std::move(sink), request.frame);
-        return sink;
+        if (format == "json") return sink;
+        PageFrameTexts frame = request.frame;
+        if (format != "pdf") frame.ofWord.clear();  // its pages are files that are written before the last one comes
+        return std::make_unique<PageFrame>(std::move(sink), frame, measure);
     } catch (const std::exception& failure) {
         throw UsageError(failure.what());
     }

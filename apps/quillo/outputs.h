@@ -30,7 +30,7 @@ struct OutputRequest {
 std::string formatOf(const OutputRequest& request);
 
 // The sink that takes the pages, the host's frame included where the format has one. A file is painted
-// and written on a thread of its own. Throws UsageError when the file cannot be written.
-std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console);
+// and written on a thread of its own; measure must outlive the sink. Throws UsageError when the file cannot be written.
+std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console, TextMeasure& measure);
 
 }  // namespace quillo::app

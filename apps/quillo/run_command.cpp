@@ -172,9 +172,9 @@ private:
     }
 
     RunEnd printPages() {
-        const auto sink = openOutput(outputRequest(), console_);
         // A character that no font has prints as a box; what paints it tells of it.
         FontMeasure measure(makeTextShaper([](const std::string&) {}));
+        const auto sink = openOutput(outputRequest(), console_, measure);
         ProgressLine line(console_);
         RunOptions options;
         options.maxPages = request_.maxPages;

@@ -76,7 +76,7 @@ const SectionInfo* RunNames::section(const SectionInfo& info) {
 
 const ControlInfo* RunNames::control(const ControlInfo& info) {
     return intern(controls_, info,
-                  [](const ControlInfo& a, const ControlInfo& b) { return a.kind == b.kind && a.name == b.name; });
+                  [](const ControlInfo& a, const ControlInfo& b) { return a.kind == b.kind && a.thenPageCount == b.thenPageCount && a.name == b.name; });
 }
 
 const ChartData* RunNames::chart(const ChartData& chart) {

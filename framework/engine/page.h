@@ -73,6 +73,7 @@ struct SectionInfo {
 struct ControlInfo {
     std::string name;
     ControlKind kind = ControlKind::label;
+    bool thenPageCount = false;  // behind its text stands the number of pages, where the output knows it in the end
 };
 
 struct ChartData {

@@ -11,7 +11,7 @@ namespace quillo {
 namespace {
 
 // Texts of the frame.
-constexpr int printedOn = 20211, pageWord = 20212, withoutSegment = 20213;
+constexpr int printedOn = 20211, pageWord = 20212, withoutSegment = 20213, ofWord = 20214;
 
 std::vector<int> segmentIds(const std::string& list) {
     std::vector<int> ids;
@@ -129,7 +129,8 @@ void ReportJob::giveFilter(const ReportWish& wish) {
 PageFrameTexts ReportJob::pageTexts() const {
     std::string printed = session_.GetText(printedOn) + " " + session_.locale().shortDate(session_.SessionDate());
     if (!session_.clockTime().empty()) printed += " " + session_.clockTime();
-    return {session_.companyName(), contract_->IReport_ReportTitle(), printed, session_.GetText(pageWord), period()};
+    return {session_.companyName(), contract_->IReport_ReportTitle(), printed, session_.GetText(pageWord),
+            session_.GetText(ofWord), period()};
 }
 
 // The dates that the run covers, where the report does not print them itself.

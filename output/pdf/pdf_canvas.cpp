@@ -49,7 +49,8 @@ std::string_view PdfCanvas::content() {
     return out_.view();
 }
 
-std::uint32_t PdfCanvas::finish(std::uint32_t resources) {
+std::uint32_t PdfCanvas::finish(std::uint32_t resources, std::size_t pages, TextShaper& shaper) {
+    writePageCount(resources, pages, shaper);
     const std::uint32_t outline = outline_.finish(file_);
     Bytes& out = file_.object(resources);
     out << "<</Font<<";
@@ -57,7 +58,12 @@ std::uint32_t PdfCanvas::finish(std::uint32_t resources) {
         if (font) out << "/F" << font->face().id() << ' ' << font->number() << " 0 R";
     }
     out << ">>";
-    pictures_.appendResources(out);
+    if (pageCount_.number != 0 || !pictures_.empty()) {
+        out << "/XObject<<";
+        if (pageCount_.number != 0) out << "/N " << pageCount_.number << " 0 R";
+        pictures_.appendNames(out);
+        out << ">>";
+    }
     out << ">>";
     const std::uint32_t encoding = file_.reserve();
     PdfFont::writeEncoding(file_, encoding);
@@ -186,6 +192,34 @@ void PdfCanvas::showPlain(PdfFont& font, const PlacedLine& line, const GlyphRun&
         at = append(at, font.token(*glyph, line.text));
     std::memcpy(at, ")Tj\n", 4);
     out_.taken(at + 4);
+}
+
+void PdfCanvas::pageCount(const PlacedLine& behind, Color color) {
+    if (behind.glyphs->runs.empty()) return;
+    if (pageCount_.number == 0)
+        pageCount_ = {file_.reserve(), behind.glyphs->runs.back().face, behind.size, color};
+    closeText();
+    (out_ << "q 1 0 0 1 ").hundredths(fromTwips(behind.left + behind.width)) << ' ';
+    out_.hundredths(flip(behind.baseline)) << " cm /N Do Q\n";
+}
+
+void PdfCanvas::writePageCount(std::uint32_t resources, std::size_t pages, TextShaper& shaper) {
+    if (pageCount_.number == 0) return;
+    const std::string number = " " + std::to_string(pages);
+    ShapedText glyphs;
+    shaper.shape(number, *pageCount_.face, glyphs);
+    PlacedLine line;
+    line.text = number;
+    line.glyphs = &glyphs;
+    line.size = pageCount_.size;
+    begin(0, 0);
+    text(line, pageCount_.color);
+    const std::string_view drawn = content();
+    Bytes entries;
+    (entries << "/Type/XObject/Subtype/Form/BBox[0 ").hundredths(hundredths(-line.size)) << ' ';
+    entries.hundredths(hundredths(glyphs.width() * line.size)) << ' ';
+    entries.hundredths(hundredths(line.size)) << "]/Resources " << resources << " 0 R";
+    file_.stream(pageCount_.number, entries.view(), drawn);
 }
 
 // Glyph for glyph, each moved to its place and the pen to where the next one starts.

@@ -28,13 +28,14 @@ public:
     };
     const std::vector<Link>& links() const { return links_; }
     std::string_view tag(const Link& link) const { return std::string_view(tags_).substr(link.tagStart, link.tagSize); }
-    // The outline, the fonts and the shared resources; gives the outline's number, 0 for none.
-    std::uint32_t finish(std::uint32_t resources);
+    // The number of pages, the outline, the fonts and the shared resources; gives the outline's number, 0 for none.
+    std::uint32_t finish(std::uint32_t resources, std::size_t pages, TextShaper& shaper);
 
     void fill(const Box& box, Color color) override;
     void frame(const Box& box, float lineWidth, Color color) override;
     void line(Point from, Point to, float lineWidth, Color color) override;
     void text(const PlacedLine& line, Color color) override;
+    void pageCount(const PlacedLine& behind, Color color) override;
     void picture(const Box& box, std::span<const std::byte> file) override;
     void link(const Box& box, std::string_view tag) override;
     void bookmark(int level, std::string_view title, float top) override;
@@ -42,6 +43,7 @@ public:
     void endArtifact() override;
 
 private:
+    void writePageCount(std::uint32_t resources, std::size_t pages, TextShaper& shaper);
     std::int64_t flip(float top) const;
     void openText();
     void closeText();
@@ -62,6 +64,13 @@ private:
     Bytes out_;
     std::vector<Link> links_;
     std::string tags_;
+    // A form that pages show before it is written: it has the look that it had on the first of them.
+    struct PageCount {
+        std::uint32_t number = 0;
+        const Face* face = nullptr;
+        float size = 0;
+        Color color;
+    } pageCount_;
     std::uint32_t page_ = 0;
     std::int64_t height_ = 0;
 

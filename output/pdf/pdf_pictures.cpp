@@ -88,11 +88,8 @@ const PdfPictures::Entry& PdfPictures::find(std::span<const std::byte> picture, 
     return known->second;
 }
 
-void PdfPictures::appendResources(Bytes& out) const {
-    if (entries_.empty()) return;
-    out << "/XObject<<";
+void PdfPictures::appendNames(Bytes& out) const {
     for (const auto& [key, entry] : entries_) out << "/I" << entry.number << ' ' << entry.number << " 0 R";
-    out << ">>";
 }
 
 }  // namespace quillo

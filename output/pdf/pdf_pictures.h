@@ -21,8 +21,9 @@ public:
     const Entry& find(std::span<const std::byte> picture, PdfFile& file);
     // Within a run a picture is known by its address; those of the run before may be other pictures' now.
     void beginRun() { seen_.clear(); }
-    // The resources' dictionary of pictures.
-    void appendResources(Bytes& out) const;
+    bool empty() const { return entries_.empty(); }
+    // Their names and numbers, for the resources' dictionary.
+    void appendNames(Bytes& out) const;
 
 private:
     // Pictures are told apart by length and two checksums: their bytes are not kept.

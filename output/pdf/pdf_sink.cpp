@@ -34,6 +34,7 @@ private:
     PdfOptions options_;
     PdfFile file_;
     PdfCanvas canvas_;
+    std::shared_ptr<TextShaper> shaper_;
     PagePainter painter_;
     std::uint32_t resources_, pageTree_;
     std::shared_ptr<RunNames> names_;  // of the run whose pages come: keeps its pictures at their addresses
@@ -50,6 +51,7 @@ PdfSink::Document::Document(std::unique_ptr<Output> output, PdfOptions options, 
     : options_(std::move(options)),
       file_(std::move(output)),
       canvas_(file_),
+      shaper_(shaper),
       painter_(std::move(shaper)),
       resources_(file_.reserve()),
       pageTree_(file_.reserve()) {}
@@ -108,7 +110,7 @@ void PdfSink::Document::finish() {
         pages += node.pages;
     }
     tree << "]/Count " << pages << ">>";
-    const std::uint32_t outline = canvas_.finish(resources_);
+    const std::uint32_t outline = canvas_.finish(resources_, pages, *shaper_);
     writeCatalog(outline);
     writeInformation();
     file_.finish();

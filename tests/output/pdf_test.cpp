@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "output/font_measure.h"
 #include "output/output_error.h"
 #include "output/page_frame.h"
 #include "tests/output/output_files.h"
@@ -223,8 +224,10 @@ TEST(Pdf, MemoryDoesNotGrowWithPages) {
 TEST(Frame, AddsCompanyTitleDateAndNumberInTheMargins) {
     const TestFolder folder;
     const string path = folder.file("a.pdf");
+    const string company = "Les Menuiseries nordiques et de la vallée inc.";
+    FontMeasure measure;
     PageFrame frame(std::make_unique<PdfSink>(std::make_unique<OutputFile>(path), PdfOptions()),
-                    {"Nordiques inc.", "Liste des termes", "Imprimé le 31 mars", "Page"});
+                    {company, "Liste des termes", "Imprimé le 31 mars", "Page", "de"}, measure);
     for (int number = 1; number <= 2; ++number) {
         PageBuilder builder(number);
         builder.section(240).text("Body");
@@ -239,8 +242,9 @@ TEST(Frame, AddsCompanyTitleDateAndNumberInTheMargins) {
         return run("pdftotext -layout -f " + page + " -l " + page + " " + path + " -");
     };
     const string second = textOf("2");
-    for (const char* part : {"Nordiques inc.", "Liste des termes", "Imprimé le 31 mars", "Page 2", "Body"})
+    for (const string& part : {company, string("Liste des termes"), string("Imprimé le 31 mars"), string("Body")})
         EXPECT_TRUE(contains(second, part)) << part;
+    EXPECT_TRUE(contains(second, "Page 2 de 3")) << "the number of pages is told on pages that were written before";
     EXPECT_LT(second.find("Liste"), second.find("Body"));
     EXPECT_LT(second.find("Body"), second.find("Page 2"));
     EXPECT_FALSE(contains(textOf("3"), "Liste")) << "a margin without room stays empty";

@@ -67,7 +67,8 @@ std::unique_ptr<PageSink> queued(std::unique_ptr<PageSink> inner) {
 }
 
 std::string bytesOf(std::unique_ptr<PageSink> sink, const std::string& path) {
-    PageFrame framed(std::move(sink), {"Nordiques inc.", "Sample", "Printed on 2024-03-31", "Page"});
+    FontMeasure measure;
+    PageFrame framed(std::move(sink), {"Nordiques inc.", "Sample", "Printed on 2024-03-31", "Page", "of"}, measure);
     EXPECT_EQ(runSample(framed), RunEnd::done);
     return read(path);
 }
