@@ -51,6 +51,10 @@ void refusePages(const Report& report) {
         if (breaks || section->NewPage != NewPage::none || section->GrpKeepTogether != GroupKeep::none)
             throw EngineError("Report " + report.name() + ", section " + section->Name() +
                               ": a sub-report cannot break pages or keep groups together");
+        if (std::any_of(section->controls.begin(), section->controls.end(),
+                        [](const auto& control) { return control->OnlyInRepeats; }))
+            throw EngineError("Report " + report.name() + ", section " + section->Name() +
+                              ": a sub-report has no controls for its repeats");
     }
 }
 

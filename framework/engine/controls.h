@@ -26,6 +26,7 @@ struct Control {
 
     ControlInfo info;
     bool Visible = true;
+    bool OnlyInRepeats = false;  // of a repeating group header: prints where the header stands again, and takes no room
     float Left = 0, Top = 0, Width = 0, Height = 0;
     std::string Tag;
     std::string Hyperlink;  // the drill tag; empty: no link

@@ -20,6 +20,7 @@ public:
         result_.placed.height = checkedHeight();
         result_.flowing = room_.flows ? lastSubReport() : nullptr;
         placeControls();
+        placeMarks();
         collectBreaks();
         if (grown_ || holdsReport_) {
             pushGrown();
@@ -39,7 +40,7 @@ private:
     }
 
     static bool isPrinted(const Control& control) {
-        return control.Visible && control.kind() != ControlKind::dataControl &&
+        return control.Visible && !control.OnlyInRepeats && control.kind() != ControlKind::dataControl &&
                control.kind() != ControlKind::pageBreak;
     }
 
@@ -97,6 +98,18 @@ private:
         }
         controls_ = controls.first(next);
         result_.placed.controls = controls_;
+    }
+
+    void placeMarks() {
+        std::vector<PlacedControl> marks;
+        for (std::size_t i = 0; i < section_.controls.size(); ++i) {
+            Control& control = *section_.controls[i];
+            if (!control.OnlyInRepeats || !control.Visible) continue;
+            PlacedControl& mark = marks.emplace_back();
+            mark.info = notes_.controls[i].info;
+            place(control, notes_.controls[i], mark);
+        }
+        if (!marks.empty()) result_.inRepeats = room_.arena.keep(marks);
     }
 
     void flowFrom(const Control& control, const ControlNotes& notes) {

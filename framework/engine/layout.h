@@ -12,6 +12,7 @@ namespace quillo {
 // A section as it will print.
 struct LaidOut {
     PlacedSection placed;
+    std::span<const PlacedControl> inRepeats;  // what shows only where the section stands again
     std::span<const float> breaks;  // tops of its enabled page breaks, ascending; what grew above them is counted
     // A sub-report below which nothing stands and that has not run yet: it runs while its rows go to the pages. Its
     // place is flowTop; the design leaves flowRoom below it.

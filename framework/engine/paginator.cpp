@@ -123,20 +123,36 @@ void Paginator::printHeadings(const Carry& carry) {
         if (!group.print || group.torn || goesAlong || (group.endedAt && *group.endedAt <= carry.from)) continue;
         if (height + group.print->height > most) continue;
         height += group.print->height;
-        PlacedSection again = copySection(*group.print, arena());
-        again.repeat = true;
-        putAt(nullptr, again, cursor_);
-        cursor_ += again.height;
+        putAt(nullptr, repeatOf(group), cursor_);
+        cursor_ += group.print->height;
     }
     bodyTop_ = cursor_;
     headHeight_ += height;
+}
+
+PlacedSection Paginator::repeatOf(const Repeated& group) {
+    PlacedSection again = copySection(*group.print, arena());
+    again.repeat = true;
+    const PlacedSection marks = copySection(group.marks, arena());
+    std::vector<PlacedControl> controls(again.controls.begin(), again.controls.end());
+    controls.insert(controls.end(), marks.controls.begin(), marks.controls.end());
+    again.controls = arena().keep(controls);
+    return again;
+}
+
+void Paginator::keepMarks(const Section& section, const LaidOut& laid) {
+    for (Repeated& group : repeated_) {
+        if (group.header != &section || group.endedAt) continue;
+        PlacedSection marks = laid.placed;
+        marks.controls = laid.inRepeats;
+        group.marks = copySection(marks, *group.arena);
+    }
 }
 
 // What printed on the page that closes is kept for those that follow.
 void Paginator::keepHeadings() {
     for (Repeated& group : repeated_) {
         if (!group.at || group.print) continue;
-        group.arena = std::make_unique<Arena>();
         group.print = copySection(current_->sections[*group.at], *group.arena);
     }
 }
@@ -145,7 +161,6 @@ void Paginator::keepHeadings() {
 void Paginator::keepTorn(const Section& section, const PlacedSection& piece) {
     for (Repeated& group : repeated_) {
         if (group.header != &section || group.print || group.endedAt || piece.continued) continue;
-        group.arena = std::make_unique<Arena>();
         group.print = copySection(piece, *group.arena);
         group.torn = true;
     }
@@ -340,6 +355,7 @@ void Paginator::finish() {
 void Paginator::place(Section& section, const LaidOut& laid) {
     PlacedSection whole = laid.placed;
     const Waiting waits(*this, whole);
+    if (!laid.inRepeats.empty()) keepMarks(section, laid);
     const std::vector<float> breaks(laid.breaks.begin(), laid.breaks.end());
     if ((section.NewPage & NewPage::before) != 0) breaks_ = std::max(breaks_, 1);
     float from = 0;
@@ -437,7 +453,7 @@ void Paginator::noteHeader(const Section& section, const PlacedSection& piece) {
 
 void Paginator::openGroup(Section& header) {
     if (header.GrpKeepTogether != GroupKeep::none) keeps_.push_back({&header, end()});
-    if (header.Repeat) repeated_.push_back({&header});
+    if (header.Repeat) repeated_.push_back({&header, std::make_unique<Arena>()});
 }
 
 void Paginator::closeGroup(Section& header) {

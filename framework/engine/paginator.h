@@ -65,8 +65,9 @@ private:
     // An open group whose header stands again on each page; its first print is kept.
     struct Repeated {
         const Section* header;
-        std::unique_ptr<Arena> arena{};
+        std::unique_ptr<Arena> arena{};  // of print and marks
         std::optional<PlacedSection> print{};
+        PlacedSection marks{};                 // the controls that it has only where it stands again
         std::optional<std::size_t> at{};       // where it printed, while that page is the current one
         std::optional<std::size_t> endedAt{};  // where its group ended on the current page
         bool torn = false;                     // a piece of it is still to be placed
@@ -103,6 +104,8 @@ private:
     void takeLast(Carry& carry, Arena& next);
     void dropPage();
     void keepHeadings();
+    void keepMarks(const Section& section, const LaidOut& laid);
+    PlacedSection repeatOf(const Repeated& group);
     void keepTorn(const Section& section, const PlacedSection& piece);
     void mend(const Section& section);
     void forget(const Section& section);

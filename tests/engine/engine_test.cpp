@@ -121,6 +121,24 @@ TEST(Engine, HeadersRepeatOnEachPageOfTheirGroupAndKeepWithTheirFirstRow) {
               "-- 1\ngh a\nDetail 1\nDetail 2\n-- 2\ngh a\nDetail 3\nDetail 4\n-- 3\ngh b\nDetail 5\n");
 }
 
+TEST(Engine, AMarkOfARepeatedHeaderStandsOnlyWhereTheHeaderStandsAgain) {
+    Bench bench;
+    const std::string mark =
+        R"(,{"kind": "Label", "name": "more", "top": 50, "height": 900, "caption": "continued", "onlyInRepeats": true})";
+    const auto header = [&](const char* more) {
+        return section("gh", "groupHeader", 400, bound("g", "G") + mark, R"("dataField": "G")" + std::string(more));
+    };
+    const std::string rest = "," + section("Detail", "detail", 600, bound("v", "V") + "," + dataControl) + "," +
+                             section("gf", "groupFooter", 0);
+    auto report = bench.report(design(header(R"(, "repeat": true)") + rest));
+    report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"a", 2}, {"a", 3}, {"b", 4}, {"b", 5}});
+    EXPECT_EQ(bench.run(*report),
+              "-- 1\ngh a\nDetail 1\nDetail 2\n-- 2\ngh a continued\nDetail 3\ngh b\nDetail 4\n"
+              "-- 3\ngh b continued\nDetail 5\n")
+        << "and takes no room from the rows";
+    EXPECT_THROW(bench.report(design(header("") + rest)), InputError) << "a header that does not repeat";
+}
+
 TEST(Engine, AGroupKeptTogetherMovesWholeAndIsSplitWhenNoPageHoldsIt) {
     Bench bench;
     const std::string text =
