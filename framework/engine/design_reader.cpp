@@ -36,10 +36,10 @@ constexpr std::string_view styleKeys[] = {"base", "family", "size",          "bo
 constexpr std::string_view sectionKeys[] = {"name",     "kind",      "height",  "visible",      "keepTogether",
                                             "newPage",  "dataField", "repeat",  "underlayNext", "groupKeepTogether",
                                             "bookmark", "fill",      "controls"};
-constexpr std::string_view controlKeys[] = {"kind",    "name", "left",      "top",    "width", "height",    "tag",
-                                            "caption", "text", "dataField", "format", "style", "align",     "canGrow",
-                                            "visible", "x1",   "y1",        "x2",     "y2",    "lineWidth", "fill",
-                                            "enabled", "sum",  "running",   "link",   "onlyInRepeats"};
+constexpr std::string_view controlKeys[] = {
+    "kind",      "name",      "left",  "top",     "width",   "height",  "tag",  "caption",      "text",
+    "dataField", "format",    "style", "align",   "canGrow", "visible", "x1",   "y1",           "x2",
+    "y2",        "lineWidth", "fill",  "enabled", "sum",     "running", "link", "onlyInRepeats"};
 constexpr DesignKeys allKeys[] = {{"design", designRootKeys},
                                   {"page", pageKeys},
                                   {"style", styleKeys},

@@ -75,8 +75,9 @@ const SectionInfo* RunNames::section(const SectionInfo& info) {
 }
 
 const ControlInfo* RunNames::control(const ControlInfo& info) {
-    return intern(controls_, info,
-                  [](const ControlInfo& a, const ControlInfo& b) { return a.kind == b.kind && a.thenPageCount == b.thenPageCount && a.name == b.name; });
+    return intern(controls_, info, [](const ControlInfo& a, const ControlInfo& b) {
+        return a.kind == b.kind && a.thenPageCount == b.thenPageCount && a.name == b.name;
+    });
 }
 
 const ChartData* RunNames::chart(const ChartData& chart) {

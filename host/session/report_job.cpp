@@ -129,8 +129,8 @@ void ReportJob::giveFilter(const ReportWish& wish) {
 PageFrameTexts ReportJob::pageTexts() const {
     std::string printed = session_.GetText(printedOn) + " " + session_.locale().shortDate(session_.SessionDate());
     if (!session_.clockTime().empty()) printed += " " + session_.clockTime();
-    return {session_.companyName(), contract_->IReport_ReportTitle(), printed, session_.GetText(pageWord),
-            session_.GetText(ofWord), period()};
+    return {session_.companyName(),     contract_->IReport_ReportTitle(), printed,
+            session_.GetText(pageWord), session_.GetText(ofWord),         period()};
 }
 
 // The dates that the run covers, where the report does not print them itself.

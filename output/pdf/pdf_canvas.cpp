@@ -196,8 +196,7 @@ void PdfCanvas::showPlain(PdfFont& font, const PlacedLine& line, const GlyphRun&
 
 void PdfCanvas::pageCount(const PlacedLine& behind, Color color) {
     if (behind.glyphs->runs.empty()) return;
-    if (pageCount_.number == 0)
-        pageCount_ = {file_.reserve(), behind.glyphs->runs.back().face, behind.size, color};
+    if (pageCount_.number == 0) pageCount_ = {file_.reserve(), behind.glyphs->runs.back().face, behind.size, color};
     closeText();
     (out_ << "q 1 0 0 1 ").hundredths(fromTwips(behind.left + behind.width)) << ' ';
     out_.hundredths(flip(behind.baseline)) << " cm /N Do Q\n";

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <span>
 
+#include "host/filter/filter_words.h"
 #include "tests/company/demo_file.h"
 #include "tests/support/member_runs.h"
 
@@ -86,6 +87,24 @@ TEST(AllMembers, TakeEveryColumnOfTheirFilterAsConditionAndAsOrder) {
                 EXPECT_EQ(result.boxes, std::vector<std::string>{}) << run.member << ", " << run.where;
                 EXPECT_EQ(rowsOf(result), rows) << run.member << ", " << run.where;
             }
+        }
+    }
+}
+
+TEST(AllMembers, TellEveryColumnOfTheirFilterInWords) {
+    const test::DemoFile company;
+    test::ListedMessages messages;
+    SessionOptions options;
+    options.company = company.path();
+    options.language = "ids";
+    HostSession session(options, messages);
+    for (const clsReport::Member& member : clsReport::members()) {
+        if (!member.written) continue;
+        const std::string tables = test::traitsOf(member.name, company.path()).filterTables;
+        for (const std::string& name : test::columnsOf(tables, session.file().catalogue(), true)) {
+            const auto dot = name.find('.');
+            const std::string words = orderInWords({{{name.substr(0, dot), name.substr(dot + 1)}}}, session);
+            EXPECT_NE(words, name.substr(dot + 1)) << member.name << ": " << name;
         }
     }
 }
