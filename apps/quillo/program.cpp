@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "apps/quillo/company_commands.h"
+#include "apps/quillo/compare_command.h"
 #include "apps/quillo/run_command.h"
 
 namespace quillo::app {
@@ -76,7 +77,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     program.require_subcommand(1);
     program.set_version_flag("--version", "quillo 1.0.0");
 
-    std::string path, language = "en";
+    std::string path, other, output, language = "en";
     int scale = 1;
     std::uint64_t seed = 1;
     bool books = false;
@@ -94,6 +95,10 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     auto* check = program.add_subcommand("check", "Tell what a company file lacks");
     check->add_option("company", path, "The company file")->required();
     check->add_flag("--books", books, "Prove the books: ledger against documents");
+    auto* compare = program.add_subcommand("compare", "Lay the comparable tables of two runs side by side");
+    compare->add_option("left", path, "A file that \"quillo run --comparable\" wrote")->required();
+    compare->add_option("right", other, "The other one: another day, another company")->required();
+    compare->add_option("-o,--output", output, "A CSV file; without it a table")->type_name("FILE");
     auto* run = program.add_subcommand("run", "Print a report");
     addRunOptions(*run, request);
     run->footer(
@@ -122,6 +127,8 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
         listMembers(language, console);
     } else if (*check) {
         return checkCompanyFile(path, books, console);
+    } else if (*compare) {
+        compareFiles(path, other, output, console);
     } else {
         if (request.company.empty()) throw UsageError("--company is required: a company file");
         return runReportCommand(request, console);

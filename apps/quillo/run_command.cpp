@@ -11,6 +11,8 @@
 #include "framework/values/names.h"
 #include "host/session/report_job.h"
 #include "output/font_measure.h"
+#include "output/output_error.h"
+#include "output/output_file.h"
 #include "output/shaper.h"
 
 namespace quillo::app {
@@ -101,23 +103,19 @@ public:
           session_(openSession(sessionOptions(request), messages_)) {}
 
     int go() {
-        refuseComparable();
         try {
             job_ = std::make_unique<ReportJob>(*session_, member_, wish());
+            if (job_->made() && !request_.comparable.empty()) job_->collectInto(comparable_);
         } catch (const InputError& refusal) {
             throw UsageError(refusal.what());
         }
         if (!job_->made()) return ExitStatus::failures;
         openTrace();
+        openComparable();
         return print();
     }
 
 private:
-    // Comparable tables are still to come.
-    void refuseComparable() const {
-        if (!request_.comparable.empty()) throw UsageError(std::string(member_.name) + " has no comparable tables");
-    }
-
     ReportWish wish() const {
         ReportWish wish;
         if (!request_.from.empty()) wish.from = readDate("--from", request_.from);
@@ -168,7 +166,24 @@ private:
             console_.complain("stopped; nothing was written");
             return ExitStatus::failures;
         }
+        writeComparable();
         return messages_.shown().empty() ? ExitStatus::done : ExitStatus::failures;
+    }
+
+    // Opened ahead of the run, which may be long.
+    void openComparable() {
+        if (request_.comparable.empty()) return;
+        try {
+            comparableFile_ = std::make_unique<OutputFile>(request_.comparable);
+        } catch (const OutputError& failure) {
+            throw UsageError(failure.what());
+        }
+    }
+
+    void writeComparable() {
+        if (!comparableFile_) return;
+        comparableFile_->write(comparableXml(job_->comparableTables(comparable_)));
+        comparableFile_->finish();
     }
 
     RunEnd printPages() {
@@ -196,6 +211,8 @@ private:
     ConsoleMessages messages_;
     std::unique_ptr<HostSession> session_;
     std::ofstream trace_;
+    ComparableCollector comparable_;  // the report writes to it
+    std::unique_ptr<OutputFile> comparableFile_;
     std::unique_ptr<ReportJob> job_;
     std::vector<std::string> missing_;  // characters that no font has: the output's thread adds them while it lives
 };

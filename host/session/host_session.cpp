@@ -16,13 +16,13 @@ Language companyLanguage(const CompanyFile& file, const std::string& asked) {
 }
 
 // Amounts carry the sign of the home currency.
-LocaleFormat companyLocale(const CompanyFile& file, const std::string& asked) {
+LocaleFormat companyLocale(const CompanyFile& file, const std::string& locale) {
     const int home = file.integerFact("HomeCurrencyId", 1);
     sqlite::Statement row(file.handle(), "SELECT CurrencyCode FROM WorldCurrency WHERE InCurrencyId = ?");
     if (!row.bind(1, home).step())
         throw InputError("The company file " + file.path() + " has no home currency: WorldCurrency lacks the key " +
                          std::to_string(home));
-    return makeLocaleFormat(asked.empty() ? file.fact("Locale", "en_CA") : asked, row.text(0));
+    return makeLocaleFormat(locale, row.text(0));
 }
 
 std::tm localTime() {
@@ -47,7 +47,8 @@ Date dayOf(const std::tm& local) {
 HostSession::HostSession(const SessionOptions& options, Messages& messages)
     : file_(options.company),
       language_(companyLanguage(file_, options.language)),
-      locale_(companyLocale(file_, options.locale)),
+      localeName_(options.locale.empty() ? file_.fact("Locale", "en_CA") : options.locale),
+      locale_(companyLocale(file_, localeName_)),
       company_(file_, language_.code(), options.dialect, options.settings, options.parameters),
       utils_(company_.DatabaseKind(), locale_, language_),
       localizer_(language_),

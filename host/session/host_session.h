@@ -58,11 +58,14 @@ public:
     // The time of day, "14:05", where the clock gives the session's date; empty where the caller fixed it, so that the
     // same run gives the same pages.
     const std::string& clockTime() const { return clockTime_; }
+    // The name of the locale in which it formats: "fr_CA".
+    const std::string& localeName() const { return localeName_; }
     std::string companyName() const { return file_.fact("Name", ""); }
 
 private:
     CompanyFile file_;
     Language language_;
+    std::string localeName_;
     LocaleFormat locale_;
     SessionCompany company_;
     HostReportUtils utils_;

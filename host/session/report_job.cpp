@@ -148,6 +148,25 @@ std::string ReportJob::period() const {
     return to_ == noEndLimit ? text : text + session_.GetText(3012) + " " + date(to_);
 }
 
+void ReportJob::collectInto(ComparableCollector& collector) {
+    auto* comparable = dynamic_cast<IComparableReport*>(report_.get());
+    if (comparable == nullptr) refuse("has no comparable tables");
+    comparable->IComparableReport_ComparableReportGen(&collector);
+}
+
+ComparableTables ReportJob::comparableTables(const ComparableCollector& collector) const {
+    auto& comparable = dynamic_cast<IComparableReport&>(*report_);
+    const CurrencyInfo& currencies = session_.currencyInfo();
+    const std::string home = std::to_string(currencies.CieHomeCurrencyId());
+    return {comparable.IComparableReport_InternalName(),
+            comparable.IComparableReport_FullName(),
+            session_.companyName(),
+            period(),
+            session_.localeName(),
+            currencies.currencies().Item(home).CurrencyCode,
+            collector.tables()};
+}
+
 RunEnd ReportJob::run(PageSink& sink, TextMeasure& measure, RunOptions options) {
     const auto refusal = [this] { return filter_ ? filter_->failure() : std::string(); };
     const auto asked = std::move(options.proceed);

@@ -8,6 +8,7 @@
 #include "framework/engine/engine.h"
 #include "framework/page_texts.h"
 #include "framework/report_factory.h"
+#include "host/comparable/comparable_tables.h"
 #include "host/filter/filter_tool.h"
 #include "host/session/host_session.h"
 
@@ -46,6 +47,11 @@ public:
 
     // What the host's frame says around the pages.
     PageFrameTexts pageTexts() const;
+
+    // Has the report write its comparable tables too, while it runs. Throws InputError when it has none.
+    void collectInto(ComparableCollector& collector);
+    // The tables that were collected, with what is to be known beside them.
+    ComparableTables comparableTables(const ComparableCollector& collector) const;
 
     // Runs the report. Throws InputError when the filter was refused: then no page has left. Throws what runReport
     // throws.
