@@ -5,6 +5,7 @@
 
 #include "apps/quillo/company_commands.h"
 #include "apps/quillo/compare_command.h"
+#include "apps/quillo/drill_command.h"
 #include "apps/quillo/run_command.h"
 
 namespace quillo::app {
@@ -29,11 +30,29 @@ void addPairs(CLI::App& command, const std::string& name, NamedValues& target, c
         ->expected(1);
 }
 
-void addRunOptions(CLI::App& run, RunRequest& request) {
-    run.add_option("member", request.member, "The report: a name that \"quillo list\" gives")->required();
+// What a report and a record are printed with.
+void addPrintOptions(CLI::App& run, RunRequest& request) {
     run.add_option("--company", request.company, "The company file")->type_name("DB");
     run.add_option("--from", request.from, "First day, 2024-01-01; without it there is no limit")->type_name("DATE");
     run.add_option("--to", request.to, "Last day")->type_name("DATE");
+    run.add_option("--language", request.language, "en, fr, a file of texts, or ids to see each text's number")
+        ->type_name("L");
+    run.add_option("--locale", request.locale, "Formats of dates, numbers and money: fr_CA")->type_name("L");
+    run.add_option("--dialect", request.dialect, "sqlserver (default) or jet")->type_name("D");
+    run.add_option("--session-date", request.sessionDate, "The date of the session, printed as today's")
+        ->type_name("DATE");
+    run.add_option("--format", request.format, "pdf, png or json; else by the file's ending")->type_name("F");
+    run.add_option("-o,--output", request.output, "The file to write; JSON goes to standard output without it")
+        ->type_name("FILE");
+    run.add_option("--resolution", request.resolution, "Dots to the inch of a PNG")->check(CLI::Range(20.0, 1200.0));
+    addPairs(run, "--setting", request.settings, "A numbered company setting for this run: 104=0");
+    addPairs(run, "--parameter", request.parameters, "A company parameter for this run: UseAccountNumbers=False");
+    run.add_option("--max-pages", request.maxPages, "Stop a run that gives more pages")->check(CLI::Range(1, 10000000));
+}
+
+void addRunOptions(CLI::App& run, RunRequest& request) {
+    run.add_option("member", request.member, "The report: a name that \"quillo list\" gives")->required();
+    addPrintOptions(run, request);
     run.add_flag("--foreign", request.foreign, "Amounts in foreign currency");
     run.add_option("--where", request.where, "Condition over the report's tables: \"CustId BETWEEN 'A' AND 'M'\"")
         ->type_name("CONDITION");
@@ -46,23 +65,10 @@ void addRunOptions(CLI::App& run, RunRequest& request) {
     run.add_flag("--reevaluate", request.reevaluate, "Re-evaluate foreign balances");
     run.add_option("--rates-date", request.ratesDate, "Date of the rates")->type_name("DATE");
     addPairs(run, "--rate", request.rates, "A rate to home currency: USD=1.35");
-    run.add_option("--language", request.language, "en, fr, a file of texts, or ids to see each text's number")
-        ->type_name("L");
-    run.add_option("--locale", request.locale, "Formats of dates, numbers and money: fr_CA")->type_name("L");
-    run.add_option("--dialect", request.dialect, "sqlserver (default) or jet")->type_name("D");
-    run.add_option("--session-date", request.sessionDate, "The date of the session, printed as today's")
-        ->type_name("DATE");
-    run.add_option("--format", request.format, "pdf, png or json; else by the file's ending")->type_name("F");
-    run.add_option("-o,--output", request.output, "The file to write; JSON goes to standard output without it")
-        ->type_name("FILE");
-    run.add_option("--resolution", request.resolution, "Dots to the inch of a PNG")->check(CLI::Range(20.0, 1200.0));
     run.add_option("--trace-sql", request.traceSql, "Write every SQL text with its parameters, a JSON object a line")
         ->type_name("FILE");
     run.add_option("--comparable", request.comparable, "Write the comparable tables (XML) of a report that has them")
         ->type_name("FILE");
-    addPairs(run, "--setting", request.settings, "A numbered company setting for this run: 104=0");
-    addPairs(run, "--parameter", request.parameters, "A company parameter for this run: UseAccountNumbers=False");
-    run.add_option("--max-pages", request.maxPages, "Stop a run that gives more pages")->check(CLI::Range(1, 10000000));
 }
 
 // "quillo run MEMBER --help" tells of the report, not only of the command.
@@ -77,7 +83,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     program.require_subcommand(1);
     program.set_version_flag("--version", "quillo 1.0.0");
 
-    std::string path, other, output, language = "en";
+    std::string path, other, output, tag, till, language = "en";
     int scale = 1;
     std::uint64_t seed = 1;
     bool books = false;
@@ -105,6 +111,12 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
         "Example: quillo run CustList --company demo.db --where \"Name LIKE 'A%'\" --order Name -o customers.pdf\n"
         "\"quillo run MEMBER --help\" tells a report's own properties and options.");
 
+    auto* drill = program.add_subcommand("drill", "Follow a link of a page: print what it leads to");
+    drill->add_option("tag", tag, "The link as the page has it: \"INV|1234\", \"Invoice|7|17\"")->required();
+    drill->add_option("--by", till, "Whose key a link of the day end carries: user or register")
+        ->check(CLI::IsMember({"user", "register"}));
+    addPrintOptions(*drill, request);
+
     try {
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
         program.parse(reversed);
@@ -131,7 +143,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
         compareFiles(path, other, output, console);
     } else {
         if (request.company.empty()) throw UsageError("--company is required: a company file");
-        return runReportCommand(request, console);
+        return *drill ? drillCommand(tag, till, request, console) : runReportCommand(request, console);
     }
     return ExitStatus::done;
 }

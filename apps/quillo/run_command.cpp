@@ -56,15 +56,6 @@ void requireCompany(const std::string& path) {
     }
 }
 
-std::unique_ptr<HostSession> openSession(const SessionOptions& options, Messages& messages) {
-    requireCompany(options.company);
-    try {
-        return std::make_unique<HostSession>(options, messages);
-    } catch (const std::exception& failure) {
-        throw UsageError(failure.what());
-    }
-}
-
 const clsReport::Member& memberOf(const std::string& name) {
     if (const auto* member = clsReport::findMember(name)) return *member;
     throw UsageError("there is no report \"" + name + "\"; \"quillo list\" names them all");
@@ -100,7 +91,7 @@ public:
           console_(console),
           member_(memberOf(request.member)),
           messages_(console),
-          session_(openSession(sessionOptions(request), messages_)) {}
+          session_(openSession(request, messages_)) {}
 
     int go() {
         try {
@@ -218,6 +209,16 @@ private:
 };
 
 }  // namespace
+
+std::unique_ptr<HostSession> openSession(const RunRequest& request, Messages& messages) {
+    const SessionOptions options = sessionOptions(request);
+    requireCompany(options.company);
+    try {
+        return std::make_unique<HostSession>(options, messages);
+    } catch (const std::exception& failure) {
+        throw UsageError(failure.what());
+    }
+}
 
 int runReportCommand(const RunRequest& request, const Console& console) {
     return Run(request, console).go();

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "apps/quillo/console.h"
+#include "host/session/host_session.h"
 
 namespace quillo::app {
 
@@ -40,6 +42,10 @@ struct RunRequest {
     int maxPages = 100000;
     double resolution = 110;
 };
+
+// The session that a request asks for. Throws UsageError for what it cannot be, CompanyError when the company cannot be
+// opened. messages must outlive it.
+std::unique_ptr<HostSession> openSession(const RunRequest& request, Messages& messages);
 
 // Runs a report as asked. Throws UsageError and CompanyError; gives the exit status otherwise.
 int runReportCommand(const RunRequest& request, const Console& console);

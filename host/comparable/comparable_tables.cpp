@@ -96,9 +96,8 @@ private:
         if (right != nullptr) compared.right = right->value;
         const auto before = leftAmounts_.read(compared.left), after = rightAmounts_.read(compared.right);
         if (before && after) compared.difference = *after - *before;
-        compared.equal =
-            left != nullptr && right != nullptr &&
-            (compared.difference ? compared.difference->isZero() : compared.left == compared.right);
+        compared.equal = left != nullptr && right != nullptr &&
+                         (compared.difference ? compared.difference->isZero() : compared.left == compared.right);
         cells_.push_back(std::move(compared));
     }
 

@@ -126,11 +126,15 @@ void ReportJob::giveFilter(const ReportWish& wish) {
     filterable->IFilterableReport_FilterTool(*filter_);
 }
 
+PageFrameTexts frameTexts(const HostSession& session, std::string title, std::string period) {
+    std::string printed = session.GetText(printedOn) + " " + session.locale().shortDate(session.SessionDate());
+    if (!session.clockTime().empty()) printed += " " + session.clockTime();
+    return {session.companyName(),     std::move(title),        std::move(printed),
+            session.GetText(pageWord), session.GetText(ofWord), std::move(period)};
+}
+
 PageFrameTexts ReportJob::pageTexts() const {
-    std::string printed = session_.GetText(printedOn) + " " + session_.locale().shortDate(session_.SessionDate());
-    if (!session_.clockTime().empty()) printed += " " + session_.clockTime();
-    return {session_.companyName(),     contract_->IReport_ReportTitle(), printed,
-            session_.GetText(pageWord), session_.GetText(ofWord),         period()};
+    return frameTexts(session_, contract_->IReport_ReportTitle(), period());
 }
 
 // The dates that the run covers, where the report does not print them itself.

@@ -31,6 +31,9 @@ struct ReportWish {
     NamedValues rates{};  // currency code and rate to home currency
 };
 
+// What the host's frame says around the pages of a title.
+PageFrameTexts frameTexts(const HostSession& session, std::string title, std::string period = {});
+
 // One report on its way from a wish to its pages: made by the factory, given its contract, properties, options,
 // segments, rates and filter, and run. Belongs to one session, which must outlive it; runs once.
 class ReportJob {

@@ -1,0 +1,80 @@
+#include "apps/quillo/drill_command.h"
+
+#include <algorithm>
+
+#include "apps/quillo/outputs.h"
+#include "framework/values/errors.h"
+#include "host/drill/drill_target.h"
+#include "host/drill/record_card.h"
+#include "host/session/report_job.h"
+#include "output/font_measure.h"
+#include "output/shaper.h"
+
+namespace quillo::app {
+namespace {
+
+bool isThere(HostSession& session, const char* query, std::string_view key) {
+    sqlite::Statement row(session.file().handle(), query);
+    return row.bind(1, key).step();
+}
+
+TillKey askCompany(HostSession& session, std::string_view key) {
+    if (isThere(session, "SELECT 1 FROM CashierUser WHERE UsrKey = ?", key)) return TillKey::user;
+    if (isThere(session, "SELECT 1 FROM CashRegister WHERE TrxSerNo = ?", key)) return TillKey::register_;
+    throw InputError("The company has no user and no cash register \"" + std::string(key) + "\"; --by tells whose it is");
+}
+
+DrillTarget targetOf(const std::string& tag, const std::string& by, HostSession& session) {
+    return readDrillTag(tag, [&](std::string_view key) {
+        if (by.empty()) return askCompany(session, key);
+        return by == "user" ? TillKey::user : TillKey::register_;
+    });
+}
+
+OutputRequest outputRequest(const RunRequest& request, const HostSession& session, const std::string& title,
+                            const ConsoleMessages& messages) {
+    OutputRequest output;
+    output.format = request.format;
+    output.path = request.output;
+    output.resolution = request.resolution;
+    output.report = output.member = "RecordCard";
+    output.title = title;
+    output.language = session.language().code();
+    output.frame = frameTexts(session, title);
+    output.sessionDate = session.SessionDate();
+    output.failures = [&messages] { return messages.shown(); };
+    output.missing = [](const std::string&) {};  // a box stands for it, and can be seen
+    return output;
+}
+
+int printCards(const RecordTarget& target, const RunRequest& request, HostSession& session,
+               const ConsoleMessages& messages, const Console& console) {
+    auto cards = readRecordCards(target, session.file(), session);
+    const OutputRequest output = outputRequest(request, session, cards.front().title, messages);
+    const auto report = makeCardReport(session, std::move(cards));
+    FontMeasure measure(makeTextShaper([](const std::string&) {}));
+    const auto sink = openOutput(output, console, measure);
+    RunOptions options;
+    options.maxPages = request.maxPages;
+    runReport(*report, *sink, measure, options);
+    return messages.shown().empty() ? ExitStatus::done : ExitStatus::failures;
+}
+
+}  // namespace
+
+int drillCommand(const std::string& tag, const std::string& by, RunRequest request, const Console& console) {
+    ConsoleMessages messages(console);
+    const auto session = openSession(request, messages);
+    try {
+        const DrillTarget target = targetOf(tag, by, *session);
+        if (!target.leadsToReport()) return printCards(target.records, request, *session, messages, console);
+        request.member = target.report.member;
+        request.properties.insert(request.properties.end(), target.report.properties.begin(),
+                                  target.report.properties.end());
+    } catch (const InputError& failure) {
+        throw UsageError(failure.what());
+    }
+    return runReportCommand(request, console);
+}
+
+}  // namespace quillo::app
