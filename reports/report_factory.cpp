@@ -7,6 +7,12 @@
 #include "framework/values/names.h"
 #include "reports/cash_receipts/dsrCashReceiptsDetail.h"
 #include "reports/cash_receipts/dsrCashReceiptsSummary.h"
+#include "reports/day_end/dsrDayEndBalanceByCashDepDetail.h"
+#include "reports/day_end/dsrDayEndBalanceByCashInvDetail.h"
+#include "reports/day_end/dsrDayEndBalanceByCashPmtDetail.h"
+#include "reports/day_end/dsrDayEndBalanceByUsrDepDetail.h"
+#include "reports/day_end/dsrDayEndBalanceByUsrInvDetail.h"
+#include "reports/day_end/dsrDayEndBalanceByUsrPmtDetail.h"
 #include "reports/lists/dsrCustCustomFieldList.h"
 #include "reports/lists/dsrCustList.h"
 #include "reports/lists/dsrCustListShipAddr.h"
@@ -73,13 +79,13 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     BY_HAND(CollectionLetter, dsrCollectionLetters, "TextLetter, oMainApp", CollectionLetter(), false) \
     TO_COME(CustTransHistoryRepNova, dsrCustTransHistoryRepNova)                                       \
     TO_COME(DayEndBalanceByCash, dsrDayEndBalanceByCash)                                               \
-    TO_COME(DayEndBalanceByCashInvDetail, dsrDayEndBalanceByCashInvDetail)                             \
-    TO_COME(DayEndBalanceByCashPmtDetail, dsrDayEndBalanceByCashPmtDetail)                             \
-    TO_COME(DayEndBalanceByCashDepDetail, dsrDayEndBalanceByCashDepDetail)                             \
+    WRITTEN(DayEndBalanceByCashInvDetail, dsrDayEndBalanceByCashInvDetail)                             \
+    WRITTEN(DayEndBalanceByCashPmtDetail, dsrDayEndBalanceByCashPmtDetail)                             \
+    WRITTEN(DayEndBalanceByCashDepDetail, dsrDayEndBalanceByCashDepDetail)                             \
     TO_COME(DayEndBalanceByUsr, dsrDayEndBalanceByUsr)                                                 \
-    TO_COME(DayEndBalanceByUsrInvDetail, dsrDayEndBalanceByUsrInvDetail)                               \
-    TO_COME(DayEndBalanceByUsrPmtDetail, dsrDayEndBalanceByUsrPmtDetail)                               \
-    TO_COME(DayEndBalanceByUsrDepDetail, dsrDayEndBalanceByUsrDepDetail)                               \
+    WRITTEN(DayEndBalanceByUsrInvDetail, dsrDayEndBalanceByUsrInvDetail)                               \
+    WRITTEN(DayEndBalanceByUsrPmtDetail, dsrDayEndBalanceByUsrPmtDetail)                               \
+    WRITTEN(DayEndBalanceByUsrDepDetail, dsrDayEndBalanceByUsrDepDetail)                               \
     WRITTEN(DocumentsToApprove, dsrDocumentsToApprove)                                                 \
     TO_COME(ConsumedStatisticsByItem, dsrItemConsumedList)                                             \
     TO_COME(ConsumedStatisticsByPeriod, dsrConsumedStatsByPeriod)

@@ -21,7 +21,8 @@ bool isThere(HostSession& session, const char* query, std::string_view key) {
 TillKey askCompany(HostSession& session, std::string_view key) {
     if (isThere(session, "SELECT 1 FROM CashierUser WHERE UsrKey = ?", key)) return TillKey::user;
     if (isThere(session, "SELECT 1 FROM CashRegister WHERE TrxSerNo = ?", key)) return TillKey::register_;
-    throw InputError("The company has no user and no cash register \"" + std::string(key) + "\"; --by tells whose it is");
+    throw InputError("The company has no user and no cash register \"" + std::string(key) +
+                     "\"; --by tells whose it is");
 }
 
 DrillTarget targetOf(const std::string& tag, const std::string& by, HostSession& session) {

@@ -172,6 +172,16 @@ public:
     virtual Money ItemCost(int itemId, Date day, int argumentA, int argumentB, bool flag) = 0;
 };
 
+// The parameters of the tills (section 3 of the cashier's parameters).
+class CashierParameters {
+public:
+    virtual ~CashierParameters() = default;
+    // The payment method that is cash; 0: the drawer counts all methods.
+    virtual int CashPmtMethId() const = 0;
+    // What a drawer holds in the morning, in units of that currency; 0 when nothing is told.
+    virtual Money OpeningAmount(int currencyId) const = 0;
+};
+
 class Settings {
 public:
     virtual ~Settings() = default;
@@ -205,6 +215,8 @@ public:
     virtual DailyRates& dailyRates() = 0;
     virtual FiscalCalendar& fiscalCalendar() = 0;
     virtual ItemCostService& itemCosts() = 0;
+    // Loaded anew, for one report.
+    virtual std::unique_ptr<CashierParameters> newCashierParameters() = 0;
 };
 
 // --- print services ----------------------------------------------------------------------------

@@ -21,7 +21,7 @@ struct CardKind {
     std::vector<LinesOf> tables{};
 };
 
-#define DOCUMENT_COLUMNS                                                                                     \
+#define DOCUMENT_COLUMNS                                                                                          \
     "InvoiHdr.InvoiId AS \"2781\", InvoiType.Description AS \"1372 word\", InvoiHdr.InvoiDate AS \"1912 date\", " \
     "InvoiHdr.TotAmnt AS \"2767 money\""
 
@@ -32,7 +32,8 @@ const std::vector<CardKind>& cardKinds() {
          "SELECT InvoiType.Description AS \"1372 word\", InvoiHdr.InvoiId AS \"2781\", InvoiHdr.InvoiDate AS \"1912 "
          "date\", InvoiHdr.InvoiTime AS \"20235\", InvoiHdr.DueDate AS \"20237 date\", Cust.CustId AS \"1741\", "
          "Cust.Name AS \"3017\", Term.Descr AS \"1911\", InvoiHdr.SalesPerson AS \"1895\", WorldCurrency.CurrencyCode "
-         "AS \"2843\", InvoiHdr.ExchangeRate AS \"20238 number\", InvoiHdr.DetAmnt AS \"1722 money\", InvoiHdr.DiscTotAmnt AS "
+         "AS \"2843\", InvoiHdr.ExchangeRate AS \"20238 number\", InvoiHdr.DetAmnt AS \"1722 money\", "
+         "InvoiHdr.DiscTotAmnt AS "
          "\"2853 money\", InvoiHdr.ShipAmnt AS \"2759 money\", InvoiHdr.TaxAmnt AS \"1896 money\", InvoiHdr.TotAmnt AS "
          "\"2767 money\", InvoiHdr.RecAmnt AS \"20239 money\", PmtMeth.PmtMeth AS \"2796\", InvoiHdr.RecCheqNo AS "
          "\"20240\", InvoiHdr.ExUsrKey AS \"20244\", InvoiHdr.TrxSerNo AS \"20245\" FROM InvoiHdr LEFT JOIN InvoiType "
@@ -57,7 +58,8 @@ const std::vector<CardKind>& cardKinds() {
          2788,
          "SELECT PmtHdr.PmtDate AS \"1912 date\", PmtHdr.ChqNo AS \"20240\", Cust.CustId AS \"1741\", Cust.Name AS "
          "\"3017\", PmtMeth.PmtMeth AS \"2796\", WorldCurrency.CurrencyCode AS \"2843\", PmtHdr.ExchangeRate AS "
-         "\"20238 number\", PmtHdr.PmtTotAmnt AS \"1914 money\", PmtHdr.DiscTotAmnt AS \"2853 money\" FROM PmtHdr LEFT JOIN "
+         "\"20238 number\", PmtHdr.PmtTotAmnt AS \"1914 money\", PmtHdr.DiscTotAmnt AS \"2853 money\" FROM PmtHdr LEFT "
+         "JOIN "
          "Cust ON Cust.InCustId = PmtHdr.ExCustId LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = PmtHdr.ExPmtMethId LEFT "
          "JOIN WorldCurrency ON WorldCurrency.InCurrencyId = PmtHdr.ExCurrencyId WHERE PmtHdr.InPmtId = ?",
          {{20283,
@@ -83,13 +85,13 @@ const std::vector<CardKind>& cardKinds() {
          {{20284,
            "SELECT PurcId AS \"2781\", PurcDate AS \"1912 date\", TotAmnt AS \"2767 money\" FROM PurcHdr WHERE "
            "ExSuppId = ? ORDER BY PurcDate DESC, InPurcId DESC LIMIT 20"}}},
-        {"EMP",
-         20286,
-         "SELECT EmplId AS \"1741\", FirstName AS \"20287\", LastName AS \"20288\", EmplInactive AS \"20233 bool\" FROM "
+        {"EMP", 20286,
+         "SELECT EmplId AS \"1741\", FirstName AS \"20287\", LastName AS \"20288\", EmplInactive AS \"20233 bool\" "
+         "FROM "
          "Empl WHERE InEmplId = ?"},
-        {"PRJ",
-         2098,
-         "SELECT ProjId AS \"1741\", Descr AS \"1789\", BegDate AS \"2633 date\", EndDate AS \"2635 date\", EstSales AS "
+        {"PRJ", 2098,
+         "SELECT ProjId AS \"1741\", Descr AS \"1789\", BegDate AS \"2633 date\", EndDate AS \"2635 date\", EstSales "
+         "AS "
          "\"5438 money\", EstPurch AS \"5439 money\", EstHours AS \"5440 number\", Inactive AS \"20233 bool\" FROM "
          "ProjInfo WHERE InProjId = ?"},
         {"ITM",
@@ -106,7 +108,8 @@ const std::vector<CardKind>& cardKinds() {
          "SELECT WarehouseId AS \"1741\", Name AS \"3017\", WarehouseInactive AS \"20233 bool\" FROM Warehouse WHERE "
          "InWarehouseId = ?",
          {{20290,
-           "SELECT Item.ItemId AS \"1780\", Item.Descr1 AS \"1789\", SUM(InvenDet.Qty) AS \"4022 number\" FROM InvenDet "
+           "SELECT Item.ItemId AS \"1780\", Item.Descr1 AS \"1789\", SUM(InvenDet.Qty) AS \"4022 number\" FROM "
+           "InvenDet "
            "INNER JOIN Item ON Item.InItemId = InvenDet.ExItemId WHERE InvenDet.ExWarehouseId = ? GROUP BY "
            "InvenDet.ExItemId HAVING SUM(InvenDet.Qty) <> 0 ORDER BY 1"}}},
         {"ASB",
@@ -235,8 +238,7 @@ std::vector<RecordCard> readRecordCards(const RecordTarget& target, const Compan
     // Interest is charged by a document of its own.
     const std::string_view wanted = target.kind == "ADM" ? "INV" : std::string_view(target.kind);
     const auto& kinds = cardKinds();
-    const auto kind =
-        std::find_if(kinds.begin(), kinds.end(), [&](const CardKind& one) { return one.kind == wanted; });
+    const auto kind = std::find_if(kinds.begin(), kinds.end(), [&](const CardKind& one) { return one.kind == wanted; });
     if (kind == kinds.end()) throw InputError("There are no record cards of the kind " + target.kind);
     std::vector<RecordCard> cards;
     for (const int key : target.keys) cards.push_back(cardOf(*kind, key, company, context));

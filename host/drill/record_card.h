@@ -26,7 +26,7 @@ struct RecordCard {
         std::string caption, value;
     };
     std::string title;
-    std::vector<Fact> facts{};  // those that the record has
+    std::vector<Fact> facts{};    // those that the record has
     std::vector<Table> tables{};  // those that have rows
 };
 

@@ -7,6 +7,7 @@
 #include "framework/services/services.h"
 #include "host/company/company_file.h"
 #include "host/services/address_book.h"
+#include "host/services/cashier_parameters.h"
 #include "host/services/company_lists.h"
 #include "host/services/currencies.h"
 #include "host/services/customer_statistics.h"
@@ -40,6 +41,9 @@ public:
     DailyRates& dailyRates() override { return dailyRates_; }
     FiscalCalendar& fiscalCalendar() override { return fiscalCalendar_; }
     ItemCostService& itemCosts() override { return itemCosts_; }
+    std::unique_ptr<CashierParameters> newCashierParameters() override {
+        return std::make_unique<SqliteCashierParameters>(file_.handle(), currencies_);
+    }
 
     CompanyCurrencies& currencies() { return currencies_; }
     GeneralLedgerQueries& generalLedger() { return generalLedger_; }

@@ -29,11 +29,10 @@ TEST(DrillTag, OfTheDayEndLeadsToTheReportBehindAFigure) {
                                              {"AmountIs", ""},
                                              {"CashPmt", "false"}}));
     const ReportTarget drawer = read("Payment|Cash|Nadia||Neg|").report;
-    EXPECT_EQ(drawer.properties, (Properties{{"UsrNo", "Nadia"},
-                                             {"PmtMeth", "Cash"},
-                                             {"CurrencyID", "0"},
-                                             {"AmountIs", "Neg"},
-                                             {"CashPmt", "true"}}));
+    EXPECT_EQ(
+        drawer.properties,
+        (Properties{
+            {"UsrNo", "Nadia"}, {"PmtMeth", "Cash"}, {"CurrencyID", "0"}, {"AmountIs", "Neg"}, {"CashPmt", "true"}}));
     const ReportTarget deposit = read("Deposit| |MTL-01|", TillKey::register_).report;
     EXPECT_EQ(deposit.member, "DayEndBalanceByCashDepDetail");
     EXPECT_EQ(deposit.properties, (Properties{{"TrxSerNo", "MTL-01"}}));
@@ -51,7 +50,8 @@ TEST(DrillTag, OfADocumentOrAMasterLeadsToItsRecord) {
     EXPECT_EQ(record("17"), "CUS 17") << "a bare key is a customer's";
     EXPECT_EQ(record("ReceiptPayment|4,19"), "PMT 4 19");
     EXPECT_EQ(record("ARAdjust|SELECT SUM(DetAmnt)"), "ARAdjust");
-    for (const char* wrong : {"", "INV|", "INV|x", "INV|99999999999", "FOO|1", "mailto:a@b.example", "http://b.example"})
+    for (const char* wrong :
+         {"", "INV|", "INV|x", "INV|99999999999", "FOO|1", "mailto:a@b.example", "http://b.example"})
         EXPECT_THROW(read(wrong), InputError) << wrong;
 }
 
