@@ -7,9 +7,11 @@
 #include "framework/values/names.h"
 #include "reports/cash_receipts/dsrCashReceiptsDetail.h"
 #include "reports/cash_receipts/dsrCashReceiptsSummary.h"
+#include "reports/day_end/dsrDayEndBalanceByCash.h"
 #include "reports/day_end/dsrDayEndBalanceByCashDepDetail.h"
 #include "reports/day_end/dsrDayEndBalanceByCashInvDetail.h"
 #include "reports/day_end/dsrDayEndBalanceByCashPmtDetail.h"
+#include "reports/day_end/dsrDayEndBalanceByUsr.h"
 #include "reports/day_end/dsrDayEndBalanceByUsrDepDetail.h"
 #include "reports/day_end/dsrDayEndBalanceByUsrInvDetail.h"
 #include "reports/day_end/dsrDayEndBalanceByUsrPmtDetail.h"
@@ -78,11 +80,11 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     TO_COME(CustAgingGraphic, dsrCustAgingGraphic)                                                     \
     BY_HAND(CollectionLetter, dsrCollectionLetters, "TextLetter, oMainApp", CollectionLetter(), false) \
     TO_COME(CustTransHistoryRepNova, dsrCustTransHistoryRepNova)                                       \
-    TO_COME(DayEndBalanceByCash, dsrDayEndBalanceByCash)                                               \
+    WRITTEN(DayEndBalanceByCash, dsrDayEndBalanceByCash)                                               \
     WRITTEN(DayEndBalanceByCashInvDetail, dsrDayEndBalanceByCashInvDetail)                             \
     WRITTEN(DayEndBalanceByCashPmtDetail, dsrDayEndBalanceByCashPmtDetail)                             \
     WRITTEN(DayEndBalanceByCashDepDetail, dsrDayEndBalanceByCashDepDetail)                             \
-    TO_COME(DayEndBalanceByUsr, dsrDayEndBalanceByUsr)                                                 \
+    WRITTEN(DayEndBalanceByUsr, dsrDayEndBalanceByUsr)                                                 \
     WRITTEN(DayEndBalanceByUsrInvDetail, dsrDayEndBalanceByUsrInvDetail)                               \
     WRITTEN(DayEndBalanceByUsrPmtDetail, dsrDayEndBalanceByUsrPmtDetail)                               \
     WRITTEN(DayEndBalanceByUsrDepDetail, dsrDayEndBalanceByUsrDepDetail)                               \

@@ -9,18 +9,21 @@ dsrDayEndBalanceByCashInvDetail::dsrDayEndBalanceByCashInvDetail(HostContext& co
 
 Till::Query dsrDayEndBalanceByCashInvDetail::query() {
     Till::Query query{codeColumn("Code")};
-    query.add(" GLAcct.GLAcctId, GLAcct.Descr as GLAcctDescr, InvoiHdr.*, InvoiDet.ExInvoiId, "
-              " InvoiDet.ExSaleAcctId, "
-              " (InvoiDet.UnitPrice * InvoiHdr.ExchangeRate) As UnitPrice,"
-              " (InvoiDet.Qty * InvoiDet.UnitPrice * (1 - InvoiDet.DiscPercent/100) * InvoiHdr.ExchangeRate) As Price,")
+    query
+        .add(
+            " GLAcct.GLAcctId, GLAcct.Descr as GLAcctDescr, InvoiHdr.*, InvoiDet.ExInvoiId, "
+            " InvoiDet.ExSaleAcctId, "
+            " (InvoiDet.UnitPrice * InvoiHdr.ExchangeRate) As UnitPrice,"
+            " (InvoiDet.Qty * InvoiDet.UnitPrice * (1 - InvoiDet.DiscPercent/100) * InvoiHdr.ExchangeRate) As Price,")
         .add(context().utils().RoundExpression("(InvoiDet.Qty * InvoiDet.UnitPrice  * InvoiHdr.ExchangeRate)", false))
-        .add(" as Price1, InvoiDet.DiscPercent"
-             " FROM (InvoiHdr INNER JOIN (InvoiDet LEFT JOIN Item ON InvoiDet.ExItemId = Item.InItemId) ON "
-             " InvoiHdr.InInvoiId = InvoiDet.ExInvoiId) LEFT JOIN GLAcct ON "
-             " GLAcct.InGLAcctId = InvoiDet.ExSaleAcctId WHERE "
-             " InvoiDet.ExSaleAcctId = ?"
-             " AND InvoiHdr.CashierSale <> 0 AND InvoiHdr.InvoiType NOT IN(",
-             {GLAcctId})
+        .add(
+            " as Price1, InvoiDet.DiscPercent"
+            " FROM (InvoiHdr INNER JOIN (InvoiDet LEFT JOIN Item ON InvoiDet.ExItemId = Item.InItemId) ON "
+            " InvoiHdr.InInvoiId = InvoiDet.ExInvoiId) LEFT JOIN GLAcct ON "
+            " GLAcct.InGLAcctId = InvoiDet.ExSaleAcctId WHERE "
+            " InvoiDet.ExSaleAcctId = ?"
+            " AND InvoiHdr.CashierSale <> 0 AND InvoiHdr.InvoiType NOT IN(",
+            {GLAcctId})
         .add(Till::uncounted)
         .add(")");
     if (!TrxSerNo.empty()) query.add(" AND InvoiHdr.TrxSerNo = ?", {TrxSerNo});

@@ -4,7 +4,8 @@
 
 namespace quillo {
 
-// The receipts of one cash register: what stands behind a payment method of the day end by register, or a line of its drawer.
+// The receipts of one cash register: what stands behind a payment method of the day end by register, or a line of its
+// drawer.
 class dsrDayEndBalanceByCashPmtDetail final : public DayEndPaymentDetail {
 public:
     explicit dsrDayEndBalanceByCashPmtDetail(HostContext& context);

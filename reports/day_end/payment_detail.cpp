@@ -24,8 +24,8 @@ void DayEndPaymentDetail::ActiveReport_ReportStart() {
 int DayEndPaymentDetail::findMethod() {
     const int cash = CashPmt ? CashParams(context()).CashPmtMethId() : 0;
     if (PmtMeth.empty()) return cash;
-    const auto method = context().company().Database().OpenRecordset("SELECT InPmtMethId FROM PmtMeth WHERE PmtMeth=?",
-                                                                     4, 0, PmtMeth);
+    const auto method =
+        context().company().Database().OpenRecordset("SELECT InPmtMethId FROM PmtMeth WHERE PmtMeth=?", 4, 0, PmtMeth);
     return method->atEnd() ? cash : method->Value("InPmtMethId", ValueType::integer).int32OrZero();
 }
 
@@ -94,16 +94,16 @@ void DayEndPaymentDetail::addSignedReceipts(Till::Query& query, const std::strin
 }
 
 void DayEndPaymentDetail::addSignedHeaderReceipts(Till::Query& query, const std::string& sign) const {
-    query.add("(SELECT 2 as Code, InvoiHdr.InvoiDate, InvoiHdr.InvoiType , InvoiHdr.InvoiTime, InvoiHdr.InInvoiId, "
-              " InvoiHdr.InvoiId, " +
-              of("InvoiHdr") + ", PmtMeth.PmtMeth AS RecMeth," +
-              rounded("(InvoiHdr.RecAmnt * InvoiHdr.ExchangeRate)") +
-              " as RecAmntRecalc,"
-              " InvoiHdr.RecAmnt,"
-              " InvoiHdr.RecCheqNo, InvoiHdr.ExUsrKey As UserName,WorldCurrency.CurrencyCode "
-              " FROM (InvoiHdr"
-              " INNER JOIN WorldCurrency ON InvoiHdr.ExCurrencyId = WorldCurrency.InCurrencyId) "
-              " LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = InvoiHdr.ExPmtMethId ");
+    query.add(
+        "(SELECT 2 as Code, InvoiHdr.InvoiDate, InvoiHdr.InvoiType , InvoiHdr.InvoiTime, InvoiHdr.InInvoiId, "
+        " InvoiHdr.InvoiId, " +
+        of("InvoiHdr") + ", PmtMeth.PmtMeth AS RecMeth," + rounded("(InvoiHdr.RecAmnt * InvoiHdr.ExchangeRate)") +
+        " as RecAmntRecalc,"
+        " InvoiHdr.RecAmnt,"
+        " InvoiHdr.RecCheqNo, InvoiHdr.ExUsrKey As UserName,WorldCurrency.CurrencyCode "
+        " FROM (InvoiHdr"
+        " INNER JOIN WorldCurrency ON InvoiHdr.ExCurrencyId = WorldCurrency.InCurrencyId) "
+        " LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = InvoiHdr.ExPmtMethId ");
     open(query, "InvoiHdr");
     query.add(" InvoiHdr.InvoiDate BETWEEN ? AND ? ", {m_dtDateFrom, m_dtDateTo})
         .add(" AND InvoiHdr.CashierSale <> 0  AND InvoiHdr.InvoiType = " + std::to_string(Till::order) +
@@ -124,20 +124,21 @@ void DayEndPaymentDetail::addReceipts(Till::Query& query) const {
 }
 
 void DayEndPaymentDetail::addPayments(Till::Query& query) const {
-    query.add("(SELECT 1 as Code, PmtHdr.PmtDate AS InvoiDate, InvoiHdr.InvoiType , InvoiHdr.InvoiTime,"
-              " InvoiHdr.InInvoiId, InvoiHdr.InvoiId, " +
-              of("PmtDet") + " AS " + std::string(taker().column) +
-              ","
-              " PmtMeth.PmtMeth As RecMeth," +
-              rounded("(PmtDet.PmtAmnt * PmtHdr.ExchangeRate)") +
-              " as RecAmntRecalc,"
-              " PmtDet.PmtAmnt AS RecAmnt,"
-              " PmtHdr.ChqNo AS RecCheqNo, PmtDet.ExUsrKey As UserName, WorldCurrency.CurrencyCode"
-              " FROM (((PmtHdr "
-              " INNER JOIN PmtDet ON PmtHdr.InPmtId = PmtDet.ExPmtId) "
-              " INNER JOIN InvoiHdr ON PmtDet.ExInvoiId = InvoiHdr.InInvoiId) "
-              " LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = PmtHdr.ExPmtMethId) "
-              " LEFT JOIN WorldCurrency ON WorldCurrency.InCurrencyId = PmtHdr.ExCurrencyId");
+    query.add(
+        "(SELECT 1 as Code, PmtHdr.PmtDate AS InvoiDate, InvoiHdr.InvoiType , InvoiHdr.InvoiTime,"
+        " InvoiHdr.InInvoiId, InvoiHdr.InvoiId, " +
+        of("PmtDet") + " AS " + std::string(taker().column) +
+        ","
+        " PmtMeth.PmtMeth As RecMeth," +
+        rounded("(PmtDet.PmtAmnt * PmtHdr.ExchangeRate)") +
+        " as RecAmntRecalc,"
+        " PmtDet.PmtAmnt AS RecAmnt,"
+        " PmtHdr.ChqNo AS RecCheqNo, PmtDet.ExUsrKey As UserName, WorldCurrency.CurrencyCode"
+        " FROM (((PmtHdr "
+        " INNER JOIN PmtDet ON PmtHdr.InPmtId = PmtDet.ExPmtId) "
+        " INNER JOIN InvoiHdr ON PmtDet.ExInvoiId = InvoiHdr.InInvoiId) "
+        " LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = PmtHdr.ExPmtMethId) "
+        " LEFT JOIN WorldCurrency ON WorldCurrency.InCurrencyId = PmtHdr.ExCurrencyId");
     open(query, "PmtDet");
     query.add(" PmtDet.CashierPayment <> 0 AND InvoiHdr.InvoiType NOT IN(")
         .add(Till::uncounted)
@@ -150,17 +151,18 @@ void DayEndPaymentDetail::addPayments(Till::Query& query) const {
 // Amount and converted amount stand in the other order than above, so that a deposit on an order prints them so: meant,
 // and of no weight, since the balance never counts it.
 void DayEndPaymentDetail::addHeaderReceipts(Till::Query& query) const {
-    query.add("(SELECT 2 as Code, InvoiHdr.InvoiDate, InvoiHdr.InvoiType , InvoiHdr.InvoiTime, InvoiHdr.InInvoiId,"
-              " InvoiHdr.InvoiId, " +
-              of("InvoiHdr") +
-              ", PmtMeth.PmtMeth AS RecMeth,"
-              " InvoiHdr.RecAmnt, " +
-              rounded("(InvoiHdr.RecAmnt * InvoiHdr.ExchangeRate)") +
-              " as RecAmntRecalc, "
-              " InvoiHdr.RecCheqNo, InvoiHdr.ExUsrKey as UserName,WorldCurrency.CurrencyCode "
-              " FROM (InvoiHdr "
-              " INNER JOIN WorldCurrency ON InvoiHdr.ExCurrencyId = WorldCurrency.InCurrencyId) "
-              " LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = InvoiHdr.ExPmtMethId ");
+    query.add(
+        "(SELECT 2 as Code, InvoiHdr.InvoiDate, InvoiHdr.InvoiType , InvoiHdr.InvoiTime, InvoiHdr.InInvoiId,"
+        " InvoiHdr.InvoiId, " +
+        of("InvoiHdr") +
+        ", PmtMeth.PmtMeth AS RecMeth,"
+        " InvoiHdr.RecAmnt, " +
+        rounded("(InvoiHdr.RecAmnt * InvoiHdr.ExchangeRate)") +
+        " as RecAmntRecalc, "
+        " InvoiHdr.RecCheqNo, InvoiHdr.ExUsrKey as UserName,WorldCurrency.CurrencyCode "
+        " FROM (InvoiHdr "
+        " INNER JOIN WorldCurrency ON InvoiHdr.ExCurrencyId = WorldCurrency.InCurrencyId) "
+        " LEFT JOIN PmtMeth ON PmtMeth.InPmtMethId = InvoiHdr.ExPmtMethId ");
     open(query, "InvoiHdr");
     query.add(" InvoiHdr.CashierSale <> 0 AND InvoiHdr.InvoiDate BETWEEN ? AND ?", {m_dtDateFrom, m_dtDateTo})
         .add(" AND InvoiHdr.InvoiType = " + std::to_string(Till::order));
