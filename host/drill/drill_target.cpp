@@ -58,10 +58,15 @@ ReportTarget tillReport(const std::string& what, const std::string& key, const T
             {{user ? "UsrNo" : "TrxSerNo", key}}};
 }
 
+// A key that a row did not have is 0: it finds nothing.
+std::string keyOrNone(const std::string& part) {
+    return part.empty() ? "0" : part;
+}
+
 // "Invoice|account|key": the sales lines of an account.
 ReportTarget salesLines(const Parts& parts, const TillKeyOf& till) {
     ReportTarget target = tillReport("InvDetail", partOf(parts, 2), till);
-    target.properties.emplace_back("GLAcctId", partOf(parts, 1));
+    target.properties.emplace_back("GLAcctId", keyOrNone(partOf(parts, 1)));
     return target;
 }
 
@@ -70,7 +75,7 @@ ReportTarget receipts(const Parts& parts, const TillKeyOf& till) {
     ReportTarget target = tillReport("PmtDetail", partOf(parts, 2), till);
     const std::string& sign = partOf(parts, 4);
     target.properties.emplace_back("PmtMeth", partOf(parts, 1));
-    target.properties.emplace_back("CurrencyID", partOf(parts, 3).empty() ? "0" : partOf(parts, 3));
+    target.properties.emplace_back("CurrencyID", keyOrNone(partOf(parts, 3)));
     target.properties.emplace_back("AmountIs", sign);
     target.properties.emplace_back("CashPmt", sign.empty() ? "false" : "true");
     return target;

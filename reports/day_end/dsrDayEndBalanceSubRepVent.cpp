@@ -35,8 +35,8 @@ void dsrDayEndBalanceSubRepVent::ghCurrency_Format() {
 std::string dsrDayEndBalanceSubRepVent::methodName() const {
     const int cash = CashParams->CashPmtMethId();
     if (cash == 0) return {};
-    const auto method = context().company().Database().OpenRecordset("SELECT PmtMeth FROM PmtMeth WHERE InPmtMethId=?",
-                                                                     4, 0, cash);
+    const auto method =
+        context().company().Database().OpenRecordset("SELECT PmtMeth FROM PmtMeth WHERE InPmtMethId=?", 4, 0, cash);
     return method->atEnd() ? "" : method->Value("PmtMeth", ValueType::text).textOrEmpty();
 }
 
@@ -73,8 +73,7 @@ void dsrDayEndBalanceSubRepVent::Detail_Format() {
 }
 
 dsrDayEndBalanceSubRepVent::Both dsrDayEndBalanceSubRepVent::GetDeposit() {
-    const std::string rate =
-        context().utils().NullExpression("InvoiCashDeposit.ExchangeRate", "1", false);
+    const std::string rate = context().utils().NullExpression("InvoiCashDeposit.ExchangeRate", "1", false);
     const std::string currency = m_bForeignUsed ? " AND ExCurrencyId=" + std::to_string(m_CurrencyId) : "";
     Till::Query query;
     if (!UserKey.empty()) {

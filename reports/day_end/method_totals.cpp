@@ -20,20 +20,19 @@ void DayEndMethodTotals::ActiveReport_ReportStart() {
 void DayEndMethodTotals::ghCurrency_Format() {
     ghCurrency.Visible = gfCurrency.Visible = m_bForeignUsed;
     if (!m_bForeignUsed || rsDayEndBal.atEnd()) return;
-    STEP(lblForAmnt.Visible =
-             rsDayEndBal.Collect("ExCurrencyId").int32OrZero() != currencies().CieHomeCurrencyId());
+    STEP(lblForAmnt.Visible = rsDayEndBal.Collect("ExCurrencyId").int32OrZero() != currencies().CieHomeCurrencyId());
     STEP(txtCurrencyDescr.Text =
              rsDayEndBal.Collect("CurrencyCode").textOrEmpty() + " - " + rsDayEndBal.Collect("Descr").textOrEmpty());
 }
 
 void DayEndMethodTotals::ghRecMeth_Format() {
     if (rsDayEndBal.atEnd()) return;
-    STEP(txtRecAmnt.Visible = m_bForeignUsed && rsDayEndBal.Collect("ExCurrencyId").int32OrZero() !=
-                                                    currencies().CieHomeCurrencyId());
+    STEP(txtRecAmnt.Visible =
+             m_bForeignUsed && rsDayEndBal.Collect("ExCurrencyId").int32OrZero() != currencies().CieHomeCurrencyId());
     std::string tag;
     STEP(tag = "Payment|" + rsDayEndBal.Collect("RecMeth").textOrEmpty() + "|" +
-               rsDayEndBal.Collect(keyColumn_).textOrEmpty() + "|" +
-               rsDayEndBal.Collect("ExCurrencyId").textOrEmpty() + "| ");
+               rsDayEndBal.Collect(keyColumn_).textOrEmpty() + "|" + rsDayEndBal.Collect("ExCurrencyId").textOrEmpty() +
+               "| ");
     link(tag, {&txtRecMeth, &txtRecAmnt, &txtRecAmntRecalc});
 }
 
