@@ -1,6 +1,9 @@
 #include "framework/query_builder.h"
 
+#include <algorithm>
+
 #include "framework/values/names.h"
+#include "framework/values/text.h"
 
 namespace quillo {
 
@@ -35,6 +38,42 @@ std::string orderClauseBehind(const FilterParts& filter, std::string_view leadin
 std::string orderClauseKeeping(const FilterParts& filter, std::string_view column, std::string_view ownClause) {
     const bool named = containsName(filter.order, column);
     return orderClauseBehind(filter, named ? "" : std::string(column) + ", ", ownClause);
+}
+
+namespace {
+
+std::vector<std::string_view> orderTerms(std::string_view order) {
+    std::vector<std::string_view> terms;
+    while (!order.empty()) {
+        const auto comma = std::min(order.find(','), order.size());
+        terms.push_back(trimmed(order.substr(0, comma)));
+        order.remove_prefix(std::min(comma + 1, order.size()));
+    }
+    return terms;
+}
+
+std::string_view columnOf(std::string_view term) {
+    return term.substr(0, term.find(' '));
+}
+
+}  // namespace
+
+std::vector<std::string> orderColumns(std::string_view order) {
+    std::vector<std::string> columns;
+    for (const std::string_view term : orderTerms(order)) columns.emplace_back(columnOf(term));
+    return columns;
+}
+
+std::string orderClauseBehindAll(const FilterParts& filter, const std::vector<std::string_view>& leading,
+                                 std::string_view ownClause) {
+    if (filter.order.empty()) return std::string(ownClause);
+    std::vector<std::string_view> terms = leading;
+    for (const std::string_view term : orderTerms(filter.order))
+        if (std::ranges::none_of(leading, [&](auto column) { return equalNames(columnOf(term), column); }))
+            terms.push_back(term);
+    std::string clause;
+    for (const std::string_view term : terms) clause.append(clause.empty() ? " ORDER BY " : ", ").append(term);
+    return clause;
 }
 
 std::string orderWithTies(std::string orderClause, const std::vector<std::string_view>& columns) {

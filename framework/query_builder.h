@@ -32,6 +32,13 @@ std::string orderClauseBehind(const FilterParts& filter, std::string_view leadin
 // As before, but a user's order that names the column itself (without regard to case) stands alone.
 std::string orderClauseKeeping(const FilterParts& filter, std::string_view column, std::string_view ownClause);
 
+// The same for groups that need several columns: they always lead, and what the user's order says of them behind that
+// is left out, since it says nothing more and a server refuses a column that stands twice.
+std::string orderClauseBehindAll(const FilterParts& filter, const std::vector<std::string_view>& leading,
+                                 std::string_view ownClause);
+// The columns of an order part, without their directions.
+std::vector<std::string> orderColumns(std::string_view order);
+
 // An order clause, and behind it the columns that keep rows together which belong together, each unless the order names
 // it itself.
 std::string orderWithTies(std::string orderClause, const std::vector<std::string_view>& columns);

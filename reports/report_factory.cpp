@@ -5,6 +5,8 @@
 #include "framework/run_frame.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "reports/ageing/dsrCustTransHistoryRepNova.h"
+#include "reports/ageing/dsrExpectAndExceedPmtByCust.h"
 #include "reports/cash_receipts/dsrCashReceiptsDetail.h"
 #include "reports/cash_receipts/dsrCashReceiptsSummary.h"
 #include "reports/day_end/dsrDayEndBalanceByCash.h"
@@ -45,11 +47,11 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     return nullptr;
 }
 
-// The members in the order of the interface: what each makes, and whether that report is written yet. Those by hand
-// take arguments; their rows tell the call with the arguments' defaults.
-#define QUILLO_MEMBERS(WRITTEN, TO_COME, BY_HAND)                                                      \
-    TO_COME(ExpectedAndExceededPmtByCustSum, dsrExpectAndExceedPmtByCust)                              \
-    TO_COME(ExpectedAndExceededPmtByCustDet, dsrExpectAndExceedPmtByCust)                              \
+// The members in the order of the interface: what each makes, and whether that report is written yet. Those of a type
+// give their report its ReportType; those by hand take arguments, and their rows tell the call with their defaults.
+#define QUILLO_MEMBERS(WRITTEN, TYPED, TO_COME, BY_HAND)                                               \
+    TYPED(ExpectedAndExceededPmtByCustSum, dsrExpectAndExceedPmtByCust, ExpectedPayments::summary)     \
+    TYPED(ExpectedAndExceededPmtByCustDet, dsrExpectAndExceedPmtByCust, ExpectedPayments::detail)      \
     TO_COME(SalesBySalesPersonGraph, dsrSalesBySalesPersonGraph)                                       \
     TO_COME(SalesBySalesPersonSummary, dsrSalesBySalesPersonSummary)                                   \
     WRITTEN(CashReceiptsSummary, dsrCashReceiptsSummary)                                               \
@@ -79,7 +81,7 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     TO_COME(CustAgingSummary, dsrCustAgingSummary)                                                     \
     TO_COME(CustAgingGraphic, dsrCustAgingGraphic)                                                     \
     BY_HAND(CollectionLetter, dsrCollectionLetters, "TextLetter, oMainApp", CollectionLetter(), false) \
-    TO_COME(CustTransHistoryRepNova, dsrCustTransHistoryRepNova)                                       \
+    WRITTEN(CustTransHistoryRepNova, dsrCustTransHistoryRepNova)                                       \
     WRITTEN(DayEndBalanceByCash, dsrDayEndBalanceByCash)                                               \
     WRITTEN(DayEndBalanceByCashInvDetail, dsrDayEndBalanceByCashInvDetail)                             \
     WRITTEN(DayEndBalanceByCashPmtDetail, dsrDayEndBalanceByCashPmtDetail)                             \
@@ -96,13 +98,20 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     clsReport::Object clsReport::member() { \
         return create<report>(#member);     \
     }
+#define TYPED(member, report, type)                            \
+    clsReport::Object clsReport::member() {                    \
+        auto made = create<report>(#member);                   \
+        if (made) STEP(made->setProperty("ReportType", type)); \
+        return made;                                           \
+    }
 #define TO_COME(member, report)             \
     clsReport::Object clsReport::member() { \
         return missing(#member, #report);   \
     }
 #define BY_HAND(...)
-QUILLO_MEMBERS(WRITTEN, TO_COME, BY_HAND)
+QUILLO_MEMBERS(WRITTEN, TYPED, TO_COME, BY_HAND)
 #undef WRITTEN
+#undef TYPED
 #undef TO_COME
 #undef BY_HAND
 
@@ -139,11 +148,13 @@ bool clsReport::ShowItemLine(int ExKitInvoiDetId, bool IsKit) {
 namespace {
 
 #define WRITTEN(member, report) {#member, #report, "", [](clsReport& factory) { return factory.member(); }, true},
+#define TYPED(member, report, type) WRITTEN(member, report)
 #define TO_COME(member, report) {#member, #report, "", [](clsReport& factory) { return factory.member(); }, false},
 #define BY_HAND(member, report, arguments, call, written) \
     {#member, #report, arguments, [](clsReport& factory) { return factory.call; }, written},
-constexpr clsReport::Member catalogue[] = {QUILLO_MEMBERS(WRITTEN, TO_COME, BY_HAND)};
+constexpr clsReport::Member catalogue[] = {QUILLO_MEMBERS(WRITTEN, TYPED, TO_COME, BY_HAND)};
 #undef WRITTEN
+#undef TYPED
 #undef TO_COME
 #undef BY_HAND
 

@@ -182,6 +182,34 @@ public:
     virtual Money OpeningAmount(int currencyId) const = 0;
 };
 
+// What the payment terms ask of a document, and what was paid on it. Amounts are in the document's own currency, days
+// are whole, and both days of a range belong to it. How a term spreads a total over time, by its mode:
+//
+//   1, net days: all of it on one day, a number of days after the document;
+//   4, day of the month: all of it on a day of the next month, or of the month after it for a document that is late in
+//      its month;
+//   2, instalments on fixed dates, and 3, instalments by days after the document: up to a day, the percents of those
+//      instalments that have come due by then, rounded to cents once, halves away from zero. Once the last one has come
+//      due it is the whole total, and never more than that. So instalments add up to the total to the cent, also where
+//      their percents do not add up to 100; an instalment without a date, or without days, is none.
+//
+// A document of modes 1 and 4 carries its one day (InvoiHdr.DueDate), and what is due then is what is outstanding. The
+// questions by term are for modes 2 and 3; a term without instalments of the kind asked for expects nothing, one
+// without a mode neither.
+class PaymentSchedule {
+public:
+    virtual ~PaymentSchedule() = default;
+    // Payments, credits set against it and discounts granted in the range, and what was received on the spot where the
+    // document's own day lies in it. Throws NameError when there is no such document, as OutstandingAtDate does.
+    virtual Money AmountPaidBetween(int invoiceId, Date first, Date last) = 0;
+    // What instalments on fixed dates ask for in the range.
+    virtual Money ExpectedBetweenByTerm(int termId, Money total, Date first, Date last) = 0;
+    // What instalments by days ask for in the range, of a document of that day.
+    virtual Money ExpectedBetweenByTermAndDate(int termId, Date invoiceDate, Money total, Date first, Date last) = 0;
+    // What is open at the end of a day; on a day before the document's own it is the whole total.
+    virtual Money OutstandingAtDate(int invoiceId, Date day) = 0;
+};
+
 class Settings {
 public:
     virtual ~Settings() = default;
@@ -217,6 +245,7 @@ public:
     virtual ItemCostService& itemCosts() = 0;
     // Loaded anew, for one report.
     virtual std::unique_ptr<CashierParameters> newCashierParameters() = 0;
+    virtual PaymentSchedule& paymentSchedule() = 0;
 };
 
 // --- print services ----------------------------------------------------------------------------

@@ -30,6 +30,15 @@ void refuseSecondStatement(const Nodes& nodes) {
         throw DatabaseError("Incorrect syntax near ';'.");
 }
 
+// A comparison with NULL is true of no row, and an IIf would always take its other branch.
+void sayIsNotNull(Nodes& nodes) {
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        sayIsNotNull(nodes[i].children);
+        const std::size_t after = skipSpace(nodes, i + 1);
+        if (nodes[i].isSymbol("<>") && after < nodes.size() && nodes[after].is("NULL")) nodes[i] = wordNode(" IS NOT ");
+    }
+}
+
 bool isSetOperator(const Node& node) {
     return node.isOneOf({"UNION", "EXCEPT", "INTERSECT"});
 }
@@ -160,6 +169,7 @@ std::string rewriteSql(std::string_view text) {
     refuseEmptyLists(*nodes);
     refuseSecondStatement(*nodes);
     rewriteChains(*nodes);
+    sayIsNotNull(*nodes);
     unwrapMembers(*nodes, true);
     sortText(*nodes);
     std::string result;

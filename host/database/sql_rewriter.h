@@ -10,6 +10,7 @@ namespace quillo {
 // never inside a literal or a quoted name:
 //   - IsNull( and LEFT( call functions of our own;
 //   - a chain of + with a text in it joins texts, a chain of & joins them and reads NULL as '';
+//   - <> NULL asks whether there is a value, as those who wrote it meant;
 //   - the members of a union lose their parentheses;
 //   - the outer ORDER BY sorts text by the collation QUILLO, also where an expression has lost it, and
 //     after a union it names result columns without their table.

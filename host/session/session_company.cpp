@@ -20,7 +20,8 @@ SessionCompany::SessionCompany(CompanyFile& file, std::string_view language, std
       generalLedger_(file.handle()),
       dailyRates_(file.handle(), currencies_),
       fiscalCalendar_(file.handle()),
-      itemCosts_(file.handle(), *this) {}
+      itemCosts_(file.handle(), *this),
+      paymentSchedule_(file.handle()) {}
 
 std::string SessionCompany::GetParameter(std::string_view name, std::string_view defaultValue,
                                          std::string_view section) const {

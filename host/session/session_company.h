@@ -15,6 +15,7 @@
 #include "host/services/dictionary.h"
 #include "host/services/fiscal_calendar.h"
 #include "host/services/item_costs.h"
+#include "host/services/payment_schedule.h"
 #include "host/services/settings.h"
 
 namespace quillo {
@@ -44,6 +45,7 @@ public:
     std::unique_ptr<CashierParameters> newCashierParameters() override {
         return std::make_unique<SqliteCashierParameters>(file_.handle(), currencies_);
     }
+    PaymentSchedule& paymentSchedule() override { return paymentSchedule_; }
 
     CompanyCurrencies& currencies() { return currencies_; }
     GeneralLedgerQueries& generalLedger() { return generalLedger_; }
@@ -64,6 +66,7 @@ private:
     SqliteDailyRates dailyRates_;
     SqliteFiscalCalendar fiscalCalendar_;
     SqliteItemCosts itemCosts_;
+    SqlitePaymentSchedule paymentSchedule_;
 };
 
 }  // namespace quillo

@@ -22,12 +22,21 @@ struct Row {
 };
 
 constexpr Row rows[] = {
-    {"TermList", 0, "#6127", false, "F"},           {"CustList", 0, "#6219", false, "F"},
-    {"CustPhoneList", 0, "#6216", false, "F"},      {"ProjectPriceList", 0, "#6312", false, "F"},
-    {"OpenOrders", 1, "#6089", true, "FC"},         {"DocumentsToApprove", 1, "#7568", true, "FC"},
-    {"CustListShipAddr", 0, "#5991", false, "F"},   {"CustCustomFieldList", 0, "#6217", false, "F"},
-    {"SalesJournalDetail", 1, "#6325", true, "FS"}, {"SalesJournalSummary", 1, "#6324", true, "FS"},
-    {"CashReceiptsDetail", 1, "#6082", true, "FS"}, {"CashReceiptsSummary", 1, "#6326", true, "FS"},
+    {"TermList", 0, "#6127", false, "F"},
+    {"CustList", 0, "#6219", false, "F"},
+    {"CustPhoneList", 0, "#6216", false, "F"},
+    {"ProjectPriceList", 0, "#6312", false, "F"},
+    {"OpenOrders", 1, "#6089", true, "FC"},
+    {"DocumentsToApprove", 1, "#7568", true, "FC"},
+    {"CustListShipAddr", 0, "#5991", false, "F"},
+    {"CustCustomFieldList", 0, "#6217", false, "F"},
+    {"SalesJournalDetail", 1, "#6325", true, "FS"},
+    {"SalesJournalSummary", 1, "#6324", true, "FS"},
+    {"CashReceiptsDetail", 1, "#6082", true, "FS"},
+    {"CashReceiptsSummary", 1, "#6326", true, "FS"},
+    {"ExpectedAndExceededPmtByCustDet", 1, "#6054", true, "FCS"},
+    {"ExpectedAndExceededPmtByCustSum", 1, "#6189", true, "FCS"},
+    {"CustTransHistoryRepNova", 1, "#6265", true, ""},
 };
 
 std::string interfacesOf(Report* report) {

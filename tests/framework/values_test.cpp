@@ -216,6 +216,12 @@ TEST(Filters, MergeIntoTheText) {
               " ORDER BY worldcurrency.CURRENCYCODE DESC, Cust.Name");
     EXPECT_EQ(keeping("x=1|"), " ORDER BY own");
     EXPECT_EQ(orderClauseBehind(splitFilter("|Name"), "GLAcctId, ", " ORDER BY own"), " ORDER BY GLAcctId, Name");
+    const auto behindAll = [](std::string_view filter) {
+        return orderClauseBehindAll(splitFilter(filter), {"T.A", "T.B"}, " ORDER BY own");
+    };
+    EXPECT_EQ(behindAll("x = 1|"), " ORDER BY own");
+    EXPECT_EQ(behindAll("|T.C DESC, D"), " ORDER BY T.A, T.B, T.C DESC, D");
+    EXPECT_EQ(behindAll("|t.b DESC, T.AB,T.A"), " ORDER BY T.A, T.B, T.AB");
     EXPECT_EQ(orderWithTies(" ORDER BY own", {"Cust.Id"}), " ORDER BY own, Cust.Id");
     EXPECT_EQ(orderWithTies(" ORDER BY cust.id DESC", {"Cust.Id", "Addr.Id"}), " ORDER BY cust.id DESC, Addr.Id");
 }

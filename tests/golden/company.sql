@@ -98,3 +98,22 @@ INSERT INTO GLDet (SeqNo, DetDate, Source, ExSrcKeyVal, DetRef, DetDesc, ExAcctI
   (10, '2024-01-12', 'ADM', 103, 'N1', 'Ash', 4, 5, NULL, 1, 1, NULL, NULL),
   (11, '2024-02-01', 'INV', 101, 'F1', 'Birch', 1, 1, 0, 1, 1, NULL, 1),
   (11, '2024-02-01', 'INV', 101, 'F1', 'Birch', 4, -1, 0, 1, 1, NULL, 1);
+
+-- What terms ask for: instalments by dates, of which more was paid ahead than was due; instalments by days in US dollars;
+-- net days, paid in part with a discount; a day of the month in euros.
+INSERT INTO PaymentSchedule (ExTermId, Position, Percent, DueDate, Days) VALUES
+  (2, 1, 33.34, '2023-12-15', NULL), (2, 2, 33.33, '2024-01-15', NULL), (2, 3, 33.33, '2024-02-15', NULL),
+  (6, 1, 50, NULL, 15), (6, 2, 50, NULL, 45);
+INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, DueDate, ExCustId, ExTermId, ExCurrencyId, ExchangeRate,
+                      DetAmnt, TotAmnt, RecAmnt, ExSegmentId) VALUES
+  (111, 'T2', 1, '2023-12-05', '2024-02-15', 10, 2, 1, 1, 100.01, 100.01, NULL, 1),
+  (112, 'T6', 1, '2023-12-20', '2024-02-03', 11, 6, 2, 1.35, 60.01, 60.01, 0, 2),
+  (113, 'T1', 1, '2023-12-28', '2024-01-27', 10, 1, 1, 1, 500, 500, 0, NULL),
+  (114, 'T5', 4, '2023-12-26', '2024-01-15', 13, 5, 3, 1.5, 30, 30, 0, 1);
+UPDATE PmtHdr SET ExCustId = 10, ChqNo = 'P1', ExCurrencyId = 1, ExchangeRate = 1 WHERE InPmtId = 201;
+UPDATE PmtHdr SET ExCustId = 11, ChqNo = 'P2', ExCurrencyId = 2, ExchangeRate = 1.35 WHERE InPmtId = 202;
+INSERT INTO PmtHdr (InPmtId, PmtDate, ChqNo, ExCustId, ExCurrencyId, ExchangeRate, ExPmtMethId, PmtTotAmnt, DiscTotAmnt,
+                    ExSegmentId) VALUES
+  (203, '2023-12-20', 'P3', 10, 1, 1, 3, 50, NULL, 1), (204, '2024-01-25', 'P4', 10, 1, 1, 3, 300, 5, 1),
+  (205, '2024-01-26', NULL, 13, 3, NULL, 3, 10, NULL, 1);
+INSERT INTO PmtDet (ExPmtId, ExInvoiId, PmtAmnt, PmtDisc) VALUES (203, 111, 50, NULL), (204, 113, 300, 5), (205, 114, 10, 0);

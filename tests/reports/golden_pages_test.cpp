@@ -29,6 +29,11 @@ constexpr OwnRun ownRuns[] = {
      [](ReportRun& run) {
          run.options = {{"chkIncludeZeroOrders", false}};
      }},
+    {"ExpectedAndExceededPmtByCustDet", "-all",
+     [](ReportRun& run) {
+         run.options = {{"chkShowZeroTransaction", true}};
+     }},
+    {"ExpectedAndExceededPmtByCustSum", "-customer", [](ReportRun& run) { run.properties["CustId"] = "11"; }},
     {"OpenOrders", "-quotes", [](ReportRun& run) { run.properties["InvoiceType"] = "50"; }},
 };
 
