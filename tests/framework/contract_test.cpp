@@ -37,6 +37,14 @@ constexpr Row rows[] = {
     {"ExpectedAndExceededPmtByCustDet", 1, "#6054", true, "FCS"},
     {"ExpectedAndExceededPmtByCustSum", 1, "#6189", true, "FCS"},
     {"CustTransHistoryRepNova", 1, "#6265", true, ""},
+    {"DayEndBalanceByUsr", 1, "#6026", false, "FC"},
+    {"DayEndBalanceByUsrInvDetail", 1, "#6025", false, ""},
+    {"DayEndBalanceByUsrPmtDetail", 1, "#6025", false, ""},
+    {"DayEndBalanceByUsrDepDetail", 1, "#6025", false, ""},
+    {"DayEndBalanceByCash", 1, "#6025", false, "FC"},
+    {"DayEndBalanceByCashInvDetail", 1, "#6025", false, ""},
+    {"DayEndBalanceByCashPmtDetail", 1, "#6025", false, ""},
+    {"DayEndBalanceByCashDepDetail", 1, "#6025", false, ""},
 };
 
 std::string interfacesOf(Report* report) {

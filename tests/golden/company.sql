@@ -117,3 +117,34 @@ INSERT INTO PmtHdr (InPmtId, PmtDate, ChqNo, ExCustId, ExCurrencyId, ExchangeRat
   (203, '2023-12-20', 'P3', 10, 1, 1, 3, 50, NULL, 1), (204, '2024-01-25', 'P4', 10, 1, 1, 3, 300, 5, 1),
   (205, '2024-01-26', NULL, 13, 3, NULL, 3, 10, NULL, 1);
 INSERT INTO PmtDet (ExPmtId, ExInvoiId, PmtAmnt, PmtDisc) VALUES (203, 111, 50, NULL), (204, 113, 300, 5), (205, 114, 10, 0);
+
+-- A day at two tills: a sale for cash with change, one by card with a discount, one for US notes, one on account; an
+-- order and a sale of the office, which no till counts; a receipt on an old invoice, and one by card at the till.
+INSERT OR REPLACE INTO CashierParameter VALUES (3, 'CashPmtMethId', '4'), (3, 'OpeningAmount', '200'),
+  (3, 'OpeningAmount.USD', '50');
+INSERT OR REPLACE INTO ExchangeRateByDay VALUES (2, '2024-01-01', 1.35);
+INSERT INTO GLAcct (InGLAcctId, GLAcctId, Descr, ChqAcct) VALUES (21, '4010', 'Lumber', 0), (22, '4020', 'Tools', 0);
+INSERT INTO Item (InItemId, ItemId) VALUES (909, 'SCR-3');
+INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, InvoiTime, ExCurrencyId, ExchangeRate, TaxAmnt, TotAmnt,
+                      RecAmnt, ExPmtMethId, CashierSale, ExUsrKey, TrxSerNo) VALUES
+  (909, 'OLD', 1, '2024-01-05', NULL, 1, 1, 0, 60, NULL, NULL, 0, NULL, NULL),
+  (910, 'K10', 1, '2024-01-15', '09:10:00', 1, 1, 15, 115, 115, 4, 1, 'Kevin', 'MTL-01'),
+  (911, 'K11', 1, '2024-01-15', '09:20:00', 1, 1, 27, 207, 207, 1, 1, 'Kevin', 'MTL-02'),
+  (912, 'K12', 1, '2024-01-16', '09:30:00', 1, 1, 12, 92, 92, 4, 1, 'Nadia', 'MTL-01'),
+  (913, 'K13', 3, '2024-01-16', '09:40:00', 1, 1, -6, -46, 0, NULL, 1, 'Kevin', 'MTL-01'),
+  (914, 'C14', 51, '2024-01-15', '09:50:00', 1, 1, 0, 500, 30, 4, 1, 'Kevin', 'MTL-01'),
+  (915, 'F15', 1, '2024-01-15', '09:55:00', 1, 1, 0, 900, 0, NULL, 0, 'Kevin', 'MTL-01'),
+  (916, 'K16', 1, '2024-01-16', '10:00:00', 1, 1, 0, 9.99, 0, NULL, 1, NULL, NULL);
+INSERT INTO InvoiDet (InInvoiDetId, ExInvoiId, ExItemId, Descr, Qty, UnitPrice, DiscPercent, ExSaleAcctId) VALUES
+  (910, 910, 909, 'Deck screws', 2, 50, NULL, 21), (911, 911, 909, 'A saw with a name that is long enough to wrap', 1,
+  200, 10, 22), (912, 912, 909, 'Planks', 1, 80, 0, 21), (913, 913, NULL, 'Cutting', -1, 40, NULL, 21),
+  (914, 914, 909, 'Ordered', 1, 500, NULL, 21), (915, 915, 909, 'Office', 1, 900, NULL, 21), (916, 916, 909, 'No account',
+  1, 9.99, NULL, NULL), (917, 910, 909, 'Nails', 1000000, 3.333, 12.5, 21);
+INSERT INTO InvoiRecDet (ExInvoiId, ExPmtMethId, ExCurrencyId, ExchangeRate, RecAmnt) VALUES
+  (910, 4, 1, 1, 120), (910, 4, 1, 1, -5), (911, 1, 1, 1, 207), (912, 4, 2, 1.35, 100), (912, 4, 1, 1, -43);
+INSERT INTO PmtHdr (InPmtId, PmtDate, ChqNo, ExPmtMethId, ExCurrencyId, ExchangeRate, PmtTotAmnt) VALUES
+  (930, '2024-01-15', 'R-30', 4, 1, 1, 60), (931, '2024-01-16', 'R-31', 1, 1, 1, 25);
+INSERT INTO PmtDet (InPmtDetId, ExPmtId, ExInvoiId, PmtAmnt, CashierPayment, ExUsrKey, TrxSerNo) VALUES
+  (930, 930, 909, 60, 0, 'Kevin', 'MTL-01'), (931, 931, 912, 25, 1, 'Kevin', 'MTL-01');
+INSERT INTO InvoiCashDeposit (ICDOperatorKey, ICDCashReg, ICDDate, ICDTime, ICDAmnt, ExCurrencyId, ExchangeRate) VALUES
+  ('Kevin', 'MTL-01', '2024-01-15', '17:00:00', 150, 1, 1), ('Kevin', 'MTL-01', '2024-01-16', '17:05:00', 20, 2, 1.35);

@@ -30,6 +30,7 @@ void runAll(const std::string& company, const char* from, const char* to) {
                 test::ReportRun run;
                 run.member = member.name;
                 run.company = company;
+                run.properties = test::neededBy(member.name);
                 run.from = from, run.to = to;
                 run.dialect = dialect;
                 run.foreign = wish.foreign;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/company/demo_file.h"
+#include "tests/support/member_runs.h"
 #include "tests/support/page_reading.h"
 #include "tests/support/report_runner.h"
 
@@ -67,6 +68,7 @@ TEST(PageHeights, EveryMemberTellsTheSameOnAnyPage) {
         test::ReportRun run;
         run.member = member.name;
         run.company = company.path();
+        run.properties = test::neededBy(member.name);
         run.from = "2025-03-01", run.to = "2025-03-14";
         const auto asDesigned = runOn(run, 0);
         const Told told = toldBy(asDesigned);

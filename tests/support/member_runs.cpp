@@ -7,12 +7,22 @@
 
 namespace quillo::test {
 
+std::map<std::string, std::string> neededBy(std::string_view member) {
+    std::map<std::string, std::string> properties;
+    if (member.starts_with("DayEndBalanceByUsr") && member.ends_with("Detail")) properties["UsrNo"] = "Kevin";
+    if (member.starts_with("DayEndBalanceByCash") && member.ends_with("Detail")) properties["TrxSerNo"] = "MTL-01";
+    if (member.ends_with("InvDetail")) properties["GLAcctId"] = "21";
+    return properties;
+}
+
 std::vector<std::string> columnsOf(std::string_view tables, const Catalogue& catalogue, bool qualified) {
     const FilterScope scope(tables, catalogue);
     std::vector<std::string> names;
     std::stringstream list{std::string(tables)};
     for (std::string entry; std::getline(list, entry, ',');) {
         const std::string table(trimmed(entry));
+        if (const auto dot = table.find('.'); dot != table.npos)
+            names.push_back(qualified ? table : table.substr(dot + 1));  // one column alone
         for (const std::string& column : catalogue.columns(table)) {
             try {
                 names.push_back(qualified ? table + "." + column : (scope.find("", column), column));

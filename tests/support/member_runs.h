@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <span>
 #include <string>
 #include <vector>
@@ -20,6 +21,9 @@ inline std::string goldenFolder() {
     return std::string(QUILLO_SOURCE) + "/tests/golden/";
 }
 
+// What a member must be told to list anything: whose figures it explains. Both companies of the tests know them.
+std::map<std::string, std::string> neededBy(std::string_view member);
+
 // The small company in which every report meets each of its branches.
 class GoldenCompany : public TestCompany {
 public:
@@ -30,6 +34,7 @@ public:
                 .company = path(),
                 .from = "2024-01-01",
                 .to = "2024-01-31",
+                .properties = neededBy(member),
                 .language = "ids"};
     }
 };
