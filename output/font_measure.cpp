@@ -27,6 +27,10 @@ float FontMeasure::lineHeight(const TextStyle& style) {
     return twips(shaper_->face(style).lineHeight(), style);
 }
 
+float FontMeasure::baseline(const TextStyle& style) {
+    return twips(shaper_->face(style).baseline(), style);
+}
+
 float FontMeasure::width(std::string_view text, const TextStyle& style) {
     shape(text, style);
     return twips(shaped_->width(), style);

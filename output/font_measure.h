@@ -16,6 +16,7 @@ public:
     ~FontMeasure() override;
 
     float lineHeight(const TextStyle& style) override;
+    float baseline(const TextStyle& style) override;
     float width(std::string_view text, const TextStyle& style) override;
     void breakLines(std::string_view text, const TextStyle& style, float width,
                     std::vector<std::uint32_t>& starts) override;

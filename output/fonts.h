@@ -35,6 +35,8 @@ public:
     const std::string& name() const { return name_; }  // the PostScript name
     const Metrics& metrics() const { return metrics_; }
     float lineHeight() const { return metrics_.ascent + metrics_.descent + metrics_.lineGap; }
+    // From the top of a line.
+    float baseline() const { return metrics_.lineGap / 2 + metrics_.ascent; }
 
     std::uint32_t glyph(char32_t character) const;  // 0: the font lacks it
     float advance(std::uint32_t glyph) const;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "output/utf8.h"
+#include "framework/values/utf8.h"
 
 namespace quillo {
 namespace {
@@ -61,7 +61,6 @@ void TextLayout::start(const PlacedControl& control, float left, float top) {
 const PlacedLine* TextLayout::next() {
     if (nextLine_ == lineCount_ || (nextLine_ > 0 && lineTop_ >= bottom_)) return nullptr;
     const float em = line_.size * twipsPerPoint;
-    const Face::Metrics& metrics = face_->metrics();
     const bool last = nextLine_ + 1 == lineCount_;
     line_.text = takeText();
     shaped_.clear();
@@ -70,7 +69,7 @@ const PlacedLine* TextLayout::next() {
     line_.width = shaped_.width() * em;
     line_.condense = 1;
     line_.blankGap = 0;
-    line_.baseline = lineTop_ + (metrics.lineGap / 2 + metrics.ascent) * em;
+    line_.baseline = lineTop_ + face_->baseline() * em;
     if (control_->width > 0 && line_.width > control_->width + slack) fit(control_->width);
     const Align alignment = control_->style->align;
     align(alignment == Align::justify && last ? Align::left : alignment, control_->width);

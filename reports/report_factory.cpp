@@ -5,6 +5,7 @@
 #include "framework/run_frame.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "reports/ageing/dsrCollectionLetters.h"
 #include "reports/ageing/dsrCustTransHistoryRepNova.h"
 #include "reports/ageing/dsrExpectAndExceedPmtByCust.h"
 #include "reports/cash_receipts/dsrCashReceiptsDetail.h"
@@ -80,7 +81,7 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     TO_COME(CustAgingDetail, dsrCustAgingDetail)                                                       \
     TO_COME(CustAgingSummary, dsrCustAgingSummary)                                                     \
     TO_COME(CustAgingGraphic, dsrCustAgingGraphic)                                                     \
-    BY_HAND(CollectionLetter, dsrCollectionLetters, "TextLetter, oMainApp", CollectionLetter(), false) \
+    BY_HAND(CollectionLetter, dsrCollectionLetters, "TextLetter, oMainApp", CollectionLetter(), true)  \
     WRITTEN(CustTransHistoryRepNova, dsrCustTransHistoryRepNova)                                       \
     WRITTEN(DayEndBalanceByCash, dsrDayEndBalanceByCash)                                               \
     WRITTEN(DayEndBalanceByCashInvDetail, dsrDayEndBalanceByCashInvDetail)                             \
@@ -121,8 +122,12 @@ clsReport::Object clsReport::OpenOrders(const int& lngInvType) {
     return report;
 }
 
-clsReport::Object clsReport::CollectionLetter(const std::optional<std::string>&, Application*) {
-    return missing("CollectionLetter", "dsrCollectionLetters");
+clsReport::Object clsReport::CollectionLetter(const std::optional<std::string>& TextLetter, Application* oMainApp) {
+    auto report = create<dsrCollectionLetters>("CollectionLetter");
+    if (!report) return report;
+    if (TextLetter && !TextLetter->empty()) STEP(report->setProperty("TextLetter", *TextLetter));
+    STEP(static_cast<dsrCollectionLetters&>(*report).MainApp(oMainApp));
+    return report;
 }
 
 bool clsReport::ShowItemLine(int ExKitInvoiDetId, bool IsKit) {

@@ -6,6 +6,7 @@
 #include "apps/quillo/company_commands.h"
 #include "apps/quillo/compare_command.h"
 #include "apps/quillo/drill_command.h"
+#include "apps/quillo/letters_command.h"
 #include "apps/quillo/run_command.h"
 
 namespace quillo::app {
@@ -71,6 +72,22 @@ void addRunOptions(CLI::App& run, RunRequest& request) {
         ->type_name("FILE");
 }
 
+void addLettersOptions(CLI::App& letters, LettersRequest& request) {
+    letters.add_option("--company", request.company, "The company file")->type_name("DB")->required();
+    letters.add_option("-o,--output", request.folder, "The folder that takes the letters, a PDF a customer")
+        ->type_name("FOLDER")
+        ->required();
+    letters.add_option("--template", request.letter, "The letter as RTF with fields; else the program's own")
+        ->type_name("FILE");
+    letters.add_option("--to", request.to, "The day that balances are of, and the letter's date; else today")
+        ->type_name("DATE");
+    letters.add_option("--min-days", request.minDays, "Days that a balance must be past due")->check(CLI::Range(0, 36500));
+    letters.add_option("--logo", request.logo, "A PNG or JPEG that prints above the letter")->type_name("FILE");
+    letters.add_flag("--no-address", request.noAddress, "Leave the company's address out");
+    letters.add_option("--language", request.language, "en, fr or a file of texts")->type_name("L");
+    letters.add_option("--locale", request.locale, "Formats of dates and amounts: fr_CA")->type_name("L");
+}
+
 // "quillo run MEMBER --help" tells of the report, not only of the command.
 bool asksForMember(const std::vector<std::string>& arguments) {
     if (arguments.size() < 3 || arguments[0] != "run" || arguments[1].starts_with("-")) return false;
@@ -88,6 +105,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     std::uint64_t seed = 1;
     bool books = false;
     RunRequest request;
+    LettersRequest lettersRequest;
 
     auto* create = program.add_subcommand("new", "Make an empty company: schema, views and settings");
     create->add_option("file", path, "The company file to make")->required();
@@ -110,6 +128,9 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     run->footer(
         "Example: quillo run CustList --company demo.db --where \"Name LIKE 'A%'\" --order Name -o customers.pdf\n"
         "\"quillo run MEMBER --help\" tells a report's own properties and options.");
+    auto* letters = program.add_subcommand("letters", "Write collection letters, a PDF a customer");
+    addLettersOptions(*letters, lettersRequest);
+    letters->footer("Example: quillo letters --company demo.db --to 2025-12-31 --min-days 30 -o letters/");
 
     auto* drill = program.add_subcommand("drill", "Follow a link of a page: print what it leads to");
     drill->add_option("tag", tag, "The link as the page has it: \"INV|1234\", \"Invoice|7|17\"")->required();
@@ -141,6 +162,8 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
         return checkCompanyFile(path, books, console);
     } else if (*compare) {
         compareFiles(path, other, output, console);
+    } else if (*letters) {
+        return writeLetters(lettersRequest, console);
     } else {
         if (request.company.empty()) throw UsageError("--company is required: a company file");
         return *drill ? drillCommand(tag, till, request, console) : runReportCommand(request, console);

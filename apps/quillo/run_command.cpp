@@ -7,6 +7,7 @@
 
 #include "apps/quillo/company_commands.h"
 #include "apps/quillo/outputs.h"
+#include "apps/quillo/session_arguments.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
 #include "host/session/report_job.h"
@@ -17,12 +18,6 @@
 
 namespace quillo::app {
 namespace {
-
-Date readDate(const std::string& option, const std::string& text) {
-    const auto date = Date::parseIsoDay(text);
-    if (!date) throw UsageError(option + " is a date such as 2024-12-31, not \"" + text + "\"");
-    return *date;
-}
 
 int readDialect(const std::string& text) {
     if (equalNames(text, "sqlserver")) return 0;
@@ -45,15 +40,6 @@ SessionOptions sessionOptions(const RunRequest& request) {
     }
     for (const auto& [name, value] : request.parameters) options.parameters[name] = value;
     return options;
-}
-
-// A company that cannot be opened is not the fault of the other arguments.
-void requireCompany(const std::string& path) {
-    try {
-        CompanyFile company(path);
-    } catch (const std::exception& failure) {
-        throw CompanyError(failure.what());
-    }
 }
 
 const clsReport::Member& memberOf(const std::string& name) {
@@ -211,13 +197,7 @@ private:
 }  // namespace
 
 std::unique_ptr<HostSession> openSession(const RunRequest& request, Messages& messages) {
-    const SessionOptions options = sessionOptions(request);
-    requireCompany(options.company);
-    try {
-        return std::make_unique<HostSession>(options, messages);
-    } catch (const std::exception& failure) {
-        throw UsageError(failure.what());
-    }
+    return openSession(sessionOptions(request), messages);
 }
 
 int runReportCommand(const RunRequest& request, const Console& console) {

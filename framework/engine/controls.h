@@ -106,8 +106,9 @@ struct Image : Control {
     std::vector<std::byte> Picture;  // a PNG or JPEG file
 };
 
+// A formatted text of any length. What its RTF does not say of the look is as the control's style has it.
 struct RichEdit : TextControl {
-    std::string RTF;
+    std::string RTF;  // or plain text
 };
 
 struct Chart : Control {

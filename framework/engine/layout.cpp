@@ -4,9 +4,13 @@
 #include <cmath>
 
 #include "framework/engine/push_down.h"
+#include "framework/engine/rich_layout.h"
+#include "framework/richtext/rtf_reader.h"
 
 namespace quillo {
 namespace {
+
+constexpr float mostOfPage = 0.5F;  // for a picture within a text, so that it fits wherever the text is split
 
 // Lays out the controls of one section.
 class SectionLayout {
@@ -185,6 +189,22 @@ private:
         placed.height = std::max(placed.height, lines * run.measure.lineHeight(*placed.style));
     }
 
+    // Laid out as a sub-report is. Without room to grow, lines that do not fit are lost.
+    void placeRichText(const RichEdit& control, ControlNotes& notes, PlacedControl& placed) {
+        placed.style = room_.notes.style(control, notes);
+        const PageSetup& page = room_.report.setup;
+        const float mostHeight = (page.height - page.topMargin - page.bottomMargin) * mostOfPage;
+        placed.sections = layOutRichText(readRichText(control.RTF, *placed.style),
+                                         {room_.notes.names(), room_.arena, room_.run.measure, control.Width, mostHeight});
+        if (control.CanGrow) {
+            placed.height = std::max(placed.height, stackedHeight(placed.sections));
+        } else {
+            const auto fits = [&](const PlacedSection& line) { return line.top + line.height <= placed.height; };
+            const auto end = std::find_if_not(placed.sections.begin(), placed.sections.end(), fits);
+            placed.sections = placed.sections.first(static_cast<std::size_t>(end - placed.sections.begin()));
+        }
+    }
+
     void placeSubReport(const SubReport& control, PlacedControl& placed) {
         if (!control.Object) return;
         const auto& filled = room_.run.filled;
@@ -215,7 +235,7 @@ private:
             case ControlKind::field:
                 return placeText(static_cast<Field&>(control), notes, static_cast<Field&>(control).Text, placed);
             case ControlKind::richEdit:
-                return placeText(static_cast<RichEdit&>(control), notes, static_cast<RichEdit&>(control).RTF, placed);
+                return placeRichText(static_cast<const RichEdit&>(control), notes, placed);
             case ControlKind::line:
                 return placeLine(static_cast<const Line&>(control), placed);
             case ControlKind::shape:

@@ -15,6 +15,8 @@ public:
     virtual ~TextMeasure() = default;
     // Height of one line in twips.
     virtual float lineHeight(const TextStyle& style) = 0;
+    // From the top of a line to where its letters stand, in twips.
+    virtual float baseline(const TextStyle& style) { return lineHeight(style) * 0.8F; }
     // Width of a text on one line in twips.
     virtual float width(std::string_view text, const TextStyle& style) = 0;
     // Breaks the text into lines no wider than width (twips): at line feeds, else at blanks, else

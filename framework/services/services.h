@@ -234,6 +234,9 @@ public:
     virtual std::string GetParameter(std::string_view name, std::string_view defaultValue,
                                      std::string_view section = "") const = 0;
     virtual int HomeCurrencyId() const = 0;
+    // The company's own address as it prints on a letter: its name and the lines below, joined by line feeds. The
+    // options are the host's.
+    virtual std::string AddressText(int optionA, int optionB, int optionC) = 0;
     virtual CustomerStatistics& customerStatistics() = 0;
     virtual AddressBook& addressBook() = 0;
     virtual Projects& projects() = 0;

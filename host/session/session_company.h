@@ -33,6 +33,7 @@ public:
     std::string GetParameter(std::string_view name, std::string_view defaultValue,
                              std::string_view section) const override;
     int HomeCurrencyId() const override { return currencies_.CieHomeCurrencyId(); }
+    std::string AddressText(int, int, int) override { return addressBook_.companyAddress(); }
     CustomerStatistics& customerStatistics() override { return customerStatistics_; }
     AddressBook& addressBook() override { return addressBook_; }
     Projects& projects() override { return projects_; }

@@ -3,8 +3,9 @@
 #include <charconv>
 #include <cmath>
 
+#include "framework/engine/rich_layout.h"
+#include "framework/values/utf8.h"
 #include "output/style_text.h"
-#include "output/utf8.h"
 
 namespace quillo {
 
@@ -69,7 +70,7 @@ void JsonSink::writeControl(const PlacedControl& control) {
     text(nameOf(kind));
     if (kind == ControlKind::label || kind == ControlKind::field || kind == ControlKind::richEdit) {
         key("text");
-        text(control.text);
+        text(control.text.empty() ? wordsOf(control) : control.text);
         key("style");
         text(styleText(*control.style));
         key("align");
@@ -91,7 +92,7 @@ void JsonSink::writeControl(const PlacedControl& control) {
         key("link");
         text(control.link);
     }
-    if (kind == ControlKind::subReport) {
+    if (kind == ControlKind::subReport || kind == ControlKind::richEdit) {
         key("sections");
         writeSections(control.sections);
     }

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstring>
 
-#include "output/utf8.h"
+#include "framework/values/utf8.h"
 
 namespace quillo {
 namespace {

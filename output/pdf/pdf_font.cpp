@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "output/output_error.h"
-#include "output/utf8.h"
+#include "framework/values/utf8.h"
 
 namespace quillo {
 namespace {

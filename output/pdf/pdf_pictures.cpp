@@ -17,7 +17,7 @@ Bytes& beginEntries(Bytes& out, std::uint64_t width, std::uint64_t height, std::
 }
 
 PdfPictures::Entry writeJpeg(std::span<const std::byte> picture, PdfFile& file) {
-    const JpegHeader header = readJpegHeader(picture);
+    const PictureHeader header = readJpegHeader(picture);
     const PdfPictures::Entry entry{file.reserve(), static_cast<float>(header.width), static_cast<float>(header.height)};
     Bytes entries;
     beginEntries(entries, header.width, header.height,

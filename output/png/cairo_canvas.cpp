@@ -82,7 +82,7 @@ void CairoCanvas::text(const PlacedLine& line, Color color) {
 
 void CairoCanvas::picture(const Box& box, std::span<const std::byte> file) {
     if (isJpeg(file)) {  // Cairo cannot decode it: its place is shown
-        const JpegHeader header = readJpegHeader(file);
+        const PictureHeader header = readJpegHeader(file);
         fill(fitInto(box, static_cast<float>(header.width), static_cast<float>(header.height)), pictureColor);
         return;
     }

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "framework/values/errors.h"
 #include "output/json/json_sink.h"
 #include "output/output_error.h"
 #include "output/picture.h"
@@ -204,12 +205,12 @@ TEST(Png, NamesItsFilesByTheNumberOfPages) {
 
 TEST(Pictures, ReadTheSizeOfAJpegAndRefuseDamage) {
     const auto jpeg = smallJpeg();
-    const JpegHeader header = readJpegHeader(jpeg);
+    const PictureHeader header = readJpegHeader(jpeg);
     EXPECT_EQ(header.width, 3U);
     EXPECT_EQ(header.height, 2U);
     EXPECT_EQ(header.components, 3);
     for (std::size_t size = 4; size < 30; ++size)
-        EXPECT_THROW(readJpegHeader(std::span(jpeg).first(size)), OutputError) << size;
+        EXPECT_THROW(readJpegHeader(std::span(jpeg).first(size)), InputError) << size;
     const Box box = fitInto({10, 10, 100, 100}, 3, 2);
     EXPECT_FLOAT_EQ(box.width, 100);
     EXPECT_FLOAT_EQ(box.height, 200.0F / 3);

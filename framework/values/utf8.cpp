@@ -1,4 +1,4 @@
-#include "output/utf8.h"
+#include "framework/values/utf8.h"
 
 namespace quillo {
 namespace {
