@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
-#include "output/output_error.h"
 #include "framework/values/utf8.h"
+#include "output/output_error.h"
 
 namespace quillo {
 namespace {

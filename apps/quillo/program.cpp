@@ -81,7 +81,8 @@ void addLettersOptions(CLI::App& letters, LettersRequest& request) {
         ->type_name("FILE");
     letters.add_option("--to", request.to, "The day that balances are of, and the letter's date; else today")
         ->type_name("DATE");
-    letters.add_option("--min-days", request.minDays, "Days that a balance must be past due")->check(CLI::Range(0, 36500));
+    letters.add_option("--min-days", request.minDays, "Days that a balance must be past due")
+        ->check(CLI::Range(0, 36500));
     letters.add_option("--logo", request.logo, "A PNG or JPEG that prints above the letter")->type_name("FILE");
     letters.add_flag("--no-address", request.noAddress, "Leave the company's address out");
     letters.add_option("--language", request.language, "en, fr or a file of texts")->type_name("L");

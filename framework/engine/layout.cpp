@@ -194,8 +194,9 @@ private:
         placed.style = room_.notes.style(control, notes);
         const PageSetup& page = room_.report.setup;
         const float mostHeight = (page.height - page.topMargin - page.bottomMargin) * mostOfPage;
-        placed.sections = layOutRichText(readRichText(control.RTF, *placed.style),
-                                         {room_.notes.names(), room_.arena, room_.run.measure, control.Width, mostHeight});
+        placed.sections =
+            layOutRichText(readRichText(control.RTF, *placed.style),
+                           {room_.notes.names(), room_.arena, room_.run.measure, control.Width, mostHeight});
         if (control.CanGrow) {
             placed.height = std::max(placed.height, stackedHeight(placed.sections));
         } else {

@@ -100,7 +100,8 @@ private:
 
     // By how much each blank of a line is wider that fills its room.
     static float gapOf(const Field& field, float right) {
-        const auto blanks = std::count_if(field.atoms.begin(), field.atoms.end(), [](const Atom& a) { return a.isBlank(); });
+        const auto blanks =
+            std::count_if(field.atoms.begin(), field.atoms.end(), [](const Atom& a) { return a.isBlank(); });
         return blanks == 0 ? 0 : std::max(right - field.end(), 0.0F) / static_cast<float>(blanks);
     }
 

@@ -18,9 +18,9 @@ namespace {
 
 constexpr std::size_t deepest = 200;  // groups within groups; those further in share the look of the last
 constexpr std::size_t mostTabs = 64;
-constexpr int mostTwips = 20'000;            // beyond any page
+constexpr int mostTwips = 20'000;               // beyond any page
 constexpr float leastSize = 1, mostSize = 144;  // points
-constexpr int mostSpace = 2'880;             // above or below a paragraph
+constexpr int mostSpace = 2'880;                // above or below a paragraph
 constexpr float twipsPerPixel = 15;
 constexpr float thinRule = 10;
 
@@ -34,7 +34,7 @@ enum class Destination { text, skipped, fonts, colors, picture };
 struct State {
     TextStyle style;
     bool hidden = false;
-    int fallbacks = 1;  // bytes behind a \u that stand for it where a reader knows no Unicode
+    int fallbacks = 1;        // bytes behind a \u that stand for it where a reader knows no Unicode
     RichParagraph paragraph;  // its form alone
     bool inTable = false;
     Destination destination = Destination::text;
@@ -106,7 +106,8 @@ private:
             --tooDeep_;
             return;
         }
-        if (states_.empty()) return;  // one too many
+        if (states_.empty()) return;                                // one too many
+        if (states_.size() == 1 && !runs_.empty()) endParagraph();  // the last one has its form without a \par
         const Destination ended = state_.destination;
         state_ = std::move(states_.back());
         states_.pop_back();
@@ -272,9 +273,9 @@ private:
     // --- pictures
 
     void takeDigit(unsigned char byte) {
-        const int digit = byte >= '0' && byte <= '9'                    ? byte - '0'
+        const int digit = byte >= '0' && byte <= '9'                     ? byte - '0'
                           : (byte | 0x20) >= 'a' && (byte | 0x20) <= 'f' ? (byte | 0x20) - 'a' + 10
-                                                                        : -1;
+                                                                         : -1;
         if (digit < 0) return;
         if (picture_.digit < 0) {
             picture_.digit = digit;
@@ -298,7 +299,9 @@ private:
                 const float scaled = own * static_cast<float>(std::clamp(scale, 1, 1000)) / 100;
                 return std::clamp(scaled, twipsPerPixel, static_cast<float>(mostTwips));
             };
-            runs_.push_back({state_.style, {}, std::move(picture.file),
+            runs_.push_back({state_.style,
+                             {},
+                             std::move(picture.file),
                              size(picture.goalWidth, header.width, picture.scaleX),
                              size(picture.goalHeight, header.height, picture.scaleY)});
         } catch (const InputError&) {
@@ -311,10 +314,10 @@ private:
     // Control words that stand for a character.
     static const std::map<std::string_view, char32_t>& characters() {
         static const std::map<std::string_view, char32_t> all = {
-            {"tab", U'\t'},         {"line", U'\n'},        {"emdash", U'\u2014'},   {"endash", U'\u2013'},
-            {"bullet", U'\u2022'},  {"lquote", U'\u2018'},  {"rquote", U'\u2019'},   {"ldblquote", U'\u201C'},
+            {"tab", U'\t'},           {"line", U'\n'},        {"emdash", U'\u2014'},  {"endash", U'\u2013'},
+            {"bullet", U'\u2022'},    {"lquote", U'\u2018'},  {"rquote", U'\u2019'},  {"ldblquote", U'\u201C'},
             {"rdblquote", U'\u201D'}, {"emspace", U'\u2003'}, {"enspace", U'\u2002'}, {"qmspace", U'\u2005'},
-            {"nestcell", U'\t'},    {"softline", U'\n'}};
+            {"nestcell", U'\t'},      {"softline", U'\n'}};
         return all;
     }
 
@@ -344,9 +347,11 @@ private:
         table["colortbl"] = enters<Destination::colors>;
         table["pict"] = enters<Destination::picture>;
         for (const std::string_view name :
-             {"stylesheet", "info", "header", "headerl", "headerr", "headerf", "footer", "footerl", "footerr", "footerf",
-              "fldinst", "nonshppict", "nonesttables", "filetbl", "revtbl", "xe", "tc", "tcn", "pntxta", "pntxtb",
-              "objdata", "objclass", "listtable", "listoverridetable", "author", "title"})
+             {"stylesheet",   "info",    "header",  "headerl",  "headerr",   "headerf",
+              "footer",       "footerl", "footerr", "footerf",  "fldinst",   "nonshppict",
+              "nonesttables", "filetbl", "revtbl",  "xe",       "tc",        "tcn",
+              "pntxta",       "pntxtb",  "objdata", "objclass", "listtable", "listoverridetable",
+              "author",       "title"})
             table[name] = enters<Destination::skipped>;
         table["ansicpg"] = [](Reader& r, const RtfToken& w) { r.codePage_ = w.number; };
         table["ansi"] = [](Reader& r, const RtfToken&) { r.codePage_ = 1252; };
@@ -361,7 +366,8 @@ private:
         table["b"] = [](Reader& r, const RtfToken& w) { r.state_.style.bold = isOn(w); };
         table["i"] = [](Reader& r, const RtfToken& w) { r.state_.style.italic = isOn(w); };
         table["v"] = [](Reader& r, const RtfToken& w) { r.state_.hidden = isOn(w); };
-        for (const std::string_view name : {"ul", "uld", "uldash", "uldashd", "uldashdd", "uldb", "ulth", "ulw", "ulwave"})
+        for (const std::string_view name :
+             {"ul", "uld", "uldash", "uldashd", "uldashdd", "uldb", "ulth", "ulw", "ulwave"})
             table[name] = [](Reader& r, const RtfToken& w) { r.state_.style.underline = isOn(w); };
         table["ulnone"] = [](Reader& r, const RtfToken&) { r.state_.style.underline = false; };
         table["f"] = [](Reader& r, const RtfToken& w) {

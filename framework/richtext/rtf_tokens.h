@@ -19,10 +19,10 @@ struct RtfToken {
         end
     };
     Kind kind = Kind::end;
-    std::string_view name;       // of a word
-    std::string_view bytes;      // of a text or binary piece
-    int number = 0;              // of a word; what cannot be a number is cut to the nearest that can
-    bool hasNumber = false;      // of a word
+    std::string_view name;   // of a word
+    std::string_view bytes;  // of a text or binary piece
+    int number = 0;          // of a word; what cannot be a number is cut to the nearest that can
+    bool hasNumber = false;  // of a word
     unsigned char character = 0;
     std::size_t from = 0, to = 0;  // where it stands in the file
 

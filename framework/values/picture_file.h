@@ -20,7 +20,8 @@ PictureHeader readJpegHeader(std::span<const std::byte> file);
 // Of a whole PNG or JPEG file. Throws InputError when it is neither, is damaged, or is too large for any output.
 PictureHeader readPictureHeader(std::span<const std::byte> file);
 
-// A PNG or JPEG file, whole. Throws InputError, naming the file, when it cannot be read or readPictureHeader refuses it.
+// A PNG or JPEG file, whole. Throws InputError, naming the file, when it cannot be read or readPictureHeader refuses
+// it.
 std::vector<std::byte> loadPicture(const std::string& path);
 
 }  // namespace quillo

@@ -55,15 +55,13 @@ private:
     void take() {
         const RtfToken& token = tokens_[at_];
         if (token.isSymbol('{') && takeField()) return;
-        if (token.isWord("trowd") && !inRow_) {
-            endBlock();
-            inRow_ = true;
-        }
+        if (!inRow_ && !block_.repeated && (token.isWord("pard") || token.isWord("trowd"))) endBlock();
+        inRow_ = inRow_ || token.isWord("trowd");
         takeAsItIs();
         const bool rowEnds = token.isWord("row");
         if (!rowEnds && (inRow_ || !token.isWord("par"))) return;
         inRow_ = false;
-        while (depth_ > 0 && at_ < tokens_.size()) takeAsItIs();  // what closes the block's own groups belongs to it
+        while (depth_ > 0 && at_ < tokens_.size() && tokens_[at_].is(Kind::close)) takeAsItIs();
         endBlock();
     }
 
@@ -120,7 +118,7 @@ private:
     void endBlock() {
         if (block_.repeated && depth_ != 0)
             throw InputError("the paragraph with {" + repeatedField_ +
-                             "} ends a group that begins outside of it; give it one look from its beginning to its end");
+                             "} shares a look with what stands beside it; give it a look of its own");
         if (!block_.parts.empty()) blocks_.push_back(std::move(block_));
         block_ = {};
         depth_ = 0;
@@ -160,10 +158,19 @@ std::string LetterTemplate::compose(const LetterFields& fields) const {
 }
 
 const std::vector<std::string_view>& LetterTemplate::fields() {
-    static const std::vector<std::string_view> all = {
-        "Name",          "Address",         "Balance",         "Overdue",          "OldestDays",
-        "Date",          "Company",         "Document.Number", "Document.Kind",    "Document.Date",
-        "Document.DueDate", "Document.Days", "Document.Balance"};
+    static const std::vector<std::string_view> all = {"Name",
+                                                      "Address",
+                                                      "Balance",
+                                                      "Overdue",
+                                                      "OldestDays",
+                                                      "Date",
+                                                      "Company",
+                                                      "Document.Number",
+                                                      "Document.Kind",
+                                                      "Document.Date",
+                                                      "Document.DueDate",
+                                                      "Document.Days",
+                                                      "Document.Balance"};
     return all;
 }
 

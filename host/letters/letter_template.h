@@ -20,8 +20,8 @@ struct LetterFields {
 // document stands once for each document.
 class LetterTemplate {
 public:
-    // Throws InputError when the text is no RTF, has a field that is not known, or a repeated part that cannot be
-    // repeated since it begins in one group and ends in another.
+    // Throws InputError when the text is no RTF, has a field that is not known, or a part to repeat that begins in
+    // one group and ends in another.
     explicit LetterTemplate(std::string_view rtf);
 
     // The finished RTF. A field without a value prints nothing.

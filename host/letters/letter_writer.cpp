@@ -12,8 +12,7 @@ constexpr int onAccount = 20321;
 std::string amountText(HostSession& session, int currencyId, Money amount) {
     const CurrencyInfo& info = session.currencyInfo();
     if (currencyId == info.CieHomeCurrencyId()) return session.locale().currency(amount);
-    return session.locale().number(amount) + "\u00A0" +
-           info.currencies().Item(std::to_string(currencyId)).CurrencyCode;
+    return session.locale().number(amount) + "\u00A0" + info.currencies().Item(std::to_string(currencyId)).CurrencyCode;
 }
 
 // Currencies are never added up.
@@ -31,8 +30,8 @@ FieldValues documentFields(HostSession& session, const OpenDocument& document, D
     const auto date = [&](Date day) { return session.locale().shortDate(day); };
     FieldValues values = {
         {"Document.Number", document.number},
-        {"Document.Kind", document.kind.empty() ? session.GetText(onAccount)
-                                                : session.company().dictionary().Translate(document.kind)},
+        {"Document.Kind",
+         document.kind.empty() ? session.GetText(onAccount) : session.company().dictionary().Translate(document.kind)},
         {"Document.Date", date(document.date)},
         {"Document.Balance", amountText(session, document.currencyId, document.balance)}};
     if (document.balance < Money()) return values;

@@ -33,20 +33,24 @@ SELECT Open.ExCustId, Open.Number, Open.Kind, Open.DocDate, Open.DueDate,
 FROM Open INNER JOIN Cust ON Cust.InCustId = Open.ExCustId
 WHERE ROUND(Open.Amount, 2) <> 0 ORDER BY Open.ExCustId, Open.DueDate, Open.DocDate, Open.Number)";
 
-// What of the documents is owed: those past due, less all that is in the customer's favour.
-void reckon(OverdueCustomer& customer, Date at, int minDays) {
-    std::map<int, Money> pastDue, favour;
+// The sums of the documents, and whether any currency is owed for that long.
+bool owesFor(OverdueCustomer& customer, Date at, int minDays) {
+    std::map<int, Money> pastDue, late, favour;
     for (const OpenDocument& document : customer.documents) {
+        const int days = daysPastDue(document, at);
         customer.balances[document.currencyId] += document.balance;
         if (document.balance < Money()) {
             favour[document.currencyId] += document.balance;
-        } else if (const int days = daysPastDue(document, at); days >= std::max(minDays, 1)) {
+        } else if (days > 0) {
             pastDue[document.currencyId] += document.balance;
+            if (days >= minDays) late[document.currencyId] += document.balance;
             customer.oldestDays = std::max(customer.oldestDays, days);
         }
     }
     for (const auto& [currency, amount] : pastDue)
         if (const Money owed = amount + favour[currency]; owed > Money()) customer.overdue[currency] = owed;
+    return std::any_of(late.begin(), late.end(),
+                       [&](const auto& sum) { return sum.second + favour[sum.first] > Money(); });
 }
 
 }  // namespace
@@ -83,8 +87,7 @@ std::vector<OverdueCustomer> overdueCustomers(const CompanyFile& company, Date a
         const auto found = byKey.find(static_cast<int>(rows.integer(0)));
         if (found == byKey.end()) continue;
         OverdueCustomer& customer = found->second;
-        reckon(customer, at, minDays);
-        if (customer.overdue.empty()) continue;
+        if (!owesFor(customer, at, minDays)) continue;
         customer.id = found->first;
         customer.code = rows.text(1);
         customer.name = rows.text(2);

@@ -36,8 +36,8 @@ int daysPastDue(const OpenDocument& document, Date at);
 // All that is open at the end of a day, customer by customer. Later documents and payments do not count.
 std::vector<OpenDocument> openDocuments(const CompanyFile& company, Date at);
 
-// The customers with documents at least minDays days (one at least) past due, as far as what is in their favour does
-// not cover them, by name.
+// The customers, by name, with documents that are past due by at least minDays days (one at least), unless what is in
+// their favour covers these.
 std::vector<OverdueCustomer> overdueCustomers(const CompanyFile& company, Date at, int minDays);
 
 }  // namespace quillo

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "output/output_error.h"
 #include "framework/values/utf8.h"
+#include "output/output_error.h"
 
 namespace quillo {
 namespace {

@@ -45,6 +45,7 @@ constexpr Row rows[] = {
     {"DayEndBalanceByCashInvDetail", 1, "#6025", false, ""},
     {"DayEndBalanceByCashPmtDetail", 1, "#6025", false, ""},
     {"DayEndBalanceByCashDepDetail", 1, "#6025", false, ""},
+    {"CollectionLetter", 0, "", false, ""},
 };
 
 std::string interfacesOf(Report* report) {

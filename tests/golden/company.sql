@@ -25,7 +25,8 @@ INSERT INTO Addr (InAddrId, ExCustId, AddrKind, AddrName, AddrLine1, AddrLine2, 
 VALUES
   (1, 10, 0, NULL, '1 Main', NULL, 'Laval', 'QC', 'H7A 1A1', 1),
   (2, 10, 1, 'Dock', '2 Port', 'Gate 4', 'Levis', 'QC', 'G6V 1A1', 1), (3, 10, 1, 'Shop', '3 Mall', NULL, NULL, NULL, NULL, NULL),
-  (4, 13, 1, NULL, NULL, NULL, 'Kanata', NULL, NULL, 1);
+  (4, 13, 1, NULL, NULL, NULL, 'Kanata', NULL, NULL, 1),
+  (5, NULL, 0, 'Golden & Co.', '9 Quay', 'Floor 2', 'Laval', 'QC', 'H7A 2B2', 1);
 INSERT INTO CustomField (InFieldId, ForTable, Caption, Position) VALUES (1, 'Cust', 'Route', 2), (2, 'Cust', 'Licence', 1);
 INSERT INTO CustomFieldValue (ExFieldId, RecordId, Value) VALUES (1, 10, 'North'), (2, 10, 'L-1'), (1, 11, ''), (1, 13, 'South');
 

@@ -34,12 +34,12 @@ void runAll(const std::string& company, const char* from, const char* to) {
                 run.from = from, run.to = to;
                 run.dialect = dialect;
                 run.foreign = wish.foreign;
-                if (test::traitsOf(member.name, company).segments)
-                    run.segments = wish.segments, run.noSegment = wish.noSegment;
+                const auto traits = test::traitsOf(member.name, company);
+                if (traits.segments) run.segments = wish.segments, run.noSegment = wish.noSegment;
                 SCOPED_TRACE(run.member + ", dialect " + std::to_string(dialect) + ", " + wish.name);
                 const auto result = test::runReport(run);
                 EXPECT_EQ(result.boxes, std::vector<std::string>{});
-                EXPECT_FALSE(result.sql.empty());
+                EXPECT_NE(result.sql.empty(), traits.rows);
                 EXPECT_GE(result.pageCount(), 1U);
             }
     }

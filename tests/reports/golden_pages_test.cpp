@@ -34,6 +34,11 @@ constexpr OwnRun ownRuns[] = {
          run.options = {{"chkShowZeroTransaction", true}};
      }},
     {"ExpectedAndExceededPmtByCustSum", "-customer", [](ReportRun& run) { run.properties["CustId"] = "11"; }},
+    {"CollectionLetter", "-letterhead",
+     [](ReportRun& run) {
+         run.properties = {{"DisplayCieAddress", "True"},
+                           {"CieLogoFullPath", std::string(QUILLO_SOURCE) + "/host/letters/logo.png"}};
+     }},
     {"OpenOrders", "-quotes", [](ReportRun& run) { run.properties["InvoiceType"] = "50"; }},
 };
 

@@ -52,6 +52,7 @@ MemberTraits traitsOf(std::string_view member, const std::string& company) {
     MemberTraits traits;
     if (const auto* filterable = dynamic_cast<FilterableReport*>(report.get()))
         traits.filterTables = filterable->filterTables();
+    traits.rows = report->dataControl() != nullptr || report->fetchData != nullptr;
     traits.segments = dynamic_cast<ISegmentFilter*>(report.get()) != nullptr;
     if (auto* contract = dynamic_cast<IReport*>(report.get())) {
         contract->IReport_Application(session);

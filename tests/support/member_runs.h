@@ -50,6 +50,7 @@ inline std::vector<std::string> writtenMembers() {
 struct MemberTraits {
     std::string filterTables;
     bool segments = false, currency = false;
+    bool rows = false;  // it reads rows of the company; a letter has none
 };
 
 // All columns that a list of whole tables lets a user filter by: qualified, or alone where one table has the name.

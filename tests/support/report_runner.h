@@ -12,6 +12,7 @@
 #include "host/session/report_job.h"
 #include "tests/host/test_company.h"
 #include "tests/support/fake_host.h"
+#include "tests/support/sample_letter.h"
 
 namespace quillo::test {
 
@@ -98,6 +99,9 @@ inline ReportWish wishOf(const ReportRun& run) {
     wish.where = run.where;
     wish.order = run.order;
     wish.cancelFilter = run.cancelFilter;
+    // A letter has a body unless the test gives it another one.
+    if (run.member == "CollectionLetter" && !run.properties.contains("TextLetter"))
+        wish.properties.emplace_back("TextLetter", sampleLetter());
     return wish;
 }
 
