@@ -106,7 +106,7 @@ struct Image : Control {
     std::vector<std::byte> Picture;  // a PNG or JPEG file
 };
 
-// A formatted text of any length. What its RTF does not say of the look is as the control's style has it.
+// A formatted text of any length; a plain text looks as the control's style says.
 struct RichEdit : TextControl {
     std::string RTF;  // or plain text
 };

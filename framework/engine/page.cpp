@@ -70,7 +70,7 @@ const TextStyle* RunNames::style(const TextStyle& style) {
 const SectionInfo* RunNames::section(const SectionInfo& info) {
     return intern(sections_, info, [](const SectionInfo& a, const SectionInfo& b) {
         return a.name == b.name && a.kind == b.kind && a.level == b.level && a.bookmark == b.bookmark &&
-               a.repeat == b.repeat && a.fill == b.fill;
+               a.repeat == b.repeat && a.keepNext == b.keepNext && a.fill == b.fill;
     });
 }
 

@@ -67,7 +67,8 @@ struct SectionInfo {
     int level = 0;          // depth of the group, 1 the outermost; 0 for other sections
     bool bookmark = false;  // a group header that the document's outline lists
     std::optional<Color> fill;
-    bool repeat = false;  // a heading that stands again on each page that follows
+    bool repeat = false;    // a heading that stands again on each page that follows
+    bool keepNext = false;  // stays on the page of what stands below it in its sub-report
 };
 
 struct ControlInfo {

@@ -35,17 +35,21 @@ public:
                 addParagraph(block.paragraph);
             }
         }
+        endTable();
         return place_.arena.keep(sections_);
     }
 
 private:
     void addParagraph(const RichParagraph& paragraph) {
         const auto lines = breakParagraph(paragraph, {0, place_.width, place_.mostHeight}, place_.measure);
-        for (const RichLine& line : lines) {
-            const bool first = &line == &lines.front(), last = &line == &lines.back();
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            const bool first = i == 0, last = i + 1 == lines.size();
             const float before = first ? paragraph.before : 0;
-            addLine(line, before);
-            endSection(first ? paragraphName : lineName, before + line.height + (last ? paragraph.after : 0));
+            addLine(lines[i], before);
+            SectionInfo info = infoOf(first ? paragraphName : lineName);
+            // No line of a paragraph stands alone on a page, at its end nor at its beginning.
+            info.keepNext = paragraph.keepNext || (first && !last) || i + 2 == lines.size();
+            endSection(info, before + lines[i].height + (last ? paragraph.after : 0));
         }
     }
 
@@ -63,14 +67,29 @@ private:
         // Only what a table begins with are its captions.
         captions_ = row.heading && (!inTable_ || captions_ > 0) ? captions_ + 1 : 0;
         inTable_ = true;
-        if (captions_ == 0) return endSection(rowName, height);
-        hasCaptions_ = true;
-        endSection(captionsName, height, SectionKind::groupHeader, captions_);
+        SectionInfo info = infoOf(captions_ == 0 ? rowName : captionsName);
+        if (captions_ > 0) {
+            info.kind = SectionKind::groupHeader;
+            info.level = captions_;
+            info.repeat = info.keepNext = hasCaptions_ = true;
+        }
+        endSection(info, height);
     }
 
-    // Behind it its captions do not stand again.
+    // Its last row, often a total, stays with the one before. Behind it its captions do not stand again.
     void endTable() {
-        if (hasCaptions_) endSection(tableEndName, 0, SectionKind::groupFooter, 1);
+        if (inTable_ && sections_.size() > 1) {
+            const SectionInfo*& before = sections_[sections_.size() - 2].info;
+            SectionInfo kept = *before;
+            kept.keepNext = true;
+            if (before->name == rowName) before = place_.names.section(kept);
+        }
+        if (hasCaptions_) {
+            SectionInfo info = infoOf(tableEndName);
+            info.kind = SectionKind::groupFooter;
+            info.level = 1;
+            endSection(info, 0);
+        }
         inTable_ = hasCaptions_ = false;
         captions_ = 0;
     }
@@ -123,12 +142,13 @@ private:
         return control;
     }
 
-    void endSection(const char* name, float height, SectionKind kind = SectionKind::detail, int level = 0) {
+    static SectionInfo infoOf(const char* name) {
         SectionInfo info;
         info.name = name;
-        info.kind = kind;
-        info.level = level;
-        info.repeat = kind == SectionKind::groupHeader;
+        return info;
+    }
+
+    void endSection(const SectionInfo& info, float height) {
         PlacedSection section;
         section.info = place_.names.section(info);
         section.top = top_;

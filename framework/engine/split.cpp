@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -68,6 +69,16 @@ bool tellsNothing(const PlacedSection& section) {
     return section.repeat || !shows(section);
 }
 
+// What stays with what stands below it goes along, unless nothing would be left.
+void keepWithNext(Stacks& stacks) {
+    if (stacks.tail.empty() || stacks.torn) return;
+    auto from = stacks.head.end();
+    while (from != stacks.head.begin() && std::prev(from)->info->keepNext) --from;
+    if (std::all_of(stacks.head.begin(), from, tellsNothing)) return;
+    stacks.tail.insert(stacks.tail.begin(), from, stacks.head.end());
+    stacks.head.erase(from, stacks.head.end());
+}
+
 Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& arena, Cut cut) {
     Stacks stacks;
     for (const PlacedSection& section : sections) {
@@ -84,6 +95,7 @@ Stacks splitStack(std::span<const PlacedSection> sections, float above, Arena& a
         }
         stacks.tail.push_back(rest);
     }
+    keepWithNext(stacks);
     return stacks;
 }
 

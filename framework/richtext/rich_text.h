@@ -27,6 +27,7 @@ struct RichParagraph {
     float left = 0, right = 0;  // indents
     float first = 0;            // what the first line is indented more than the others
     float before = 0, after = 0;
+    bool keepNext = false;      // stays on the page of the paragraph below
     std::vector<TabStop> tabs;  // ascending
     TextStyle style;            // of the line that it has without any text
     std::vector<RichRun> runs;

@@ -23,6 +23,8 @@ constexpr float leastSize = 1, mostSize = 144;  // points
 constexpr int mostSpace = 2'880;                // above or below a paragraph
 constexpr float twipsPerPixel = 15;
 constexpr float thinRule = 10;
+constexpr const char* defaultFamily = "Times New Roman";
+constexpr float defaultSize = 12;
 
 float twips(int number, int least = -mostTwips, int most = mostTwips) {
     return static_cast<float>(std::clamp(number, least, most));
@@ -53,6 +55,8 @@ public:
         base_.fill.reset();
         base_.align = Align::left;
         base_.verticalAlign = VerticalAlign::top;
+        base_.family = defaultFamily;
+        base_.size = defaultSize;
         state_.style = base_;
     }
 
@@ -68,6 +72,7 @@ private:
 
     void take(const RtfToken& token) {
         const bool starred = std::exchange(starred_, false);
+        first_ = std::exchange(opened_, token.is(RtfToken::Kind::open));
         switch (token.kind) {
             case RtfToken::Kind::open:
                 return open();
@@ -106,8 +111,10 @@ private:
             --tooDeep_;
             return;
         }
-        if (states_.empty()) return;                                // one too many
-        if (states_.size() == 1 && !runs_.empty()) endParagraph();  // the last one has its form without a \par
+        if (states_.size() <= 1) {  // the whole file's, or one too many
+            if (!runs_.empty()) endParagraph();
+            return;
+        }
         const Destination ended = state_.destination;
         state_ = std::move(states_.back());
         states_.pop_back();
@@ -116,8 +123,9 @@ private:
         if (ended == Destination::fonts) useDefaultFont();
     }
 
+    // A word tells what its group is for only where the group begins with it.
     void enter(Destination destination) {
-        if (state_.destination != Destination::skipped) state_.destination = destination;
+        if (first_ && state_.destination != Destination::skipped) state_.destination = destination;
     }
 
     // --- words
@@ -134,7 +142,7 @@ private:
     void takeSymbol(unsigned char symbol) {
         switch (symbol) {
             case '*':
-                starred_ = true;
+                starred_ = opened_ = first_;
                 return;
             case '~':
                 return takeCharacter(U'\u00A0');
@@ -404,6 +412,7 @@ private:
         table["fi"] = [](Reader& r, const RtfToken& w) { r.state_.paragraph.first = twips(w.number); };
         table["sb"] = [](Reader& r, const RtfToken& w) { r.state_.paragraph.before = twips(w.number, 0, mostSpace); };
         table["sa"] = [](Reader& r, const RtfToken& w) { r.state_.paragraph.after = twips(w.number, 0, mostSpace); };
+        table["keepn"] = [](Reader& r, const RtfToken& w) { r.state_.paragraph.keepNext = isOn(w); };
         table["tqr"] = table["tqdec"] = [](Reader& r, const RtfToken&) { r.tabAlign_ = Align::right; };
         table["tqc"] = [](Reader& r, const RtfToken&) { r.tabAlign_ = Align::center; };
         table["tx"] = [](Reader& r, const RtfToken& w) { r.addTab(w.number); };
@@ -451,7 +460,8 @@ private:
     State state_;
     std::vector<State> states_;
     std::size_t tooDeep_ = 0;
-    bool starred_ = false;
+    bool opened_ = false, first_ = false;  // a group has just begun; the word is its first
+    bool starred_ = false;                 // the group may be ignored
     int toSkip_ = 0;
     char32_t half_ = 0;
     Align tabAlign_ = Align::left;

@@ -25,9 +25,12 @@ Outcome program(const std::vector<std::string>& arguments) {
 std::string trade() {
     std::string rows =
         "UPDATE CompanyFact SET Value = 'Quay Ltd' WHERE Name = 'Name';"
-        "INSERT INTO Cust (InCustId, CustId, Name) VALUES (1, 'A/1', 'Ash'), (2, 'a_1', 'Birch & Sons'), (3, '3', 'Cedar');"
-        "INSERT INTO Addr (InAddrId, ExCustId, AddrKind, AddrName, AddrLine1) VALUES (1, NULL, 0, 'Quay Ltd', '9 Quay');"
-        "INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, DueDate, ExCustId, ExCurrencyId, TotAmnt) VALUES"
+        "INSERT INTO Cust (InCustId, CustId, Name) VALUES (1, 'A/1', 'Ash'), (2, 'a_1', 'Birch & Sons'), (3, '3', "
+        "'Cedar');"
+        "INSERT INTO Addr (InAddrId, ExCustId, AddrKind, AddrName, AddrLine1) VALUES (1, NULL, 0, 'Quay Ltd', '9 "
+        "Quay');"
+        "INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, DueDate, ExCustId, ExCurrencyId, TotAmnt) "
+        "VALUES"
         " (1, 'F1', 1, '2024-01-01', '2024-01-11', 1, 1, 100.5), (2, 'F2', 1, '2024-02-20', '2024-02-25', 3, 1, 7)";
     for (int i = 100; i < 140; ++i)
         rows += ", (" + std::to_string(i) + ", 'B" + std::to_string(i) + "', 1, '2024-01-01', '2024-01-11', 2, 1, 10)";

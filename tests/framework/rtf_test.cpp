@@ -42,10 +42,15 @@ std::string describe(const RichText& text) {
     return lines;
 }
 
+RichText readBody(const std::string& body) {
+    return read(
+        "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Liberation Sans;}{\\f1 Courier New;}}"
+        "{\\colortbl;\\red255\\green0\\blue0;}\\fs18 " +
+        body + "}");
+}
+
 std::string inRtf(const std::string& body) {
-    return describe(read("{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Liberation Sans;}{\\f1 Courier New;}}"
-                         "{\\colortbl;\\red255\\green0\\blue0;}\\fs18 " +
-                         body + "}"));
+    return describe(readBody(body));
 }
 
 struct Case {
@@ -56,7 +61,7 @@ TEST(Rtf, ReadsTheLooksOfItsRuns) {
     constexpr Case cases[] = {
         {"plain {\\b bold} plain", "plain <9 bold>bold plain"},
         {"\\b a\\b0 b\\i c\\i0\\ul d\\ulnone e", "<9 bold>ab<9 italic>c<9 underline>de"},
-        {"\\f1\\fs24 x\\plain y", "<12 Courier New>xy"},
+        {"\\f1\\fs24 x\\plain y", "<12 Courier New>x<12>y"},
         {"\\cf1 red\\cf0 black", "<9 #ff0000>redblack"},
         {"\\cf7\\f9 of no table", "of no table"},
         {"{\\b one\\par two}\\par three", "<9 bold>one\n<9 bold>two\nthree"},
@@ -94,6 +99,7 @@ TEST(Rtf, LeavesOutWhatItDoesNotKnowAndKeepsItsText) {
         {"a{\\footnote b}c", "abc"},
         {"a}b", "a\nb"},
         {"{{{a", "a"},
+        {"a\\info\\*\\fonttbl b", "ab"},
         {"a\\", "a}"},
         {"a\\'zz", "azz"},
     };
@@ -162,9 +168,9 @@ std::string hexOf(std::span<const std::byte> bytes) {
 TEST(Rtf, ReadsPicturesAndLeavesOutDamagedOnes) {
     const auto png = redPng(), jpeg = smallJpeg();
     const std::string raw(reinterpret_cast<const char*>(jpeg.data()), jpeg.size());
-    const RichText text = read("{\\rtf1 a{\\pict{\\*\\blipuid 01}\\pngblip\\picwgoal600\\pichgoal300\\picscalex50 " +
-                               hexOf(png) + "}b{\\*\\shppict{\\pict\\jpegblip\\bin" + std::to_string(jpeg.size()) + " " +
-                               raw + "}}{\\nonshppict{\\pict\\wmetafile8 0100}}c}");
+    const RichText text = readBody("a{\\pict{\\*\\blipuid 01}\\pngblip\\picwgoal600\\pichgoal300\\picscalex50 " +
+                                   hexOf(png) + "}b{\\*\\shppict{\\pict\\jpegblip\\bin" + std::to_string(jpeg.size()) +
+                                   " " + raw + "}}{\\nonshppict{\\pict\\wmetafile8 0100}}c");
     ASSERT_EQ(describe(text), "a[picture]b[picture]c");
     const RichRun &first = text[0].paragraph.runs[1], &second = text[0].paragraph.runs[3];
     EXPECT_EQ(first.picture, png);
@@ -175,7 +181,7 @@ TEST(Rtf, ReadsPicturesAndLeavesOutDamagedOnes) {
     auto spoiled = png;
     spoiled[spoiled.size() - 20] ^= std::byte{1};
     for (const std::string& hex : {hexOf(spoiled), hexOf(std::span(png).first(40)), std::string("0102"), std::string()})
-        EXPECT_EQ(describe(read("{\\rtf1 a{\\pict\\pngblip " + hex + "}b}")), "ab");
+        EXPECT_EQ(inRtf("a{\\pict\\pngblip " + hex + "}b"), "ab");
 }
 
 TEST(Rtf, ADamagedFileGivesWhatCanBeRead) {
@@ -196,8 +202,8 @@ TEST(Rtf, ADamagedFileGivesWhatCanBeRead) {
         }
         for (const RichBlock& block : read(damaged)) EXPECT_LE(block.row.cells.size(), 64U);
     }
-    EXPECT_EQ(describe(read("{\\rtf1 " + std::string(300000, '{') + "deep" + std::string(300000, '}') + " out}")),
-              "deep out");
+    EXPECT_EQ(inRtf(std::string(300000, '{') + "deep" + std::string(300000, '}') + " out"), "deep out");
+    EXPECT_EQ(describe(read("{\\rtf1 x}")), "<12 Times New Roman>x") << "what RTF means that names no font";
 }
 
 }  // namespace

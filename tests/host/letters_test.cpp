@@ -25,9 +25,9 @@ std::string readBack(const std::string& rtf) {
     return text;
 }
 
-const LetterFields sample = {
-    {{"Name", "Bo {& Sons} \\ Œuvre 😀"}, {"Address", "1 Main\nLaval"}, {"Balance", "30.00"}},
-    {{{"Document.Number", "F1"}, {"Document.Balance", "10.00"}}, {{"Document.Number", "F2"}, {"Document.Balance", "20.00"}}}};
+const LetterFields sample = {{{"Name", "Bo {& Sons} \\ Œuvre 😀"}, {"Address", "1 Main\nLaval"}, {"Balance", "30.00"}},
+                             {{{"Document.Number", "F1"}, {"Document.Balance", "10.00"}},
+                              {{"Document.Number", "F2"}, {"Document.Balance", "20.00"}}}};
 
 TEST(LetterTemplate, PutsValuesInPlaceOfFields) {
     const struct {
@@ -81,9 +81,11 @@ constexpr const char* trade =
     "INSERT INTO WorldCurrency VALUES (2, 'USD', 'US dollar');"
     "INSERT INTO Cust (InCustId, CustId, Name, ExCurrencyId) VALUES (1, 'A', 'Ash', NULL), (2, 'B', 'Birch', 1),"
     " (3, 'C', 'Cedar', 2), (4, 'E', 'Elm', 1);"
-    "INSERT INTO Addr (InAddrId, ExCustId, AddrKind, AddrName, AddrLine1, City) VALUES (1, 1, 0, NULL, '1 Main', 'Hull'),"
+    "INSERT INTO Addr (InAddrId, ExCustId, AddrKind, AddrName, AddrLine1, City) VALUES (1, 1, 0, NULL, '1 Main', "
+    "'Hull'),"
     " (2, NULL, 0, 'Quay Ltd', '9 Quay', 'Laval');"
-    "INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, DueDate, ExCustId, ExCurrencyId, TotAmnt, RecAmnt) "
+    "INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, DueDate, ExCustId, ExCurrencyId, TotAmnt, "
+    "RecAmnt) "
     "VALUES (10, 'F10', 1, '2024-01-01', '2024-01-11', 1, NULL, 100, NULL),"
     " (11, 'F11', 1, '2024-02-20', '2024-03-20', 1, 1, 50, 10), (12, 'Q1', 50, '2024-01-01', NULL, 1, 1, 99, NULL),"
     " (20, 'F20', 1, '2024-01-01', '2024-01-02', 2, 1, 80, NULL), (21, 'N21', 3, '2024-01-05', NULL, 2, 1, -90, NULL),"
@@ -111,7 +113,8 @@ std::string tell(TestSession& session, const char* day, int minDays) {
 
 TEST(Overdue, CountsWhatWasOpenOnTheDay) {
     TestSession session(trade);
-    EXPECT_EQ(tell(session, "2024-01-11", 1), "Elm 9: F40 60.1, overdue 60.1 of 60.1 in 1\n") << "due today is not late";
+    EXPECT_EQ(tell(session, "2024-01-11", 1), "Elm 9: F40 60.1, overdue 60.1 of 60.1 in 1\n")
+        << "due today is not late";
     EXPECT_EQ(tell(session, "2024-01-12", 1),
               "Ash 1: F10 100, overdue 100 of 100 in 1\nElm 10: F40 60.1, overdue 60.1 of 60.1 in 1\n");
     EXPECT_EQ(tell(session, "2024-01-31", 20), "Ash 20: F10 70, overdue 70 of 70 in 1\n");
@@ -131,7 +134,8 @@ TEST(Letters, SayWhatTheCompanyKnows) {
     const Date day = *Date::parseIsoDay("2024-03-01");
     const auto customers = overdueCustomers(session->file(), day, 30);
     ASSERT_EQ(customers.size(), 2U);
-    const LetterFields ash = letterFields(*session, customers[0], day), cedar = letterFields(*session, customers[1], day);
+    const LetterFields ash = letterFields(*session, customers[0], day),
+                       cedar = letterFields(*session, customers[1], day);
     EXPECT_EQ(ash.values, (FieldValues{{"Name", "Ash"},
                                        {"Address", "1 Main\nHull"},
                                        {"Balance", "90,00\u00A0$"},
@@ -166,7 +170,8 @@ TEST(Letters, TheTemplatesOfTheLibraryHaveEveryFieldOfADocument) {
         }
         fields.documents = {fields.values};
         const std::string text = readBack(letter.compose(fields));
-        for (const auto& [name, value] : fields.values) EXPECT_NE(text.find(value), text.npos) << language << " " << name;
+        for (const auto& [name, value] : fields.values)
+            EXPECT_NE(text.find(value), text.npos) << language << " " << name;
         EXPECT_EQ(text.find('{'), text.npos) << text;
     }
     EXPECT_NE(builtInLetter("en"), builtInLetter("fr"));

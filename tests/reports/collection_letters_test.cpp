@@ -23,7 +23,8 @@ std::string shownBy(const ReportResult& result) {
 class CollectionLetters : public testing::Test {
 protected:
     const TestCompany company{
-        "INSERT INTO Addr (InAddrId, ExCustId, AddrKind, AddrName, AddrLine1) VALUES (1, NULL, 0, 'Quay Ltd', '9 Quay')"};
+        "INSERT INTO Addr (InAddrId, ExCustId, AddrKind, AddrName, AddrLine1) VALUES (1, NULL, 0, 'Quay Ltd', '9 "
+        "Quay')"};
 
     ReportResult letter(const std::map<std::string, std::string>& properties) const {
         return runReport({.member = "CollectionLetter", .company = company.path(), .properties = properties});
@@ -34,8 +35,7 @@ TEST_F(CollectionLetters, PrintsTheBodyBelowWhatTheHostAsksFor) {
     const std::string body = "{\\rtf1 {\\b Dear} Bo\\par Pay}";
     EXPECT_EQ(shownBy(letter({{"TextLetter", body}})), "rtbCollLetter: Dear Bo\nPay\n");
     const auto whole = letter({{"TextLetter", body}, {"DisplayCieAddress", "True"}, {"CieLogoFullPath", logo}});
-    EXPECT_EQ(shownBy(whole),
-              "lblCieAddress: Quay Ltd\n9 Quay\nimgLogo [picture]: \nrtbCollLetter: Dear Bo\nPay\n");
+    EXPECT_EQ(shownBy(whole), "lblCieAddress: Quay Ltd\n9 Quay\nimgLogo [picture]: \nrtbCollLetter: Dear Bo\nPay\n");
     EXPECT_TRUE(whole.boxes.empty());
     EXPECT_TRUE(whole.sql.empty());
     const auto& sections = whole.kept.pages.at(0)->sections;
