@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "framework/services/services.h"
@@ -72,6 +73,8 @@ public:
     virtual int Count() const = 0;
     // Home currency for one unit of the currency whose id is given as text. Throws NameError when there is none.
     virtual double Item(std::string_view currencyId) const = 0;
+    // The same; nothing when there is none.
+    virtual std::optional<double> find(std::string_view currencyId) const = 0;
 };
 
 class IExchangeRates {

@@ -6,6 +6,8 @@
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
 #include "reports/ageing/dsrCollectionLetters.h"
+#include "reports/ageing/dsrCustAgingDetail.h"
+#include "reports/ageing/dsrCustAgingSummary.h"
 #include "reports/ageing/dsrCustTransHistoryRepNova.h"
 #include "reports/ageing/dsrExpectAndExceedPmtByCust.h"
 #include "reports/cash_receipts/dsrCashReceiptsDetail.h"
@@ -78,8 +80,8 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     TO_COME(InvStatByCust, dsrInvStatByCust)                                                           \
     TO_COME(InvStatByItem, dsrInvStatByItem)                                                           \
     TO_COME(SalesStatistic, dsrSalesStatistic)                                                         \
-    TO_COME(CustAgingDetail, dsrCustAgingDetail)                                                       \
-    TO_COME(CustAgingSummary, dsrCustAgingSummary)                                                     \
+    WRITTEN(CustAgingDetail, dsrCustAgingDetail)                                                       \
+    WRITTEN(CustAgingSummary, dsrCustAgingSummary)                                                     \
     TO_COME(CustAgingGraphic, dsrCustAgingGraphic)                                                     \
     BY_HAND(CollectionLetter, dsrCollectionLetters, "TextLetter, oMainApp", CollectionLetter(), true)  \
     WRITTEN(CustTransHistoryRepNova, dsrCustTransHistoryRepNova)                                       \

@@ -16,6 +16,7 @@ namespace quillo {
 
 struct SubReport;
 class ExchangeRates;
+class IExchangeRates;
 class Report;
 
 // --- application -------------------------------------------------------------------------------
@@ -35,6 +36,9 @@ public:
     virtual const CurrencyRecord& Item(std::string_view id) const = 0;
     // The currency of an ISO code, null when the company has none.
     virtual const CurrencyRecord* findCode(std::string_view code) const = 0;
+    // The rates of a re-evaluation in one line, for people: "1 USD = 1.35 CAD; 1 EUR = 1.48 CAD". Empty for none. The
+    // rates come back as they were.
+    virtual std::string GetCurrenciesLegend(std::shared_ptr<ExchangeRates>& rates) const = 0;
 };
 
 class CurrencyInfo {
@@ -43,6 +47,13 @@ public:
     virtual bool CieIsForeignCurrencyUsed() const = 0;
     virtual int CieHomeCurrencyId() const = 0;
     virtual const Currencies& currencies() const = 0;
+    // Fills a report's re-evaluation: the rates of the day that the report names, else of its end date, else of the
+    // session's date; a rate that the report holds already stays. A report that does not re-evaluate holds none then.
+    virtual void ConfigureExchangeRates(const Date& dateTo, IExchangeRates& report) = 0;
+    // The amount in home currency, in cents: at the currency's own rate, or with rates at theirs. Throws NameError when
+    // they lack the currency.
+    virtual Money EvaluateValueWithExchangeRate(const double& rate, const int& currencyId, const Money& amount,
+                                                const ExchangeRates* rates) const = 0;
 };
 
 // Stored queries of the general ledger.
@@ -77,6 +88,42 @@ public:
     virtual void setCached(bool cached) = 0;
     // Date of the customer's last sale; noDate when there was none.
     virtual Date LastSaleDate(int customerId) = 0;
+};
+
+// The receivables of customers.
+class CustomerService {
+public:
+    virtual ~CustomerService() = default;
+    // What customers owe at the end of a day, gross: a row for each document up to it with its total (InvoiType 1, 3, 4;
+    // a cash sale that was not received in full is a 1), and under it, with its DocOrderId, DocOrderDate, ExchangeRate,
+    // ExCurrencyId and DocType, what settled it up to the day, negative: money and credits (99) and discounts (100).
+    // Money on account is a 99 of its own, and under it what was used of it; CustHomeAdjustment is a 101 at rate 1. A
+    // document whose rows come to 0 is left out with them unless includePaid. customerId 0: all customers.
+    //
+    // Columns: ExCustId, CustId, Name, Contact, Tel1, CustNameID (name and key: one group a customer), ExCurrencyId,
+    // CurrencyCode, Descr (of the document's currency, else the customer's, else home's), InInvoiId (of the document, the
+    // payment, the adjustment; of money received on the spot the document's), InvoiId, InvoiDate, InvoiType, DocType (the
+    // document's kind as its table has it, 99, 101), DocOrderDate, DocOrderId, Balance, ExchangeRate (1 where there is
+    // none), PaymentCreditApplication, ExSegmentId.
+    //
+    // where: a condition on these columns of CustAgingList and on Cust and WorldCurrency. order: what the rows stand in.
+    // The arguments behind them are the host's.
+    virtual std::unique_ptr<HostRecordset> GetCustAgingList(bool includePaid, int customerId, Date day,
+                                                            std::string_view where, std::string_view order,
+                                                            std::string_view argumentA, std::string_view argumentB,
+                                                            bool flag, int option) = 0;
+    // The tables and columns over which a user may filter that list, as the filter tool takes them, without those that
+    // are named; and those of its currencies.
+    virtual std::string AgingFilterFields(std::string_view without) = 0;
+    virtual std::string CurrencyFilterFields() = 0;
+};
+
+class InvoiceService {
+public:
+    virtual ~InvoiceService() = default;
+    // What was open on a document at the end of a day, in its own currency: one row with the column Balance, none for a
+    // document that is not there, is later, or is no receivable.
+    virtual std::unique_ptr<HostRecordset> BalanceAtDate(int invoiceId, Date day) = 0;
 };
 
 class AddressBook {
@@ -238,6 +285,8 @@ public:
     // options are the host's.
     virtual std::string AddressText(int optionA, int optionB, int optionC) = 0;
     virtual CustomerStatistics& customerStatistics() = 0;
+    virtual CustomerService& customers() = 0;
+    virtual InvoiceService& invoices() = 0;
     virtual AddressBook& addressBook() = 0;
     virtual Projects& projects() = 0;
     virtual AccountGroups& accountGroups() = 0;

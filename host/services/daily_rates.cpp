@@ -1,30 +1,10 @@
 #include "host/services/daily_rates.h"
 
-#include <map>
-
-#include "framework/report_contract.h"
 #include "framework/values/errors.h"
+#include "host/services/rate_table.h"
 
 namespace quillo {
 namespace {
-
-class RatesOfADay final : public ExchangeRates {
-public:
-    explicit RatesOfADay(Date day) : day_(day) {}
-
-    void set(int currencyId, double rate) { rates_[std::to_string(currencyId)] = rate; }
-    int Count() const override { return static_cast<int>(rates_.size()); }
-    double Item(std::string_view currencyId) const override {
-        const auto found = rates_.find(currencyId);
-        if (found != rates_.end()) return found->second;
-        throw NameError("The currency " + std::string(currencyId) + " has no rate on " + day_.isoText() +
-                        " or before it");
-    }
-
-private:
-    Date day_;
-    std::map<std::string, double, std::less<>> rates_;
-};
 
 std::string nameOf(int currencyId, const Currencies& currencies) {
     return currencies.Item(std::to_string(currencyId)).CurrencyCode;
@@ -43,7 +23,7 @@ double SqliteDailyRates::Rate(int currencyId, Date day) {
 }
 
 std::shared_ptr<ExchangeRates> SqliteDailyRates::RatesAt(Date day) {
-    auto rates = std::make_shared<RatesOfADay>(day);
+    auto rates = std::make_shared<RateTable>(" on " + day.isoText() + " or before it");
     // Beside a MAX, SQLite takes the other columns from the row that holds it.
     sqlite::Statement rows(database_,
                            "SELECT ExCurrencyId, Rate, MAX(RateDate) FROM ExchangeRateByDay "

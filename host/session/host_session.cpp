@@ -49,16 +49,17 @@ HostSession::HostSession(const SessionOptions& options, Messages& messages)
       language_(companyLanguage(file_, options.language)),
       localeName_(options.locale.empty() ? file_.fact("Locale", "en_CA") : options.locale),
       locale_(companyLocale(file_, localeName_)),
-      company_(file_, language_.code(), options.dialect, options.settings, options.parameters),
+      moment_(momentOf(options)),
+      company_(file_, language_.code(), locale_, moment_.day, options.dialect, options.settings, options.parameters),
       utils_(company_.DatabaseKind(), locale_, language_),
       localizer_(language_),
       filterInfoFiller_(*this),
-      messages_(messages),
-      sessionDate_(options.sessionDate.value_or(Date())) {
-    if (options.sessionDate) return;
+      messages_(messages) {}
+
+HostSession::Moment HostSession::momentOf(const SessionOptions& options) {
+    if (options.sessionDate) return {*options.sessionDate, ""};
     const std::tm now = localTime();
-    sessionDate_ = dayOf(now);
-    clockTime_ = timeOfDay(now);
+    return {dayOf(now), timeOfDay(now)};
 }
 
 std::string HostSession::GetMessage(int number, std::string_view source,

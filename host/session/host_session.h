@@ -49,7 +49,7 @@ public:
     // Application
     CurrencyInfo& currencyInfo() override { return company_.currencies(); }
     std::string CieCountry() const override { return file_.fact("Country", ""); }
-    Date SessionDate() const override { return sessionDate_; }
+    Date SessionDate() const override { return moment_.day; }
     int DefaultWarehouseID() const override { return file_.integerFact("DefaultWarehouseId", 0); }
     GeneralLedgerQueries& generalLedger() override { return company_.generalLedger(); }
 
@@ -57,23 +57,28 @@ public:
     const Language& language() const { return language_; }
     // The time of day, "14:05", where the clock gives the session's date; empty where the caller fixed it, so that the
     // same run gives the same pages.
-    const std::string& clockTime() const { return clockTime_; }
+    const std::string& clockTime() const { return moment_.clock; }
     // The name of the locale in which it formats: "fr_CA".
     const std::string& localeName() const { return localeName_; }
     std::string companyName() const { return file_.fact("Name", ""); }
 
 private:
+    struct Moment {
+        Date day;
+        std::string clock;
+    };
+    static Moment momentOf(const SessionOptions& options);
+
     CompanyFile file_;
     Language language_;
     std::string localeName_;
     LocaleFormat locale_;
+    Moment moment_;
     SessionCompany company_;
     HostReportUtils utils_;
     TagLocalizer localizer_;
     FilterTextFiller filterInfoFiller_;
     Messages& messages_;
-    Date sessionDate_;
-    std::string clockTime_;
 };
 
 }  // namespace quillo

@@ -4,15 +4,18 @@
 
 namespace quillo {
 
-SessionCompany::SessionCompany(CompanyFile& file, std::string_view language, std::optional<int> dialect,
-                               std::map<int, std::string> settings, std::map<std::string, std::string> parameters)
+SessionCompany::SessionCompany(CompanyFile& file, std::string_view language, const LocaleFormat& locale,
+                               Date sessionDate, std::optional<int> dialect, std::map<int, std::string> settings,
+                               std::map<std::string, std::string> parameters)
     : file_(file),
       databaseKind_(dialect ? *dialect : file.integerFact("DatabaseKind", 0)),
       settings_(file, std::move(settings)),
       parameters_(std::move(parameters)),
       dictionary_(file.handle(), language),
-      currencies_(file, dictionary_),
+      currencies_(file, dictionary_, locale, sessionDate),
       customerStatistics_(file.handle()),
+      customers_(file, currencies_),
+      invoices_(file.database()),
       addressBook_(file.handle()),
       projects_(file.handle()),
       accountGroups_(file.handle()),

@@ -11,9 +11,11 @@
 #include "host/services/company_lists.h"
 #include "host/services/currencies.h"
 #include "host/services/customer_statistics.h"
+#include "host/services/customers.h"
 #include "host/services/daily_rates.h"
 #include "host/services/dictionary.h"
 #include "host/services/fiscal_calendar.h"
+#include "host/services/invoices.h"
 #include "host/services/item_costs.h"
 #include "host/services/payment_schedule.h"
 #include "host/services/settings.h"
@@ -23,9 +25,10 @@ namespace quillo {
 // The company of a session: its file, with what this run alone sets otherwise.
 class SessionCompany final : public Company {
 public:
-    // file must outlive it. language: the code of the user's language.
-    SessionCompany(CompanyFile& file, std::string_view language, std::optional<int> dialect,
-                   std::map<int, std::string> settings, std::map<std::string, std::string> parameters);
+    // file and locale must outlive it. language: the code of the user's language.
+    SessionCompany(CompanyFile& file, std::string_view language, const LocaleFormat& locale, Date sessionDate,
+                   std::optional<int> dialect, std::map<int, std::string> settings,
+                   std::map<std::string, std::string> parameters);
 
     int DatabaseKind() const override { return databaseKind_; }
     HostDatabase& Database() override { return file_.database(); }
@@ -35,6 +38,8 @@ public:
     int HomeCurrencyId() const override { return currencies_.CieHomeCurrencyId(); }
     std::string AddressText(int, int, int) override { return addressBook_.companyAddress(); }
     CustomerStatistics& customerStatistics() override { return customerStatistics_; }
+    CustomerService& customers() override { return customers_; }
+    InvoiceService& invoices() override { return invoices_; }
     AddressBook& addressBook() override { return addressBook_; }
     Projects& projects() override { return projects_; }
     AccountGroups& accountGroups() override { return accountGroups_; }
@@ -59,6 +64,8 @@ private:
     CompanyDictionary dictionary_;
     CompanyCurrencies currencies_;
     SqliteCustomerStatistics customerStatistics_;
+    SqliteCustomerService customers_;
+    SqliteInvoiceService invoices_;
     SqliteAddressBook addressBook_;
     SqliteProjects projects_;
     SqliteAccountGroups accountGroups_;

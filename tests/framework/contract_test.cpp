@@ -174,6 +174,7 @@ TEST(Contract, SegmentsStandBehindAConditionOrAlone) {
 struct Rates final : ExchangeRates {
     int Count() const override { return 0; }
     double Item(std::string_view) const override { throw NameError("no rate"); }
+    std::optional<double> find(std::string_view) const override { return {}; }
 };
 
 TEST(Contract, ExchangeRatesAreKeptAsTheHostGivesThem) {

@@ -20,10 +20,11 @@ std::vector<std::string> columnsOf(std::string_view tables, const Catalogue& cat
     std::vector<std::string> names;
     std::stringstream list{std::string(tables)};
     for (std::string entry; std::getline(list, entry, ',');) {
-        const std::string table(trimmed(entry));
-        if (const auto dot = table.find('.'); dot != table.npos)
-            names.push_back(qualified ? table : table.substr(dot + 1));  // one column alone
+        const std::string_view wanted = trimmed(entry);
+        const auto point = wanted.find('.');
+        const std::string table(wanted.substr(0, point));
         for (const std::string& column : catalogue.columns(table)) {
+            if (point != wanted.npos && wanted.substr(point + 1) != column) continue;
             try {
                 names.push_back(qualified ? table + "." + column : (scope.find("", column), column));
             } catch (const InputError&) {

@@ -21,6 +21,7 @@ struct ReportRun {
     std::string member;
     std::string company;  // path of the file
     std::string from{}, to{};
+    std::string sessionDate{};  // empty: today
     bool foreign = false;
     std::string where{}, order{};
     std::string segments{};
@@ -32,6 +33,9 @@ struct ReportRun {
     std::map<std::string, std::string> parameters{};
     bool cancelFilter = false;
     std::vector<std::pair<std::string, Variant>> options{};  // of the report's dialog, in the user's order
+    bool reevaluate = false;
+    std::string ratesDate{};
+    std::vector<std::pair<std::string, std::string>> rates{};  // currency code and rate
     float pageHeight = 0;                                    // twips; 0: as the design has it
 };
 
@@ -102,6 +106,9 @@ inline ReportWish wishOf(const ReportRun& run) {
     // A letter has a body unless the test gives it another one.
     if (run.member == "CollectionLetter" && !run.properties.contains("TextLetter"))
         wish.properties.emplace_back("TextLetter", sampleLetter());
+    wish.reevaluate = run.reevaluate;
+    wish.ratesDate = run.ratesDate;
+    wish.rates = run.rates;
     return wish;
 }
 
@@ -114,6 +121,7 @@ inline ReportResult runReport(const ReportRun& run, const std::function<void(Rep
     options.language = run.language;
     options.locale = run.locale;
     options.dialect = run.dialect;
+    options.sessionDate = Date::parseIso(run.sessionDate);
     options.settings = run.settings;
     options.parameters = run.parameters;
     HostSession session(options, messages);
