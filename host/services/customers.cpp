@@ -10,7 +10,7 @@ namespace {
 
 // Everything below looks at one day; what is asked stands once.
 constexpr std::string_view asked =
-    "WITH Asked AS (SELECT ? AS Day, ? AS HomeId, ? AS PaidToo, ? AS CustomerId),"
+    "WITH Asked AS (SELECT ? AS Day, ? AS HomeId, ? AS PaidToo, ? AS CustomerId, ? AS Language),"
 
     // What payments up to the day took off documents.
     " Settlement AS NOT MATERIALIZED (SELECT PmtDet.ExInvoiId, PmtHdr.InPmtId, PmtHdr.ChqNo, PmtHdr.PmtDate,"
@@ -89,7 +89,9 @@ constexpr std::string_view list =
     " SELECT CustAgingList.ExCustId, Cust.CustId, Cust.Name, Cust.Contact, Cust.Tel1,"
     " COALESCE(Cust.Name, '') || '|' || COALESCE(CustAgingList.ExCustId, '') AS CustNameID,"
     " COALESCE(CustAgingList.OwnCurrencyId, Cust.ExCurrencyId, (SELECT HomeId FROM Asked)) AS ExCurrencyId,"
-    " WorldCurrency.CurrencyCode, WorldCurrency.Descr, CustAgingList.InInvoiId, CustAgingList.InvoiId,"
+    " WorldCurrency.CurrencyCode, COALESCE((SELECT Dictionary.Translation FROM Dictionary WHERE Dictionary.Word ="
+    " WorldCurrency.Descr AND Dictionary.Language = (SELECT Language FROM Asked)), WorldCurrency.Descr) AS Descr,"
+    " CustAgingList.InInvoiId, CustAgingList.InvoiId,"
     " CustAgingList.InvoiDate, CustAgingList.InvoiType, CustAgingList.DocType, CustAgingList.DocOrderDate,"
     " CustAgingList.DocOrderId, CustAgingList.Balance, CustAgingList.ExchangeRate,"
     " CustAgingList.PaymentCreditApplication, CustAgingList.ExSegmentId"
@@ -113,7 +115,7 @@ std::unique_ptr<HostRecordset> SqliteCustomerService::GetCustAgingList(bool incl
     if (!where.empty()) sql.append(customerId != 0 ? " AND (" : " WHERE (").append(where).append(")");
     // Rows that the order leaves equal always stand in the same one.
     sql.append(" ORDER BY ").append(order).append(order.empty() ? "" : ", ").append("CustAgingList.InInvoiId");
-    const std::vector<Variant> values{day, currencies_.CieHomeCurrencyId(), includePaid, customerId};
+    const std::vector<Variant> values{day, currencies_.CieHomeCurrencyId(), includePaid, customerId, language_};
     return file_.database().OpenRecordset(sql, 4, 0, values);
 }
 
@@ -129,7 +131,7 @@ std::string SqliteCustomerService::AgingFilterFields(std::string_view without) {
     };
     std::string fields;
     for (const std::string& column : file_.catalogue().columns(table))
-        if (!leftOut(column)) fields.append(fields.empty() ? "" : ",").append(table).append(".").append(column);
+        if (!leftOut(column)) fields.append(fields.empty() ? "" : ", ").append(table).append(".").append(column);
     return fields;
 }
 

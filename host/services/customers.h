@@ -9,8 +9,9 @@ namespace quillo {
 // the day is money on account until then.
 class SqliteCustomerService final : public CustomerService {
 public:
-    // Both must outlive it.
-    SqliteCustomerService(CompanyFile& file, const CurrencyInfo& currencies) : file_(file), currencies_(currencies) {}
+    // Both must outlive it. language: the code of the user's language, for the names of currencies.
+    SqliteCustomerService(CompanyFile& file, const CurrencyInfo& currencies, std::string_view language)
+        : file_(file), currencies_(currencies), language_(language) {}
 
     std::unique_ptr<HostRecordset> GetCustAgingList(bool includePaid, int customerId, Date day, std::string_view where,
                                                     std::string_view order, std::string_view argumentA,
@@ -21,6 +22,7 @@ public:
 private:
     CompanyFile& file_;
     const CurrencyInfo& currencies_;
+    std::string language_;
 };
 
 }  // namespace quillo

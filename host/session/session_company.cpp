@@ -14,7 +14,7 @@ SessionCompany::SessionCompany(CompanyFile& file, std::string_view language, con
       dictionary_(file.handle(), language),
       currencies_(file, dictionary_, locale, sessionDate),
       customerStatistics_(file.handle()),
-      customers_(file, currencies_),
+      customers_(file, currencies_, language),
       invoices_(file.database()),
       addressBook_(file.handle()),
       projects_(file.handle()),

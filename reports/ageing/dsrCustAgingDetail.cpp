@@ -55,9 +55,16 @@ void dsrCustAgingDetail::ghForCurr_Format() {
     gfForCurr.Visible = false;
     if (rsInvoiJournal.atEnd()) return;
     STEP(enterCurrency());
-    STEP(gfForCurr.Visible = !m_row.InInvoiId.view().isNull() && isForeignUsed() &&
-                             m_CurrentCurrencyId != m_HomeCurrencyId && !m_bDisplayForeignCurrency && !m_bReevaluate);
+    STEP(gfForCurr.Visible = tellsRate());
     if (gfForCurr.Visible) STEP(txtCurrEqual.Text = rateLine(m_CurrentCurrencyId, rowRate()));
+}
+
+// A correction in home currency has no rate to tell of.
+bool dsrCustAgingDetail::tellsRate() const {
+    const bool inHomeCurrency = m_CurrentCurrencyId == m_HomeCurrencyId ||
+                                m_row.InvoiType.view().int32OrZero() == ReceivableKind::homeAdjustment;
+    return !m_row.InInvoiId.view().isNull() && isForeignUsed() && !inHomeCurrency && !m_bDisplayForeignCurrency &&
+           !m_bReevaluate;
 }
 
 void dsrCustAgingDetail::Detail_Format() {

@@ -31,6 +31,7 @@ private:
 
     void enterCurrency();
     void enterCustomer();
+    bool tellsRate() const;
     RowAmounts rowAmounts(int kind, Money balance) const;
     void addEvaluated(Money& sum, const RowAmounts& amounts) const;
     void SetPeriodAmount(std::size_t column, Money amount);

@@ -46,6 +46,8 @@ constexpr Row rows[] = {
     {"DayEndBalanceByCashPmtDetail", 1, "#6025", false, ""},
     {"DayEndBalanceByCashDepDetail", 1, "#6025", false, ""},
     {"CollectionLetter", 0, "", false, ""},
+    {"CustAgingDetail", 2, "#6084", true, "FSRX"},
+    {"CustAgingSummary", 2, "#6083", true, "FSRX"},
 };
 
 std::string interfacesOf(Report* report) {

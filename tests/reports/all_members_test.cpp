@@ -46,7 +46,10 @@ void runAll(const std::string& company, const char* from, const char* to) {
 }
 
 TEST(AllMembers, RunOnACompanyWithoutRows) {
-    const test::TestCompany company("INSERT INTO Segment (InSegmentId, Descr) VALUES (1, 'East'), (2, 'West')");
+    const test::TestCompany company(
+        "INSERT INTO Segment (InSegmentId, Descr) VALUES (1, 'East'), (2, 'West');"
+        "INSERT INTO GLAcct (InGLAcctId, GLAcctId) VALUES (1, '1100');"
+        "INSERT INTO AccountGroup VALUES ('CustGLAR', 1, 1)");
     runAll(company.path(), "2024-01-01", "2024-12-31");
 }
 

@@ -19,6 +19,11 @@ struct OwnRun {
     const char *member, *name;
     void (*ask)(ReportRun&);
 };
+void reevaluate(ReportRun& run) {
+    run.reevaluate = true;
+    run.rates = {{"USD", "1.4"}, {"EUR", "1.5"}};
+}
+
 constexpr OwnRun ownRuns[] = {
     {"CashReceiptsSummary", "-payments", [](ReportRun& run) { run.properties["IsWithPayments"] = "True"; }},
     {"CashReceiptsSummary", "-payments-foreign",
@@ -39,6 +44,9 @@ constexpr OwnRun ownRuns[] = {
          run.properties = {{"DisplayCieAddress", "True"},
                            {"CieLogoFullPath", std::string(QUILLO_SOURCE) + "/host/letters/logo.png"}};
      }},
+    {"CustAgingDetail", "-later", [](ReportRun& run) { run.to = "2024-03-31"; }},
+    {"CustAgingDetail", "-reevaluated", [](ReportRun& run) { reevaluate(run); }},
+    {"CustAgingSummary", "-reevaluated", [](ReportRun& run) { reevaluate(run); }},
     {"OpenOrders", "-quotes", [](ReportRun& run) { run.properties["InvoiceType"] = "50"; }},
 };
 

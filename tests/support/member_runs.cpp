@@ -51,14 +51,14 @@ MemberTraits traitsOf(std::string_view member, const std::string& company) {
     clsReport factory(session);
     const auto report = clsReport::findMember(member)->make(factory);
     MemberTraits traits;
-    if (const auto* filterable = dynamic_cast<FilterableReport*>(report.get()))
-        traits.filterTables = filterable->filterTables();
     traits.rows = report->dataControl() != nullptr || report->fetchData != nullptr;
-    traits.segments = dynamic_cast<ISegmentFilter*>(report.get()) != nullptr;
     if (auto* contract = dynamic_cast<IReport*>(report.get())) {
         contract->IReport_Application(session);
         traits.currency = contract->IReport_UseCurrency();
     }
+    if (const auto* filterable = dynamic_cast<FilterableReport*>(report.get()))
+        traits.filterTables = filterable->filterTables();
+    traits.segments = dynamic_cast<ISegmentFilter*>(report.get()) != nullptr;
     return traits;
 }
 
