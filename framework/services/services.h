@@ -94,20 +94,21 @@ public:
 class CustomerService {
 public:
     virtual ~CustomerService() = default;
-    // What customers owe at the end of a day, gross: a row for each document up to it with its total (InvoiType 1, 3, 4;
-    // a cash sale that was not received in full is a 1), and under it, with its DocOrderId, DocOrderDate, ExchangeRate,
-    // ExCurrencyId and DocType, what settled it up to the day, negative: money and credits (99) and discounts (100).
-    // Money on account is a 99 of its own, and under it what was used of it; CustHomeAdjustment is a 101 at rate 1. A
-    // document whose rows come to 0 is left out with them unless includePaid. customerId 0: all customers.
+    // What customers owe at the end of a day, gross: a row for each document up to it with its total (InvoiType 1, 3,
+    // 4; a cash sale that was not received in full is a 1), and under it, with its DocOrderId, DocOrderDate,
+    // ExchangeRate, ExCurrencyId and DocType, what settled it up to the day, negative: money and credits (99) and
+    // discounts (100). Money on account is a 99 of its own, and under it what was used of it; CustHomeAdjustment is a
+    // 101 at rate 1. A document whose rows come to 0 is left out with them unless includePaid. customerId 0: all
+    // customers.
     //
     // Columns: ExCustId, CustId, Name, Contact, Tel1, CustNameID (name and key: one group a customer), ExCurrencyId,
-    // CurrencyCode, Descr (of the document's currency, else the customer's, else home's), InInvoiId (of the document, the
-    // payment, the adjustment; of money received on the spot the document's), InvoiId, InvoiDate, InvoiType, DocType (the
-    // document's kind as its table has it, 99, 101), DocOrderDate, DocOrderId, Balance, ExchangeRate (1 where there is
-    // none), PaymentCreditApplication, ExSegmentId.
+    // CurrencyCode, Descr (of the document's currency, else the customer's, else home's), InInvoiId (of the document,
+    // the payment, the adjustment; of money received on the spot the document's), InvoiId, InvoiDate, InvoiType,
+    // DocType (the document's kind as its table has it, 99, 101), DocOrderDate, DocOrderId, Balance, ExchangeRate (1
+    // where there is none), PaymentCreditApplication, ExSegmentId.
     //
-    // where: a condition on these columns of CustAgingList and on Cust and WorldCurrency. order: what the rows stand in.
-    // The arguments behind them are the host's.
+    // where: a condition on these columns of CustAgingList and on Cust and WorldCurrency. order: what the rows stand
+    // in. The arguments behind them are the host's.
     virtual std::unique_ptr<HostRecordset> GetCustAgingList(bool includePaid, int customerId, Date day,
                                                             std::string_view where, std::string_view order,
                                                             std::string_view argumentA, std::string_view argumentB,

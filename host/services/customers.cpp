@@ -81,7 +81,8 @@ constexpr std::string_view rows =
     " INNER JOIN Account ON Account.SourceId = OnAccount.SourceId"
     " WHERE (SELECT PaidToo FROM Asked) <> 0 OR ROUND(Account.Amount, 2) <> 0"
 
-    " UNION ALL SELECT ExCustId, NULL, InAdjustId, AdjustId, AdjustDate, 101, 101, AdjustDate, InAdjustId, AdjustAmnt, 1,"
+    " UNION ALL SELECT ExCustId, NULL, InAdjustId, AdjustId, AdjustDate, 101, 101, AdjustDate, InAdjustId, AdjustAmnt, "
+    "1,"
     " NULL, ExSegmentId FROM CustHomeAdjustment"
     " WHERE AdjustDate <= (SELECT Day FROM Asked) AND ROUND(AdjustAmnt, 2) <> 0)";
 

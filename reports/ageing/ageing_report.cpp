@@ -118,9 +118,8 @@ Money AgeingReport::InvoiceBalanceAtDate(int invoice, Date day) {
 Money AgeingReport::showAdjustments(Label& caption, Field& amount, bool byCurrency) {
     caption.Visible = amount.Visible = false;
     std::string key;
-    const Money sum =
-        MUtils::GetARAdjustments(context(), m_dtDateTo, m_strSegmentFilter, m_bSegmentNoneFilter, byCurrency, key,
-                                 byCurrency ? m_CurrentCurrencyId : 0);
+    const Money sum = MUtils::GetARAdjustments(context(), m_dtDateTo, m_strSegmentFilter, m_bSegmentNoneFilter,
+                                               byCurrency, key, byCurrency ? m_CurrentCurrencyId : 0);
     if (sum.isZero()) return sum;
     amount.Text = locale().currency(sum);
     amount.Hyperlink = drillTag(Drill::receivablesAdjustment, Variant(key));

@@ -38,8 +38,7 @@ void dsrCustAgingDetail::ghCurrency_Format() {
     m_CustomerPeriods = {};
     STEP(ghCurrency.Visible = gfCurrency.Visible = isForeignUsed() && !m_row.ExCurrencyId.view().isNull());
     if (!ghCurrency.Visible) return;
-    STEP(lblCurrencyName.Caption =
-             currencies().currencies().Item(std::to_string(m_CurrentCurrencyId)).CurrencyDescr);
+    STEP(lblCurrencyName.Caption = currencies().currencies().Item(std::to_string(m_CurrentCurrencyId)).CurrencyDescr);
 }
 
 void dsrCustAgingDetail::enterCurrency() {

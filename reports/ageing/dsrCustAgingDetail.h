@@ -69,7 +69,7 @@ private:
 
     int m_CustomerKey = 0;
     AgeAmounts m_EvalPeriods, m_EvalGrandPeriods;
-    int m_PrintedHeight = 0;    // below the customer's header since its start
+    int m_PrintedHeight = 0;   // below the customer's header since its start
     float m_footerHeight = 0;  // of gfCustId, by its design
 };
 

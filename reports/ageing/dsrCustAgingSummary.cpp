@@ -82,8 +82,7 @@ void dsrCustAgingSummary::Detail_Format() {
 
 Money dsrCustAgingSummary::rowAmount(int kind, Money balance) const {
     if (kind == ReceivableKind::homeAdjustment && (m_bDisplayForeignCurrency || m_bReevaluate)) return {};
-    const bool converts =
-        isForeignUsed() && !m_bDisplayForeignCurrency && m_CurrentCurrencyId != m_HomeCurrencyId;
+    const bool converts = isForeignUsed() && !m_bDisplayForeignCurrency && m_CurrentCurrencyId != m_HomeCurrencyId;
     if (converts)
         balance = currencies().EvaluateValueWithExchangeRate(rowRate().toDouble(), m_CurrentCurrencyId, balance,
                                                              m_objExchangeRates.get());

@@ -56,7 +56,7 @@ INSERT INTO PmtMeth VALUES (1, 'Visa'), (2, 'VISA'), (3, 'Cheque'), (4, 'Cash');
 INSERT INTO GLAcct (InGLAcctId, GLAcctId, Descr, ChqAcct) VALUES
   (1, '1010', 'Bank', 1), (2, '1020', 'Drawer', 1), (3, '1100', 'Receivables', 0), (4, '4000', 'Sales', 0),
   (5, '4200', 'Discounts', 0), (6, '4900', 'Other', 0), (7, '9000', 'Clearing', 0);
-INSERT INTO AccountGroup VALUES ('CustGLAR', 1, 3), ('CustGLAR', 2, 3), ('CustGLAR', 3, 3);
+INSERT INTO AccountGroup VALUES ('CustGLAR', 1, 3), ('CustGLAR', 2, 3), ('CustGLAR', 3, 7);
 INSERT INTO InvoiRecDet (ExInvoiId, ExPmtMethId, RecAmnt) VALUES (101, 1, 60), (101, 4, 15), (101, 1, 40);
 INSERT INTO PmtHdr (InPmtId, PmtDate, ExPmtMethId, PmtTotAmnt, DiscTotAmnt, ExSegmentId) VALUES
   (201, '2024-01-06', 3, 90, 10, 1), (202, '2024-01-07', 1, 100, NULL, 2);

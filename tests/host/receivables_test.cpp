@@ -38,8 +38,9 @@ TEST(ReceivablesList, IsGrossAndCarriesTheDocumentsCurrencyAndRateOnEachRow) {
               "905 99 99 305 -25 1 1; D1 1 1 109 10 2 1.4; 907 99 99 307 -10 1 1; ");
     EXPECT_EQ(listed(session, false, 0, Date::fromCivil(2024, 1, 31), "Cust.Name LIKE 'A%' AND ExSegmentId = 1"),
               "F1 1 1 101 100 1 1; ");
-    EXPECT_EQ(listed(session, false, 0, Date::fromCivil(2024, 5, 15), "WorldCurrency.CurrencyCode = 'USD' AND "
-                                                                      "Cust.CustId = 'D' OR InvoiType = 4"),
+    EXPECT_EQ(listed(session, false, 0, Date::fromCivil(2024, 5, 15),
+                     "WorldCurrency.CurrencyCode = 'USD' AND "
+                     "Cust.CustId = 'D' OR InvoiType = 4"),
               "D1 1 1 109 10 2 1.4; I1 4 4 104 5 1 1; ");
 }
 
@@ -93,12 +94,14 @@ TEST(ReevaluationRates, AreThoseOfADayUnderThoseThatAreGiven) {
     SessionOptions options;
     options.locale = "fr_CA";
     options.sessionDate = Date::fromCivil(2024, 5, 1);
-    TestSession session(std::string(receivables) + "INSERT INTO WorldCurrency VALUES (3, 'EUR', 'Euro');"
-                                                   "INSERT INTO ExchangeRateByDay VALUES (3, '2024-05-01', 1.6)",
+    TestSession session(std::string(receivables) +
+                            "INSERT INTO WorldCurrency VALUES (3, 'EUR', 'Euro');"
+                            "INSERT INTO ExchangeRateByDay VALUES (3, '2024-05-01', 1.6)",
                         options);
     CurrencyInfo& info = session->currencyInfo();
     const auto amount = [&](int currency, const Evaluation& report) {
-        return info.EvaluateValueWithExchangeRate(1.3333, currency, Money::fromInteger(-50), report.rates.get()).toText();
+        return info.EvaluateValueWithExchangeRate(1.3333, currency, Money::fromInteger(-50), report.rates.get())
+            .toText();
     };
     Evaluation report;
     info.ConfigureExchangeRates(Date::fromCivil(2024, 3, 31), report);

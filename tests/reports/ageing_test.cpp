@@ -112,9 +112,8 @@ TEST(CustAging, StandsByCurrencyInForeignDisplayWithTheAdjustmentsOfEach) {
     EXPECT_EQ(detail.texts("lblCurrencyName"), (Texts{"Canadian dollar", "US dollar"}));
     EXPECT_EQ(detail.texts("fldName"), (Texts{"Ash", "Dogwood", "Birch", "Dogwood"}));
     // Dogwood's dollars of the one kind are not added to those of the other.
-    EXPECT_EQ(lines(detail, "Total"),
-              (Texts{"155.00 58.00 0.00 0.00 | 213.00", "0.00 -25.00 0.00 0.00 | -25.00",
-                     "50.00 1000.00 0.00 0.00 | 1050.00", "10.00 0.00 0.00 0.00 | 10.00"}));
+    EXPECT_EQ(lines(detail, "Total"), (Texts{"155.00 58.00 0.00 0.00 | 213.00", "0.00 -25.00 0.00 0.00 | -25.00",
+                                             "50.00 1000.00 0.00 0.00 | 1050.00", "10.00 0.00 0.00 0.00 | 10.00"}));
     EXPECT_EQ(detail.texts("lblSubTotal"), Texts(4, "#2710"));
     EXPECT_EQ(detail.texts("txtAdjustmentsCurrency"), (Texts{"-$3.00", "-$10.00"}));
     EXPECT_EQ(lines(detail, "TotalForeign"),
@@ -161,8 +160,8 @@ TEST(CustAging, ReevaluatesAtTheRatesOfTheDayOrAtGivenOnes) {
         run.member = "CustAgingSummary";
         const auto summary = runReport(run);
         EXPECT_EQ(summary.texts("fldName"), (Texts{"A - Ash (CAD)", "B - Birch (USD)", "D - Dogwood (CAD)"}));
-        EXPECT_EQ(lines(summary, "Total"), (Texts{"155.00 58.00 - - | 213.00", "75.00 1500.00 - - | 1575.00",
-                                                  "15.00 -25.00 - - | -10.00"}));
+        EXPECT_EQ(lines(summary, "Total"),
+                  (Texts{"155.00 58.00 - - | 213.00", "75.00 1500.00 - - | 1575.00", "15.00 -25.00 - - | -10.00"}));
         EXPECT_EQ(lines(summary, "GrTotal"), Texts{"245.00 1533.00 0.00 0.00 | 1762.00"});
         EXPECT_EQ(summary.only("txtCurrencyRates"), std::string("1 USD = ") + rate + " CAD");
     }
@@ -201,16 +200,15 @@ TEST(CustAgingDetail, TellsEachDocumentAndUnderItWhatSettledIt) {
               (Texts{"$100.00", "$60.00", "$58.00", "$258.00", "$228.00", "$208.00", "$213.00", "$1,350.00", "$810.00",
                      "$817.50", "$924.16", "$884.16", "-$25.00", "-$10.00", "$4.00", "$74.00", "$64.00", "$49.00"}));
     EXPECT_EQ(nth(result.texts("fldInvoiDate"), 1), "2024-02-10");
-    EXPECT_EQ(result.links("txtTotal"),
-              (Texts{"INV|101", "PMT|301", "PMT|301|100", "INV|102", "PMT|302", "INV|103", "INV|104", "INV|105",
-                     "PMT|303", "", "INV|106", "PMT|106", "PMT|305", "PMT|306", "INV|109", "INV|110", "PMT|307",
-                     "PMT|306"}));
-    EXPECT_EQ(result.links("txtPer4"), (Texts{"INV|101", "PMT|301", "PMT|301", "INV|102", "PMT|302", "INV|103",
-                                              "INV|104", "INV|105", "PMT|303", "", "INV|106", "PMT|106", "PMT|305",
-                                              "PMT|306", "INV|109", "INV|110", "PMT|307", "PMT|306"}));
+    EXPECT_EQ(result.links("txtTotal"), (Texts{"INV|101", "PMT|301", "PMT|301|100", "INV|102", "PMT|302", "INV|103",
+                                               "INV|104", "INV|105", "PMT|303", "", "INV|106", "PMT|106", "PMT|305",
+                                               "PMT|306", "INV|109", "INV|110", "PMT|307", "PMT|306"}));
+    EXPECT_EQ(result.links("txtPer4"),
+              (Texts{"INV|101", "PMT|301", "PMT|301", "INV|102", "PMT|302", "INV|103", "INV|104", "INV|105", "PMT|303",
+                     "", "INV|106", "PMT|106", "PMT|305", "PMT|306", "INV|109", "INV|110", "PMT|307", "PMT|306"}));
     // The amount stands in the document's column, the others are empty; a settlement is as old as what it settles.
-    EXPECT_EQ(result.texts("txtPer1"), (Texts{"", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "$70.00",
-                                              "-$10.00", "-$15.00"}));
+    EXPECT_EQ(result.texts("txtPer1"),
+              (Texts{"", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "$70.00", "-$10.00", "-$15.00"}));
     EXPECT_EQ(nth(result.texts("txtPer4"), 2), "-$2.00");
     EXPECT_EQ(nth(result.texts("txtPer4"), 3), "");
     EXPECT_EQ(result.texts("txtCurrEqual"),
@@ -421,8 +419,7 @@ TEST_F(ListedRows, GiveTheirTotalsToAGeneratorThatIsActive) {
     Told told;
     generator = &told;
     run<dsrCustAgingDetail>();
-    EXPECT_EQ(told.text,
-              "[fldCustId] lblSubTotal 1: lblTotalCap=7.5; lblSubTotal 4: lblTotalCap=15; end");
+    EXPECT_EQ(told.text, "[fldCustId] lblSubTotal 1: lblTotalCap=7.5; lblSubTotal 4: lblTotalCap=15; end");
     told.text.clear();
     run<dsrCustAgingDetail>(true);
     EXPECT_EQ(told.text,
@@ -431,8 +428,7 @@ TEST_F(ListedRows, GiveTheirTotalsToAGeneratorThatIsActive) {
               "end");
     told.text.clear();
     run<dsrCustAgingSummary>();
-    EXPECT_EQ(told.text,
-              "[lblTotalCap2]  : lblPer1Cap=$7.50; lblPer2Cap=$15.00; lblPer3Cap=$0.00; lblPer4Cap=$0.00; ");
+    EXPECT_EQ(told.text, "[lblTotalCap2]  : lblPer1Cap=$7.50; lblPer2Cap=$15.00; lblPer3Cap=$0.00; lblPer4Cap=$0.00; ");
     told.text.clear();
     told.active = false;
     run<dsrCustAgingDetail>();
@@ -465,7 +461,8 @@ TEST(CustAging, AgreesWithTheReceivablesAccountsOfTheDemoCompany) {
         EXPECT_EQ(detail.boxes, Texts{});
         const auto foreignRows = static_cast<std::int64_t>(detail.texts("txtCurrEqual").size());
         EXPECT_GT(foreignRows, 0);
-        EXPECT_LE(std::abs(cents(detail.only("txtTotGrTotal")) - ledgerCents(company.path(), to, "DetAmnt")), foreignRows);
+        EXPECT_LE(std::abs(cents(detail.only("txtTotGrTotal")) - ledgerCents(company.path(), to, "DetAmnt")),
+                  foreignRows);
         run.member = "CustAgingSummary";
         EXPECT_EQ(lines(runReport(run), "GrTotal"), lines(detail, "GrTotal"));
 

@@ -58,17 +58,26 @@ TEST(AllMembers, RunOnADemoCompany) {
     runAll(company.path(), "2025-03-01", "2025-03-14");
 }
 
-std::size_t sectionsOf(const test::ReportResult& result, SectionKind kind) {
-    std::size_t count = 0;
+std::size_t count(const test::ReportResult& result, SectionKind kind) {
+    std::size_t sections = 0;
     for (const auto& page : result.kept.pages)
-        for (const PlacedSection& section : page->sections) count += section.info->kind == kind && !section.continued;
-    return count;
+        for (const PlacedSection& section : page->sections)
+            sections += section.info->kind == kind && section.height > 0 && !section.continued;
+    return sections;
 }
 
-// A summary prints its groups' footers alone.
 std::size_t rowsOf(const test::ReportResult& result) {
-    const std::size_t rows = sectionsOf(result, SectionKind::detail);
-    return rows > 0 ? rows : sectionsOf(result, SectionKind::groupFooter);
+    return count(result, SectionKind::detail);
+}
+
+// A report that folds its rows prints a line a group: an order by what changes within a group parts it.
+void expectRows(const test::ReportResult& result, const test::ReportResult& all) {
+    if (rowsOf(all) > 0) {
+        EXPECT_EQ(rowsOf(result), rowsOf(all));
+    } else {
+        EXPECT_GT(count(all, SectionKind::groupFooter), 0U);
+        EXPECT_GE(count(result, SectionKind::groupFooter), count(all, SectionKind::groupFooter));
+    }
 }
 
 // No column that a filter offers is ambiguous, missing or hidden behind a view where the report's query stands, and
@@ -86,8 +95,7 @@ TEST(AllMembers, TakeEveryColumnOfTheirFilterAsConditionAndAsOrder) {
         if (tables.empty()) continue;  // takes no filter
         test::ReportRun run{.member = std::string(member.name), .company = company.path()};
         run.from = "2025-12-01", run.to = "2025-12-07";
-        const std::size_t rows = rowsOf(test::runReport(run));
-        EXPECT_GT(rows, 0U) << run.member;
+        const auto all = test::runReport(run);
         for (const bool qualified : {true, false}) {
             const auto columns = test::columnsOf(tables, session.file().catalogue(), qualified);
             ASSERT_FALSE(columns.empty()) << run.member;
@@ -95,7 +103,8 @@ TEST(AllMembers, TakeEveryColumnOfTheirFilterAsConditionAndAsOrder) {
                 test::filterBy(std::span(columns).subspan(at, std::min(atOnce, columns.size() - at)), run);
                 const auto result = test::runReport(run);
                 EXPECT_EQ(result.boxes, std::vector<std::string>{}) << run.member << ", " << run.where;
-                EXPECT_EQ(rowsOf(result), rows) << run.member << ", " << run.where;
+                SCOPED_TRACE(run.member + ", " + run.where);
+                expectRows(result, all);
             }
         }
     }

@@ -130,10 +130,12 @@ TEST_P(MemberLayout, StandsWithinThePrintableWidth) {
 }
 
 // Labels that print what a row, the filter or the currencies say.
-const Names labelsOfData = {"fldAdress",         "fldTaxGroupId", "fldTermes",          "fldLastSale",
-                            "fldShipAddr",       "lblFilter",     "lblPmtMethCap",      "lblCurrencyName",
-                            "lbl1USDestEgalA",   "lblEstEgalA",   "lblForeignCurrency", "lblForeignTotalCap",
-                            "lblDateFromDateTo", "lblCustInfo",   "lblCustTotal", "lblCieAddress"};
+const Names labelsOfData = {"fldAdress",         "fldTaxGroupId",      "fldTermes",          "fldLastSale",
+                            "fldShipAddr",       "lblFilter",          "lblPmtMethCap",      "lblCurrencyName",
+                            "lbl1USDestEgalA",   "lblEstEgalA",        "lblForeignCurrency", "lblForeignTotalCap",
+                            "lblDateFromDateTo", "lblPer1Cap",         "lblPer2Cap",         "lblPer3Cap",
+                            "lblPer4Cap",        "lblSubTotalForeign", "lblTotalCapForeign", "lblSubTotalEval",
+                            "lblCustInfo",       "lblCustTotal", "lblCieAddress"};
 
 // With the language "ids" a caption is the number of a text, or several of them with a count or a mark: "#1898 2".
 TEST_P(MemberLayout, CaptionsAreTextsOfTheLanguage) {

@@ -12,9 +12,10 @@ public:
 
     std::vector<std::vector<Variant>> rows;  // in the order of columns
     static inline const std::vector<std::string> columns = {
-        "ExCustId",  "CustId",  "Name",         "CustNameID", "ExCurrencyId", "CurrencyCode", "InInvoiId",
-        "InvoiType", "DocType", "DocOrderDate", "DocOrderId", "Balance",      "ExchangeRate", "InvoiDate",
-        "InvoiId",   "PaymentCreditApplication"};
+        "ExCustId",     "CustId",       "Name",       "CustNameID",
+        "ExCurrencyId", "CurrencyCode", "InInvoiId",  "InvoiType",
+        "DocType",      "DocOrderDate", "DocOrderId", "Balance",
+        "ExchangeRate", "InvoiDate",    "InvoiId",    "PaymentCreditApplication"};
     struct {
         bool includePaid = false;
         int customer = 0;
@@ -54,7 +55,8 @@ public:
     int DatabaseKind() const override { return own().DatabaseKind(); }
     HostDatabase& Database() override { return own().Database(); }
     const Settings& settings() const override { return own().settings(); }
-    std::string GetParameter(std::string_view name, std::string_view fallback, std::string_view section) const override {
+    std::string GetParameter(std::string_view name, std::string_view fallback,
+                             std::string_view section) const override {
         return own().GetParameter(name, fallback, section);
     }
     int HomeCurrencyId() const override { return own().HomeCurrencyId(); }

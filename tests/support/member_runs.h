@@ -53,7 +53,8 @@ struct MemberTraits {
     bool rows = false;  // it reads rows of the company; a letter has none
 };
 
-// All columns that a list of tables and columns lets a user filter by: qualified, or alone where one table has the name.
+// All columns that a list of tables and columns lets a user filter by: qualified, or alone where one table has the
+// name.
 std::vector<std::string> columnsOf(std::string_view tables, const Catalogue& catalogue, bool qualified);
 
 // A condition on columns that is true of every row, and an order by them.

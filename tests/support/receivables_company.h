@@ -2,8 +2,8 @@
 
 namespace quillo::test {
 
-// Receivables small enough to be aged on paper. Home is CAD; Birch buys in US dollars, Dogwood has no currency of its own
-// and one document in US dollars.
+// Receivables small enough to be aged on paper. Home is CAD; Birch buys in US dollars, Dogwood has no currency of its
+// own and one document in US dollars.
 //
 //   Ash      F1 01-31 100, paid 40 with 2 off on 02-10; F2 03-01 200; N1 03-02 -50, 30 of it set against F2 on 04-10;
 //            I1 03-31 5
@@ -20,10 +20,12 @@ constexpr const char* receivables =
     "INSERT INTO Segment VALUES (1, 'S1', 'East'), (2, 'S2', 'West');"
     "INSERT INTO GLAcct (InGLAcctId, GLAcctId) VALUES (1, '1100'), (2, '1110');"
     "INSERT INTO AccountGroup VALUES ('CustGLAR', 1, 1), ('CustGLAR', 2, 2);"
-    "INSERT INTO GLDet (SeqNo, DetDate, Source, ExAcctId, DetAmnt, ForeignAmnt, ExCurrencyId, ARAPAdjustmentEntry) VALUES"
+    "INSERT INTO GLDet (SeqNo, DetDate, Source, ExAcctId, DetAmnt, ForeignAmnt, ExCurrencyId, ARAPAdjustmentEntry) "
+    "VALUES"
     " (1, '2024-03-30', 'GEN', 1, -3, 0, 1, 1), (2, '2024-03-30', 'GEN', 2, -13, -10, 2, 1);"
     "INSERT INTO Cust (InCustId, CustId, Name, Contact, Tel1, ExCurrencyId) VALUES (10, 'A', 'Ash', 'Al', '555-1', 1),"
-    " (11, 'B', 'Birch', 'Bo', '555-2', 2), (12, 'C', 'Cedar', 'Cy', '555-3', 1), (13, 'D', 'Dogwood', NULL, NULL, NULL);"
+    " (11, 'B', 'Birch', 'Bo', '555-2', 2), (12, 'C', 'Cedar', 'Cy', '555-3', 1), (13, 'D', 'Dogwood', NULL, NULL, "
+    "NULL);"
     "INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, DueDate, ExCustId, ExCurrencyId, ExchangeRate,"
     " TotAmnt, RecAmnt, RecCheqNo, ExSegmentId) VALUES"
     " (101, 'F1', 1, '2024-01-31', '2024-03-31', 10, 1, 1, 100, NULL, NULL, 1),"

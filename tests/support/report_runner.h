@@ -36,7 +36,7 @@ struct ReportRun {
     bool reevaluate = false;
     std::string ratesDate{};
     std::vector<std::pair<std::string, std::string>> rates{};  // currency code and rate
-    float pageHeight = 0;                                    // twips; 0: as the design has it
+    float pageHeight = 0;                                      // twips; 0: as the design has it
 };
 
 // What the user sees of it: pages, failure boxes, and what the database was asked, a line a query.
