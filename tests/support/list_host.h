@@ -70,6 +70,7 @@ public:
     DailyRates& dailyRates() override { return own().dailyRates(); }
     FiscalCalendar& fiscalCalendar() override { return own().fiscalCalendar(); }
     ItemCostService& itemCosts() override { return own().itemCosts(); }
+    PaymentSchedule& paymentSchedule() override { return own().paymentSchedule(); }
 
 private:
     Company& own() const { return session_.company(); }
