@@ -71,6 +71,7 @@ public:
     FiscalCalendar& fiscalCalendar() override { return own().fiscalCalendar(); }
     ItemCostService& itemCosts() override { return own().itemCosts(); }
     PaymentSchedule& paymentSchedule() override { return own().paymentSchedule(); }
+    std::unique_ptr<CashierParameters> newCashierParameters() override { return own().newCashierParameters(); }
 
 private:
     Company& own() const { return session_.company(); }
