@@ -103,6 +103,8 @@ void ReportJob::giveRates(const ReportWish& wish) {
     if (!wish.reevaluate && wish.rates.empty() && wish.ratesDate.empty()) return;
     auto* rates = dynamic_cast<IExchangeRates*>(report_.get());
     if (rates == nullptr) refuse("does not re-evaluate balances");
+    if (!wish.ratesDate.empty() && !Date::parseIsoDay(wish.ratesDate))
+        throw InputError("the day of the rates is a date such as 2024-12-31, not \"" + wish.ratesDate + "\"");
     rates->IExchangeRates_Reevaluate(wish.reevaluate);
     rates->IExchangeRates_ExchangeRatesDate(wish.ratesDate);
     rates->IExchangeRates_ExchangeRates(readRates(wish.rates, session_.currencyInfo().currencies()));

@@ -172,7 +172,9 @@ TEST(CustAging, ReevaluatesAtTheRatesOfTheDayOrAtGivenOnes) {
     EXPECT_EQ(summary.texts("txtCurrencyRates"), Texts{});
     run.reevaluate = true, run.rates.clear();
     EXPECT_EQ(runReport(run).only("txtCurrencyRates"), "1 USD = 1.25 CAD") << "of the end date";
-    run.to = "", run.sessionDate = "2024-04-02";
+    run.ratesDate = "soon";
+    EXPECT_THROW(runReport(run), InputError);
+    run.ratesDate = "", run.to = "", run.sessionDate = "2024-04-02";
     EXPECT_EQ(runReport(run).only("txtCurrencyRates"), "1 USD = 1.5 CAD") << "of the session's date";
 }
 
