@@ -52,49 +52,49 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
 
 // The members in the order of the interface: what each makes, and whether that report is written yet. Those of a type
 // give their report its ReportType; those by hand take arguments, and their rows tell the call with their defaults.
-#define QUILLO_MEMBERS(WRITTEN, TYPED, TO_COME, BY_HAND)                                               \
-    TYPED(ExpectedAndExceededPmtByCustSum, dsrExpectAndExceedPmtByCust, ExpectedPayments::summary)     \
-    TYPED(ExpectedAndExceededPmtByCustDet, dsrExpectAndExceedPmtByCust, ExpectedPayments::detail)      \
-    TO_COME(SalesBySalesPersonGraph, dsrSalesBySalesPersonGraph)                                       \
-    TO_COME(SalesBySalesPersonSummary, dsrSalesBySalesPersonSummary)                                   \
-    WRITTEN(CashReceiptsSummary, dsrCashReceiptsSummary)                                               \
-    WRITTEN(CashReceiptsDetail, dsrCashReceiptsDetail)                                                 \
-    BY_HAND(OpenOrders, dsrOpenOrders, "lngInvType", OpenOrders(51), true)                             \
-    WRITTEN(TermList, dsrTermList)                                                                     \
-    TO_COME(SalesBySalesPersonDetail, dsrSalesBySalesPersonDetail)                                     \
-    TO_COME(SalesBySalesPersProfDetail, dsrSalesBySalesPersProfDetail)                                 \
-    TO_COME(SalesBySalesPersProfSummary, dsrSalesBySalesPersProfSummary)                               \
-    WRITTEN(SalesJournalSummary, dsrSalesJournalSummary)                                               \
-    WRITTEN(SalesJournalDetail, dsrSalesJournalDetail)                                                 \
-    TO_COME(SalesJournalCompGraph, dsrSalesJournalCompGraph)                                           \
-    TO_COME(SalesJournalCompGraphMonths, dsrSalesJournalCompGraphMonth)                                \
-    WRITTEN(CustPhoneList, dsrCustPhoneList)                                                           \
-    WRITTEN(ProjectPriceList, dsrProjectPriceList)                                                     \
-    TO_COME(JobCustByProject, dsrJobCostByProject)                                                     \
-    TO_COME(JobCustByCust, dsrJobCostByCust)                                                           \
-    TO_COME(JobCustBySupp, dsrJobCostBySupp)                                                           \
-    TO_COME(JobCustByEmpl, dsrJobCostByEmpl)                                                           \
-    WRITTEN(CustList, dsrCustList)                                                                     \
-    WRITTEN(CustListShipAddr, dsrCustListShipAddr)                                                     \
-    WRITTEN(CustCustomFieldList, dsrCustCustomFieldList)                                               \
-    TO_COME(InvStatByCust, dsrInvStatByCust)                                                           \
-    TO_COME(InvStatByItem, dsrInvStatByItem)                                                           \
-    TO_COME(SalesStatistic, dsrSalesStatistic)                                                         \
-    WRITTEN(CustAgingDetail, dsrCustAgingDetail)                                                       \
-    WRITTEN(CustAgingSummary, dsrCustAgingSummary)                                                     \
-    TO_COME(CustAgingGraphic, dsrCustAgingGraphic)                                                     \
-    BY_HAND(CollectionLetter, dsrCollectionLetters, "TextLetter, oMainApp", CollectionLetter(), true)  \
-    WRITTEN(CustTransHistoryRepNova, dsrCustTransHistoryRepNova)                                       \
-    WRITTEN(DayEndBalanceByCash, dsrDayEndBalanceByCash)                                               \
-    WRITTEN(DayEndBalanceByCashInvDetail, dsrDayEndBalanceByCashInvDetail)                             \
-    WRITTEN(DayEndBalanceByCashPmtDetail, dsrDayEndBalanceByCashPmtDetail)                             \
-    WRITTEN(DayEndBalanceByCashDepDetail, dsrDayEndBalanceByCashDepDetail)                             \
-    WRITTEN(DayEndBalanceByUsr, dsrDayEndBalanceByUsr)                                                 \
-    WRITTEN(DayEndBalanceByUsrInvDetail, dsrDayEndBalanceByUsrInvDetail)                               \
-    WRITTEN(DayEndBalanceByUsrPmtDetail, dsrDayEndBalanceByUsrPmtDetail)                               \
-    WRITTEN(DayEndBalanceByUsrDepDetail, dsrDayEndBalanceByUsrDepDetail)                               \
-    WRITTEN(DocumentsToApprove, dsrDocumentsToApprove)                                                 \
-    TO_COME(ConsumedStatisticsByItem, dsrItemConsumedList)                                             \
+#define QUILLO_MEMBERS(WRITTEN, TYPED, TO_COME, BY_HAND)                                              \
+    TYPED(ExpectedAndExceededPmtByCustSum, dsrExpectAndExceedPmtByCust, ExpectedPayments::summary)    \
+    TYPED(ExpectedAndExceededPmtByCustDet, dsrExpectAndExceedPmtByCust, ExpectedPayments::detail)     \
+    TO_COME(SalesBySalesPersonGraph, dsrSalesBySalesPersonGraph)                                      \
+    TO_COME(SalesBySalesPersonSummary, dsrSalesBySalesPersonSummary)                                  \
+    WRITTEN(CashReceiptsSummary, dsrCashReceiptsSummary)                                              \
+    WRITTEN(CashReceiptsDetail, dsrCashReceiptsDetail)                                                \
+    BY_HAND(OpenOrders, dsrOpenOrders, "lngInvType", OpenOrders(51), true)                            \
+    WRITTEN(TermList, dsrTermList)                                                                    \
+    TO_COME(SalesBySalesPersonDetail, dsrSalesBySalesPersonDetail)                                    \
+    TO_COME(SalesBySalesPersProfDetail, dsrSalesBySalesPersProfDetail)                                \
+    TO_COME(SalesBySalesPersProfSummary, dsrSalesBySalesPersProfSummary)                              \
+    WRITTEN(SalesJournalSummary, dsrSalesJournalSummary)                                              \
+    WRITTEN(SalesJournalDetail, dsrSalesJournalDetail)                                                \
+    TO_COME(SalesJournalCompGraph, dsrSalesJournalCompGraph)                                          \
+    TO_COME(SalesJournalCompGraphMonths, dsrSalesJournalCompGraphMonth)                               \
+    WRITTEN(CustPhoneList, dsrCustPhoneList)                                                          \
+    WRITTEN(ProjectPriceList, dsrProjectPriceList)                                                    \
+    TO_COME(JobCustByProject, dsrJobCostByProject)                                                    \
+    TO_COME(JobCustByCust, dsrJobCostByCust)                                                          \
+    TO_COME(JobCustBySupp, dsrJobCostBySupp)                                                          \
+    TO_COME(JobCustByEmpl, dsrJobCostByEmpl)                                                          \
+    WRITTEN(CustList, dsrCustList)                                                                    \
+    WRITTEN(CustListShipAddr, dsrCustListShipAddr)                                                    \
+    WRITTEN(CustCustomFieldList, dsrCustCustomFieldList)                                              \
+    TO_COME(InvStatByCust, dsrInvStatByCust)                                                          \
+    TO_COME(InvStatByItem, dsrInvStatByItem)                                                          \
+    TO_COME(SalesStatistic, dsrSalesStatistic)                                                        \
+    WRITTEN(CustAgingDetail, dsrCustAgingDetail)                                                      \
+    WRITTEN(CustAgingSummary, dsrCustAgingSummary)                                                    \
+    TO_COME(CustAgingGraphic, dsrCustAgingGraphic)                                                    \
+    BY_HAND(CollectionLetter, dsrCollectionLetters, "TextLetter, oMainApp", CollectionLetter(), true) \
+    WRITTEN(CustTransHistoryRepNova, dsrCustTransHistoryRepNova)                                      \
+    WRITTEN(DayEndBalanceByCash, dsrDayEndBalanceByCash)                                              \
+    WRITTEN(DayEndBalanceByCashInvDetail, dsrDayEndBalanceByCashInvDetail)                            \
+    WRITTEN(DayEndBalanceByCashPmtDetail, dsrDayEndBalanceByCashPmtDetail)                            \
+    WRITTEN(DayEndBalanceByCashDepDetail, dsrDayEndBalanceByCashDepDetail)                            \
+    WRITTEN(DayEndBalanceByUsr, dsrDayEndBalanceByUsr)                                                \
+    WRITTEN(DayEndBalanceByUsrInvDetail, dsrDayEndBalanceByUsrInvDetail)                              \
+    WRITTEN(DayEndBalanceByUsrPmtDetail, dsrDayEndBalanceByUsrPmtDetail)                              \
+    WRITTEN(DayEndBalanceByUsrDepDetail, dsrDayEndBalanceByUsrDepDetail)                              \
+    WRITTEN(DocumentsToApprove, dsrDocumentsToApprove)                                                \
+    TO_COME(ConsumedStatisticsByItem, dsrItemConsumedList)                                            \
     TO_COME(ConsumedStatisticsByPeriod, dsrConsumedStatsByPeriod)
 
 #define WRITTEN(member, report)             \

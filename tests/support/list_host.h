@@ -71,6 +71,9 @@ public:
     FiscalCalendar& fiscalCalendar() override { return own().fiscalCalendar(); }
     ItemCostService& itemCosts() override { return own().itemCosts(); }
     PaymentSchedule& paymentSchedule() override { return own().paymentSchedule(); }
+    std::string AddressText(int optionA, int optionB, int optionC) override {
+        return own().AddressText(optionA, optionB, optionC);
+    }
     std::unique_ptr<CashierParameters> newCashierParameters() override { return own().newCashierParameters(); }
 
 private:
