@@ -135,7 +135,7 @@ const Names labelsOfData = {"fldAdress",         "fldTaxGroupId",      "fldTerme
                             "lbl1USDestEgalA",   "lblEstEgalA",        "lblForeignCurrency", "lblForeignTotalCap",
                             "lblDateFromDateTo", "lblPer1Cap",         "lblPer2Cap",         "lblPer3Cap",
                             "lblPer4Cap",        "lblSubTotalForeign", "lblTotalCapForeign", "lblSubTotalEval",
-                            "lblCustInfo",       "lblCustTotal",       "lblCieAddress"};
+                            "lblCustInfo",       "lblCustTotal",       "lblCieAddress",      "lblType"};
 
 // With the language "ids" a caption is the number of a text, or several of them with a count or a mark: "#1898 2".
 TEST_P(MemberLayout, CaptionsAreTextsOfTheLanguage) {
