@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "apps/quillo/console.h"
+#include "bench/ageing_bench.h"
 #include "bench/bench_host.h"
 #include "bench/content_floor.h"
 #include "bench/distribution_bench.h"
@@ -263,6 +264,11 @@ int main(int count, char** values) {
             printPeakMemory();
             return 0;
         }
+        if (count == 3 && std::strcmp(values[1], "--ageing") == 0) {
+            printAgeing(values[2]);
+            printPeakMemory();
+            return 0;
+        }
         if (count == 4 && std::strcmp(values[1], "--distribution") == 0) {
             limitMemory(1024);
             printDistribution(std::atoi(values[2]), values[3]);
@@ -272,6 +278,7 @@ int main(int count, char** values) {
         const int rounds = count > 1 ? std::atoi(values[1]) : 5;
         engineBenches(rounds);
         reportBenches(rounds);
+        ageingBench(rounds);
         return 0;
     } catch (const std::exception& failure) {
         std::cerr << "bench: " << failure.what() << '\n';

@@ -29,7 +29,7 @@ public:
 
     // Index of the first column of that name, or -1. A qualified name ("InvoiHdr.ExCurrencyId") that the
     // result does not have as it stands falls back to its last part.
-    int find(std::string_view name) const;
+    virtual int find(std::string_view name) const;
     // The value of a column in the current row, a copy to keep. Throws NameError when there is no such column.
     Variant Collect(std::string_view name) const { return Variant(view(name)); }
     // The same without a copy, until the next move.
@@ -65,7 +65,7 @@ namespace ValueType {
 inline constexpr int integer = 3, text = 8, boolean = 11, longText = 200, currency = 6, date = 7, real = 5;
 }
 
-// The rows of a small look-up: held in memory, so that it can be filtered and walked again.
+// The rows of a look-up or of a list of the host, which can be filtered and walked again.
 class HostRecordset {
 public:
     virtual ~HostRecordset() = default;

@@ -34,7 +34,7 @@ bool holds(std::string_view comparison, int order) {
 
 class Parser {
 public:
-    Parser(std::string_view text, const RowSet& rows) : cursor_(text, "Filter"), rows_(rows) {}
+    Parser(std::string_view text, const Recordset& rows) : cursor_(text, "Filter"), rows_(rows) {}
 
     Condition whole() {
         Condition condition = alternatives();
@@ -46,10 +46,10 @@ private:
     Condition alternatives() {
         Condition left = conjunction();
         while (cursor_.take("OR"))
-            left = [a = std::move(left), b = conjunction()](const RowSet& rows, std::size_t row) -> Truth {
-                const Truth first = a(rows, row);
+            left = [a = std::move(left), b = conjunction()](const Recordset& row) -> Truth {
+                const Truth first = a(row);
                 if (first.value_or(false)) return true;
-                const Truth second = b(rows, row);
+                const Truth second = b(row);
                 return second.value_or(false) || first ? second : std::nullopt;
             };
         return left;
@@ -58,10 +58,10 @@ private:
     Condition conjunction() {
         Condition left = negation();
         while (cursor_.take("AND"))
-            left = [a = std::move(left), b = negation()](const RowSet& rows, std::size_t row) -> Truth {
-                const Truth first = a(rows, row);
+            left = [a = std::move(left), b = negation()](const Recordset& row) -> Truth {
+                const Truth first = a(row);
                 if (!first.value_or(true)) return false;
-                const Truth second = b(rows, row);
+                const Truth second = b(row);
                 return !second.value_or(true) || first ? second : std::nullopt;
             };
         return left;
@@ -69,8 +69,8 @@ private:
 
     Condition negation() {
         if (cursor_.take("NOT"))
-            return [inner = negation()](const RowSet& rows, std::size_t row) -> Truth {
-                const Truth truth = inner(rows, row);
+            return [inner = negation()](const Recordset& row) -> Truth {
+                const Truth truth = inner(row);
                 return truth ? Truth(!*truth) : std::nullopt;
             };
         if (!cursor_.takeSymbol("(")) return comparison();
@@ -88,8 +88,8 @@ private:
         }
         if (cursor_.take("LIKE")) {
             const Variant pattern = literal();
-            return [column, text = pattern.textOrEmpty()](const RowSet& rows, std::size_t row) -> Truth {
-                const ValueView value = rows.at(row, column);
+            return [column, text = pattern.textOrEmpty()](const Recordset& row) -> Truth {
+                const ValueView value = row.value(column);
                 if (value.isNull()) return std::nullopt;
                 return matchesLike(value.toText(), text);
             };
@@ -99,17 +99,15 @@ private:
             if (sign != "=" && sign != "<>") cursor_.refuse("a value");
             return nullTest(column, sign == "=");
         }
-        return [column, sign, wanted = literal()](const RowSet& rows, std::size_t row) -> Truth {
-            const ValueView value = rows.at(row, column);
+        return [column, sign, wanted = literal()](const Recordset& row) -> Truth {
+            const ValueView value = row.value(column);
             if (value.isNull()) return std::nullopt;
             return holds(sign, compareValues(value, wanted));
         };
     }
 
     static Condition nullTest(int column, bool wanted) {
-        return [column, wanted](const RowSet& rows, std::size_t row) -> Truth {
-            return rows.at(row, column).isNull() == wanted;
-        };
+        return [column, wanted](const Recordset& row) -> Truth { return row.value(column).isNull() == wanted; };
     }
 
     int columnName() {
@@ -139,11 +137,11 @@ private:
     }
 
     sql::Cursor cursor_;
-    const RowSet& rows_;
+    const Recordset& rows_;
 };
 
 }  // namespace
 
-RowFilter::RowFilter(std::string_view condition, const RowSet& rows) : condition_(Parser(condition, rows).whole()) {}
+RowFilter::RowFilter(std::string_view condition, const Recordset& rows) : condition_(Parser(condition, rows).whole()) {}
 
 }  // namespace quillo

@@ -4,11 +4,11 @@
 #include <optional>
 #include <string_view>
 
-#include "host/database/row_set.h"
+#include "framework/services/database.h"
 
 namespace quillo {
 
-// A condition on the columns of rows in memory:
+// A condition on the columns of rows:
 //   Name LIKE 'A%' AND (Amount >= 10.5 OR NOT Due < #2024-01-31#) AND Code IS NOT NULL
 // A day is written with or without its signs: 2024-01-31.
 // = Null and <> Null ask the same as IS NULL and IS NOT NULL; every other comparison with a Null is
@@ -16,12 +16,13 @@ namespace quillo {
 class RowFilter {
 public:
     // Throws InputError that tells the place of the fault.
-    RowFilter(std::string_view condition, const RowSet& rows);
+    RowFilter(std::string_view condition, const Recordset& rows);
 
-    bool matches(const RowSet& rows, std::size_t row) const { return condition_(rows, row).value_or(false); }
+    // Whether the current row fulfils it.
+    bool matches(const Recordset& row) const { return condition_(row).value_or(false); }
 
-    // Whether a row fulfils it; nothing when a Null leaves that open.
-    using Condition = std::function<std::optional<bool>(const RowSet&, std::size_t row)>;
+    // Nothing when a Null leaves it open.
+    using Condition = std::function<std::optional<bool>(const Recordset& row)>;
 
 private:
     Condition condition_;

@@ -4,6 +4,7 @@
 
 #include "framework/values/names.h"
 #include "framework/values/text.h"
+#include "host/database/host_rows.h"
 
 namespace quillo {
 namespace {
@@ -116,8 +117,12 @@ std::unique_ptr<HostRecordset> SqliteCustomerService::GetCustAgingList(bool incl
     if (!where.empty()) sql.append(customerId != 0 ? " AND (" : " WHERE (").append(where).append(")");
     // Rows that the order leaves equal always stand in the same one.
     sql.append(" ORDER BY ").append(order).append(order.empty() ? "" : ", ").append("CustAgingList.InInvoiId");
-    const std::vector<Variant> values{day, currencies_.CieHomeCurrencyId(), includePaid, customerId, language_};
-    return file_.database().OpenRecordset(sql, 4, 0, values);
+    const std::shared_ptr<Command> command = file_.database().newCommand();
+    command->ActiveConnection = file_.database().ConnectionString();
+    command->CommandTimeout = 0;
+    command->CommandText = std::move(sql);
+    command->Parameters = {day, currencies_.CieHomeCurrencyId(), includePaid, customerId, language_};
+    return std::make_unique<HostRows>([command] { return command->Execute(); });
 }
 
 std::string SqliteCustomerService::AgingFilterFields(std::string_view without) {
