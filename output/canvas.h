@@ -26,6 +26,8 @@ public:
     virtual ~Canvas() = default;
     virtual void fill(const Box& box, Color color) = 0;
     virtual void frame(const Box& box, float lineWidth, Color color) = 0;
+    // A sector of the ellipse that the box holds, filled: degrees clockwise from the top.
+    virtual void sector(const Box& box, float start, float sweep, Color color) = 0;
     virtual void line(Point from, Point to, float lineWidth, Color color) = 0;
     virtual void text(const PlacedLine& line, Color color) = 0;
     // A PNG or JPEG file, as large as the box allows without distortion. Throws OutputError when it is damaged.

@@ -1,7 +1,5 @@
 #include "output/page_painter.h"
 
-#include "output/chart.h"
-
 namespace quillo {
 namespace {
 
@@ -54,11 +52,15 @@ void PagePainter::paintControl(const PlacedControl& control, Point corner, Canva
         canvas.line(corner, {box.right(), box.bottom()}, control.lineWidth, colorOf(control));
         return;
     }
+    if (control.info->kind == ControlKind::sector) {
+        canvas.sector(box, control.startAngle, control.sweep, control.fill.value_or(Color{}));
+        return;
+    }
     if (control.style && control.style->fill) canvas.fill(box, *control.style->fill);
     if (control.fill) canvas.fill(box, *control.fill);
-    if (control.info->kind == ControlKind::shape) canvas.frame(box, control.lineWidth, colorOf(control));
+    if (control.info->kind == ControlKind::shape && control.lineWidth > 0)
+        canvas.frame(box, control.lineWidth, colorOf(control));
     if (!control.picture.empty()) canvas.picture(box, control.picture);
-    if (control.chart) paintChart(*control.chart, box, layout_, canvas);
     if (control.style && !control.text.empty()) paintText(control, corner, canvas);
     paintSections(control.sections, corner, canvas);
     if (!control.link.empty()) canvas.link(box, control.link);

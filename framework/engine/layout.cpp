@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "framework/engine/chart_layout.h"
 #include "framework/engine/push_down.h"
 #include "framework/engine/rich_layout.h"
 #include "framework/richtext/rtf_reader.h"
@@ -216,6 +217,12 @@ private:
         if (control.CanGrow) placed.height = std::max(placed.height, stackedHeight(placed.sections));
     }
 
+    void placeChart(const Chart& control, PlacedControl& placed) {
+        placed.chart = room_.notes.names().chart(control.Data);
+        placed.sections = layOutChart(control.Data, {room_.notes.names(), room_.arena, room_.run.measure,
+                                                     room_.report.context().locale(), placed.width, placed.height});
+    }
+
     static void placeLine(const Line& line, PlacedControl& placed) {
         placed.left = line.X1;
         placed.top = std::max(line.Y1, 0.0F);
@@ -249,10 +256,10 @@ private:
                 placed.picture = room_.notes.names().picture(static_cast<const Image&>(control).Picture);
                 return;
             case ControlKind::chart:
-                placed.chart = room_.notes.names().chart(static_cast<const Chart&>(control).Data);
-                return;
+                return placeChart(static_cast<const Chart&>(control), placed);
             case ControlKind::dataControl:
             case ControlKind::pageBreak:
+            case ControlKind::sector:
                 return;
         }
     }

@@ -9,8 +9,8 @@ namespace {
 
 constexpr std::array<std::string_view, 7> sectionNames = {"reportHeader", "pageHeader", "groupHeader", "detail",
                                                           "groupFooter",  "pageFooter", "reportFooter"};
-constexpr std::array<std::string_view, 10> controlNames = {"Label",       "Field",     "Line",  "Shape",    "SubReport",
-                                                           "DataControl", "PageBreak", "Image", "RichEdit", "Chart"};
+constexpr std::array<std::string_view, 11> controlNames = {
+    "Label", "Field", "Line", "Shape", "SubReport", "DataControl", "PageBreak", "Image", "RichEdit", "Chart", "Sector"};
 
 template <class T, class Equal>
 const T* intern(std::vector<std::unique_ptr<T>>& known, const T& value, Equal equal) {
@@ -26,6 +26,9 @@ constexpr std::size_t chunkSize = 64 * 1024;
 
 std::string_view nameOf(SectionKind kind) {
     return sectionNames[static_cast<std::size_t>(kind)];
+}
+std::string_view nameOf(ChartKind kind) {
+    return kind == ChartKind::pie ? "pie" : "bars";
 }
 std::string_view nameOf(ControlKind kind) {
     return controlNames[static_cast<std::size_t>(kind)];
@@ -115,6 +118,7 @@ bool shows(const PlacedControl& control) {
     switch (control.info->kind) {
         case ControlKind::line:
         case ControlKind::shape:
+        case ControlKind::sector:
             return true;
         default:
             return !control.text.empty() || (control.style != nullptr && control.style->fill) ||

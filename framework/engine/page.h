@@ -54,7 +54,8 @@ enum class ControlKind : std::uint8_t {
     pageBreak,
     image,
     richEdit,
-    chart
+    chart,
+    sector  // made by the layout of charts alone
 };
 
 std::string_view nameOf(SectionKind kind);  // "pageHeader", ... as designs write it
@@ -77,17 +78,26 @@ struct ControlInfo {
     bool thenPageCount = false;  // behind its text stands the number of pages, where the output knows it in the end
 };
 
+enum class ChartKind : std::uint8_t { bars, pie };
+
+std::string_view nameOf(ChartKind kind);  // "bars", "pie"
+
+// Bars stand in groups, a bar of each series over one label; a pie shows the first series.
 struct ChartData {
     std::string title;
     struct Point {
         std::string label;
         double value = 0;
+        std::optional<Color> color{};  // absent: its series' own, or for a slice the palette's
     };
     struct Series {
         std::string name;
         std::vector<Point> points;
+        std::optional<Color> color{};  // absent: the palette's
     };
     std::vector<Series> series;
+    ChartKind kind = ChartKind::bars;
+    bool legend = false;  // the names of the series, of a pie those of its points
 };
 
 struct PlacedSection;
@@ -101,11 +111,13 @@ struct PlacedControl {
     std::string_view text;
     std::string_view link;                    // the drill tag, unchanged; empty: none
     std::span<const std::uint32_t> lines;     // byte offsets at which the lines of a wrapped text start
-    std::span<const PlacedSection> sections;  // of a SubReport; their tops count from the control's
+    std::span<const PlacedSection> sections;  // of a SubReport, a RichEdit, a Chart; tops count from the control's
     const ChartData* chart = nullptr;
     std::span<const std::byte> picture;  // of an Image: the file's bytes (PNG or JPEG), at one address for a whole run
-    float lineWidth = 10;                // twips, of a Line or a Shape
-    std::optional<Color> fill;           // of a Shape
+    float lineWidth = 10;                // twips, of a Line or a Shape; 0: no line
+    std::optional<Color> fill;           // of a Shape or a Sector
+    // Of a Sector of the circle that its box holds: degrees clockwise from the top.
+    float startAngle = 0, sweep = 0;
 };
 
 struct PlacedSection {

@@ -101,6 +101,8 @@ void JsonSink::writeControl(const PlacedControl& control) {
 }
 
 void JsonSink::writeChart(const ChartData& chart) {
+    key("form");
+    text(nameOf(chart.kind));
     key("title");
     text(chart.title);
     key("series");

@@ -1,6 +1,9 @@
 #include "output/pdf/pdf_canvas.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstring>
+#include <numbers>
 
 #include "output/picture.h"
 
@@ -129,6 +132,32 @@ void PdfCanvas::frame(const Box& box, float lineWidth, Color color) {
     setStroke(lineWidth, color);
     rectangle(box);
     out_ << "S\n";
+}
+
+// An arc as curves of at most a quarter turn each: their control points lie on the tangents of their ends.
+void PdfCanvas::sector(const Box& box, float start, float sweep, Color color) {
+    closeText();
+    setFillColor(color);
+    const auto point = [&](double right, double up) {
+        out_.hundredths(fromTwips(box.left + box.width / 2 * static_cast<float>(1 + right))) << ' ';
+        out_.hundredths(flip(box.top + box.height / 2 * static_cast<float>(1 - up))) << ' ';
+    };
+    const int pieces = std::max(1, static_cast<int>(std::ceil(sweep / 90)));
+    const double piece = double{sweep} / pieces * std::numbers::pi / 180, reach = 4.0 / 3 * std::tan(piece / 4);
+    double angle = start * std::numbers::pi / 180;
+    point(0, 0);
+    out_ << "m ";
+    point(std::sin(angle), std::cos(angle));
+    out_ << "l\n";
+    for (int i = 0; i < pieces; ++i, angle += piece) {
+        const double s = std::sin(angle), c = std::cos(angle), s2 = std::sin(angle + piece),
+                     c2 = std::cos(angle + piece);
+        point(s + reach * c, c - reach * s);
+        point(s2 - reach * c2, c2 + reach * s2);
+        point(s2, c2);
+        out_ << "c\n";
+    }
+    out_ << "f\n";
 }
 
 void PdfCanvas::line(Point from, Point to, float lineWidth, Color color) {

@@ -33,6 +33,7 @@ public:
 
     void fill(const Box& box, Color color) override;
     void frame(const Box& box, float lineWidth, Color color) override;
+    void sector(const Box& box, float start, float sweep, Color color) override;
     void line(Point from, Point to, float lineWidth, Color color) override;
     void text(const PlacedLine& line, Color color) override;
     void pageCount(const PlacedLine& behind, Color color) override;

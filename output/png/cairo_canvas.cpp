@@ -2,6 +2,8 @@
 
 #include <cairo/cairo-ft.h>
 
+#include <numbers>
+
 namespace quillo {
 namespace {
 
@@ -49,6 +51,19 @@ void CairoCanvas::frame(const Box& box, float lineWidth, Color color) {
     cairo_set_line_width(pen_.get(), lineWidth);
     addBox(pen_.get(), box);
     cairo_stroke(pen_.get());
+}
+
+void CairoCanvas::sector(const Box& box, float start, float sweep, Color color) {
+    constexpr double degree = std::numbers::pi / 180;
+    setColor(color);
+    cairo_save(pen_.get());
+    cairo_translate(pen_.get(), box.left + box.width / 2, box.top + box.height / 2);
+    cairo_scale(pen_.get(), box.width / 2, box.height / 2);
+    cairo_move_to(pen_.get(), 0, 0);
+    cairo_arc(pen_.get(), 0, 0, 1, (start - 90) * degree, (start + sweep - 90) * degree);
+    cairo_close_path(pen_.get());
+    cairo_restore(pen_.get());
+    cairo_fill(pen_.get());
 }
 
 void CairoCanvas::line(Point from, Point to, float lineWidth, Color color) {

@@ -27,6 +27,7 @@ public:
 
     void fill(const Box& box, Color color) override;
     void frame(const Box& box, float lineWidth, Color color) override;
+    void sector(const Box& box, float start, float sweep, Color color) override;
     void line(Point from, Point to, float lineWidth, Color color) override;
     void text(const PlacedLine& line, Color color) override;
     void picture(const Box& box, std::span<const std::byte> file) override;
