@@ -7,6 +7,7 @@
 #include "framework/values/names.h"
 #include "reports/ageing/dsrCollectionLetters.h"
 #include "reports/ageing/dsrCustAgingDetail.h"
+#include "reports/ageing/dsrCustAgingGraphic.h"
 #include "reports/ageing/dsrCustAgingSummary.h"
 #include "reports/ageing/dsrCustTransHistoryRepNova.h"
 #include "reports/ageing/dsrExpectAndExceedPmtByCust.h"
@@ -28,6 +29,8 @@
 #include "reports/lists/dsrOpenOrders.h"
 #include "reports/lists/dsrProjectPriceList.h"
 #include "reports/lists/dsrTermList.h"
+#include "reports/sales_journal/dsrSalesJournalCompGraph.h"
+#include "reports/sales_journal/dsrSalesJournalCompGraphMonth.h"
 #include "reports/sales_journal/dsrSalesJournalDetail.h"
 #include "reports/sales_journal/dsrSalesJournalSummary.h"
 
@@ -66,8 +69,8 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     TO_COME(SalesBySalesPersProfSummary, dsrSalesBySalesPersProfSummary)                              \
     WRITTEN(SalesJournalSummary, dsrSalesJournalSummary)                                              \
     WRITTEN(SalesJournalDetail, dsrSalesJournalDetail)                                                \
-    TO_COME(SalesJournalCompGraph, dsrSalesJournalCompGraph)                                          \
-    TO_COME(SalesJournalCompGraphMonths, dsrSalesJournalCompGraphMonth)                               \
+    WRITTEN(SalesJournalCompGraph, dsrSalesJournalCompGraph)                                          \
+    WRITTEN(SalesJournalCompGraphMonths, dsrSalesJournalCompGraphMonth)                               \
     WRITTEN(CustPhoneList, dsrCustPhoneList)                                                          \
     WRITTEN(ProjectPriceList, dsrProjectPriceList)                                                    \
     TO_COME(JobCustByProject, dsrJobCostByProject)                                                    \
@@ -82,7 +85,7 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     TO_COME(SalesStatistic, dsrSalesStatistic)                                                        \
     WRITTEN(CustAgingDetail, dsrCustAgingDetail)                                                      \
     WRITTEN(CustAgingSummary, dsrCustAgingSummary)                                                    \
-    TO_COME(CustAgingGraphic, dsrCustAgingGraphic)                                                    \
+    WRITTEN(CustAgingGraphic, dsrCustAgingGraphic)                                                    \
     BY_HAND(CollectionLetter, dsrCollectionLetters, "TextLetter, oMainApp", CollectionLetter(), true) \
     WRITTEN(CustTransHistoryRepNova, dsrCustTransHistoryRepNova)                                      \
     WRITTEN(DayEndBalanceByCash, dsrDayEndBalanceByCash)                                              \

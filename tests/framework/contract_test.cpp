@@ -48,6 +48,9 @@ constexpr Row rows[] = {
     {"CollectionLetter", 0, "", false, ""},
     {"CustAgingDetail", 2, "#6084", true, "FSRX"},
     {"CustAgingSummary", 2, "#6083", true, "FSRX"},
+    {"CustAgingGraphic", 2, "#6146", false, ""},
+    {"SalesJournalCompGraph", 2, "#6149", false, ""},
+    {"SalesJournalCompGraphMonths", 2, "#9107", false, ""},
 };
 
 std::string interfacesOf(Report* report) {

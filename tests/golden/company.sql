@@ -153,3 +153,8 @@ INSERT INTO InvoiCashDeposit (ICDOperatorKey, ICDCashReg, ICDDate, ICDTime, ICDA
 INSERT INTO GLDet (SeqNo, DetDate, Source, ExAcctId, DetAmnt, ForeignAmnt, ExCurrencyId, ExchangeRate,
                    ARAPAdjustmentEntry) VALUES (12, '2024-01-15', 'GEN', 3, -13, -10, 2, 1.3, 1);
 INSERT INTO CustHomeAdjustment VALUES (501, 'AJ-1', '2024-01-16', 11, 2.5, 2);
+
+-- Fiscal years: the one before has two periods, the one of January begins in it.
+INSERT INTO FiscalYear VALUES (1, '2023', '2023-01-01', '2023-12-31'), (2, '2024', '2024-01-01', '2024-12-31');
+INSERT INTO FiscalPeriod VALUES (1, 1, '2023-01-01', '2023-01-15'), (1, 2, '2023-01-16', '2023-12-31'),
+  (2, 1, '2024-01-01', '2024-01-31'), (2, 2, '2024-02-01', '2024-12-31');

@@ -39,7 +39,7 @@ void runAll(const std::string& company, const char* from, const char* to) {
                 SCOPED_TRACE(run.member + ", dialect " + std::to_string(dialect) + ", " + wish.name);
                 const auto result = test::runReport(run);
                 EXPECT_EQ(result.boxes, std::vector<std::string>{});
-                EXPECT_NE(result.sql.empty(), traits.rows);
+                EXPECT_TRUE(!traits.rows || !result.sql.empty()) << "a report with rows asks for them";
                 EXPECT_GE(result.pageCount(), 1U);
             }
     }
