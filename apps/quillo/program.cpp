@@ -7,6 +7,7 @@
 #include "apps/quillo/compare_command.h"
 #include "apps/quillo/drill_command.h"
 #include "apps/quillo/letters_command.h"
+#include "apps/quillo/run_all_command.h"
 #include "apps/quillo/run_command.h"
 
 namespace quillo::app {
@@ -52,7 +53,7 @@ void addPrintOptions(CLI::App& run, RunRequest& request) {
 }
 
 void addRunOptions(CLI::App& run, RunRequest& request) {
-    run.add_option("member", request.member, "The report: a name that \"quillo list\" gives")->required();
+    run.add_option("member", request.member, "The report: a name that \"quillo list\" gives");
     addPrintOptions(run, request);
     run.add_flag("--foreign", request.foreign, "Amounts in foreign currency");
     run.add_option("--where", request.where, "Condition over the report's tables: \"CustId BETWEEN 'A' AND 'M'\"")
@@ -104,7 +105,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     std::string path, other, output, tag, till, language = "en";
     int scale = 1;
     std::uint64_t seed = 1;
-    bool books = false;
+    bool books = false, all = false;
     RunRequest request;
     LettersRequest lettersRequest;
 
@@ -126,6 +127,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     compare->add_option("-o,--output", output, "A CSV file; without it a table")->type_name("FILE");
     auto* run = program.add_subcommand("run", "Print a report");
     addRunOptions(*run, request);
+    run->add_flag("--all", all, "Every report into the folder -o, a file each");
     run->footer(
         "Example: quillo run CustList --company demo.db --where \"Name LIKE 'A%'\" --order Name -o customers.pdf\n"
         "\"quillo run MEMBER --help\" tells a report's own properties and options.");
@@ -167,7 +169,11 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
         return writeLetters(lettersRequest, console);
     } else {
         if (request.company.empty()) throw UsageError("--company is required: a company file");
-        return *drill ? drillCommand(tag, till, request, console) : runReportCommand(request, console);
+        if (*drill) return drillCommand(tag, till, request, console);
+        if (all) return runAllCommand(request, console);
+        if (request.member.empty())
+            throw UsageError("member is required: a report that \"quillo list\" names, or --all");
+        return runReportCommand(request, console);
     }
     return ExitStatus::done;
 }

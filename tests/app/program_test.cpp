@@ -7,6 +7,7 @@
 
 #include "apps/quillo/program.h"
 #include "tests/host/test_company.h"
+#include "tests/support/member_runs.h"
 
 namespace quillo::test {
 namespace {
@@ -21,6 +22,11 @@ Outcome program(std::vector<std::string> arguments) {
     const app::Console console{out, err};
     const int status = app::runProgram(arguments, console);
     return {status, out.str(), err.str()};
+}
+
+std::string bytesOf(const std::string& path) {
+    std::ifstream input(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(input), {});
 }
 
 class Program : public testing::Test {
@@ -52,17 +58,63 @@ TEST_F(Program, GivesPagesAsJson) {
 }
 
 TEST_F(Program, WritesAFileWholeAndTheSameBytesTwice) {
-    const auto read = [](const std::string& path) {
-        std::ifstream input(path, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(input), {});
-    };
     const TemporaryFile first(".pdf"), second(".pdf");
     EXPECT_EQ(run({"--session-date", "2024-02-03", "-o", first.path()}).status, 0);
     EXPECT_EQ(run({"--session-date", "2024-02-03", "-o", second.path()}).status, 0);
-    EXPECT_EQ(read(first.path()).substr(0, 5), "%PDF-");
-    EXPECT_EQ(read(first.path()), read(second.path()));
+    EXPECT_EQ(bytesOf(first.path()).substr(0, 5), "%PDF-");
+    EXPECT_EQ(bytesOf(first.path()), bytesOf(second.path()));
     EXPECT_FALSE(run({"--session-date", "2024-02-04", "-o", second.path()}).status);
-    EXPECT_NE(read(first.path()), read(second.path())) << "the date is printed";
+    EXPECT_NE(bytesOf(first.path()), bytesOf(second.path())) << "the date is printed";
+}
+
+TEST(AllReports, PrintOnTwoThreadsAsOneByOne) {
+    const GoldenCompany company;
+    const TemporaryFile folder("");
+    const std::vector<std::string> wish = {"--company",  company.path(),   "--from",     "2024-01-01", "--to",
+                                           "2024-01-31", "--session-date", "2024-02-03", "--foreign"};
+    std::vector<std::string> arguments = {"run", "--all", "-o", folder.path()};
+    arguments.insert(arguments.end(), wish.begin(), wish.end());
+    const auto outcome = program(arguments);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const TemporaryFile alone(".pdf");
+    std::size_t lines = 0;
+    for (const char letter : outcome.out) lines += letter == '\n';
+    EXPECT_EQ(lines, writtenMembers().size()) << outcome.out;
+    for (const std::string& member : writtenMembers()) {
+        std::vector<std::string> one = {"run", member, "-o", alone.path()};
+        one.insert(one.end(), wish.begin(), wish.end());
+        EXPECT_EQ(program(one).status, 0) << member;
+        const std::string bytes = bytesOf(folder.path() + "/" + member + ".pdf");
+        EXPECT_EQ(bytes.substr(0, 5), "%PDF-") << member;
+        EXPECT_TRUE(bytes == bytesOf(alone.path())) << member << " has other bytes alone";
+    }
+    EXPECT_NE(outcome.out.find("1/" + std::to_string(lines) + " "), std::string::npos);
+    std::filesystem::remove_all(folder.path());
+}
+
+TEST(AllReports, TellWhichFailedAndRefuseWhatOneReportAloneTakes) {
+    const TestCompany company("DROP VIEW CustAgingPmtsDiscounts_View");
+    const TemporaryFile folder("");
+    const auto outcome =
+        program({"run", "--all", "--company", company.path(), "-o", folder.path(), "--format", "json"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.err.find("CustTransHistoryRepNova:\n"), std::string::npos) << outcome.err;
+    EXPECT_NE(outcome.err.find("quillo: 1 of " + std::to_string(writtenMembers().size()) + " reports had failures"),
+              std::string::npos)
+        << outcome.err;
+    EXPECT_TRUE(std::filesystem::exists(folder.path() + "/TermList.json")) << "the others are printed";
+    std::filesystem::remove_all(folder.path());
+    const auto refusal = [&](std::vector<std::string> more) {
+        std::vector<std::string> arguments = {"run", "--all", "--company", company.path()};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const auto refused = program(arguments);
+        EXPECT_EQ(refused.status, 2);
+        return refused.err;
+    };
+    EXPECT_EQ(refusal({}), "quillo: --all needs the folder that takes the reports: -o FOLDER\n");
+    EXPECT_EQ(refusal({"-o", folder.path(), "--where", "A = 1"}),
+              "quillo: --all prints every report and takes no --where\n");
+    EXPECT_EQ(program({"run", "--company", company.path()}).status, 2);
 }
 
 TEST_F(Program, TracesWhatTheReportAsked) {
