@@ -156,6 +156,8 @@ TEST(Letters, SayWhatTheCompanyKnows) {
                                              {"Document.Balance", "-15,00\u00A0$"}}))
         << "was never due";
     EXPECT_FALSE(ash.documents[2].contains("Document.Days")) << "is not due yet";
+    const Date due = customers[0].documents[2].dueDate;
+    EXPECT_FALSE(letterFields(*session, customers[0], due).documents[2].contains("Document.Days")) << "is due today";
     EXPECT_EQ(cedar.values.at("Balance"), "70,00\u00A0USD");
 }
 
