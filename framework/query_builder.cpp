@@ -56,6 +56,13 @@ std::string_view columnOf(std::string_view term) {
     return term.substr(0, term.find(' '));
 }
 
+// A name without its table is that column of any table.
+bool sameColumn(std::string_view a, std::string_view b) {
+    const auto dotA = a.find('.'), dotB = b.find('.');
+    if (dotA != a.npos && dotB != b.npos) return equalNames(a, b);
+    return equalNames(a.substr(dotA + 1), b.substr(dotB + 1));
+}
+
 }  // namespace
 
 std::vector<std::string> orderColumns(std::string_view order) {
@@ -69,7 +76,7 @@ std::string orderClauseBehindAll(const FilterParts& filter, const std::vector<st
     if (filter.order.empty()) return std::string(ownClause);
     std::vector<std::string_view> terms = leading;
     for (const std::string_view term : orderTerms(filter.order))
-        if (std::ranges::none_of(leading, [&](auto column) { return equalNames(columnOf(term), column); }))
+        if (std::ranges::none_of(leading, [&](auto column) { return sameColumn(columnOf(term), column); }))
             terms.push_back(term);
     std::string clause;
     for (const std::string_view term : terms) clause.append(clause.empty() ? " ORDER BY " : ", ").append(term);

@@ -127,13 +127,22 @@ bool FilterableReport::askFilter(int line) {
     return !cancel;
 }
 
+namespace {
+
+std::string orderOf(const ListQuery& query, const FilterParts& filter) {
+    if (!query.leading.empty()) return orderClauseBehindAll(filter, query.leading, query.order);
+    if (!query.keeping.empty()) return orderClauseKeeping(filter, query.keeping, query.order);
+    return orderClause(filter, query.order);
+}
+
+}  // namespace
+
 bool FilterableReport::ActiveReport_ReportStart(const ListQuery& query) {
     m_lngRecordCount = 0;
     if (!askFilter()) return false;
     const FilterParts filter = filterParts();
-    const std::string order = query.keeping.empty() ? orderClause(filter, query.order)
-                                                    : orderClauseKeeping(filter, query.keeping, query.order);
-    const std::string sql = query.text + whereClause(filter, query.where) + orderWithTies(order, query.ties);
+    const std::string sql =
+        query.text + whereClause(filter, query.where) + orderWithTies(orderOf(query, filter), query.ties);
     STEP(dataControl()->Recordset = execute(sql, query.values));
     STEP(Translate());
     STEP(setDateCaption());

@@ -21,6 +21,10 @@
 #include "reports/day_end/dsrDayEndBalanceByUsrDepDetail.h"
 #include "reports/day_end/dsrDayEndBalanceByUsrInvDetail.h"
 #include "reports/day_end/dsrDayEndBalanceByUsrPmtDetail.h"
+#include "reports/job_cost/dsrJobCostByCust.h"
+#include "reports/job_cost/dsrJobCostByEmpl.h"
+#include "reports/job_cost/dsrJobCostByProject.h"
+#include "reports/job_cost/dsrJobCostBySupp.h"
 #include "reports/lists/dsrCustCustomFieldList.h"
 #include "reports/lists/dsrCustList.h"
 #include "reports/lists/dsrCustListShipAddr.h"
@@ -73,10 +77,10 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     WRITTEN(SalesJournalCompGraphMonths, dsrSalesJournalCompGraphMonth)                               \
     WRITTEN(CustPhoneList, dsrCustPhoneList)                                                          \
     WRITTEN(ProjectPriceList, dsrProjectPriceList)                                                    \
-    TO_COME(JobCustByProject, dsrJobCostByProject)                                                    \
-    TO_COME(JobCustByCust, dsrJobCostByCust)                                                          \
-    TO_COME(JobCustBySupp, dsrJobCostBySupp)                                                          \
-    TO_COME(JobCustByEmpl, dsrJobCostByEmpl)                                                          \
+    WRITTEN(JobCustByProject, dsrJobCostByProject)                                                    \
+    WRITTEN(JobCustByCust, dsrJobCostByCust)                                                          \
+    WRITTEN(JobCustBySupp, dsrJobCostBySupp)                                                          \
+    WRITTEN(JobCustByEmpl, dsrJobCostByEmpl)                                                          \
     WRITTEN(CustList, dsrCustList)                                                                    \
     WRITTEN(CustListShipAddr, dsrCustListShipAddr)                                                    \
     WRITTEN(CustCustomFieldList, dsrCustCustomFieldList)                                              \

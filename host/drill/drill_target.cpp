@@ -14,9 +14,11 @@ namespace {
 using Parts = std::vector<std::string>;
 
 // Kinds whose tags name a record, and the codes under which the ledger names the same.
-constexpr std::string_view recordKinds[] = {Drill::invoice,       Drill::customer, Drill::supplier, Drill::employee,
-                                            Drill::project,       Drill::item,     Drill::payment,  Drill::assembly,
-                                            Drill::warehouseItem, "DEP",           "TAX",           "ADM"};
+constexpr std::string_view recordKinds[] = {Drill::invoice,  Drill::customer, Drill::supplier,
+                                            Drill::employee, Drill::project,  Drill::item,
+                                            Drill::payment,  Drill::assembly, Drill::warehouseItem,
+                                            "DEP",           "TAX",           "ADM",
+                                            "PUR",           "EXP",           "PAY"};
 
 Parts split(std::string_view text, char by) {
     Parts parts;

@@ -25,6 +25,12 @@ struct CardKind {
     "InvoiHdr.InvoiId AS \"2781\", InvoiType.Description AS \"1372 word\", InvoiHdr.InvoiDate AS \"1912 date\", " \
     "InvoiHdr.TotAmnt AS \"2767 money\""
 
+// A purchase on account, or an expense.
+constexpr const char* purchase =
+    "SELECT PurcHdr.PurcId AS \"2781\", PurcHdr.PurcDate AS \"1912 date\", Supp.SuppId AS \"1741\", Supp.Name AS "
+    "\"3017\", PurcHdr.TotAmnt AS \"2767 money\" FROM PurcHdr LEFT JOIN Supp ON Supp.InSuppId = PurcHdr.ExSuppId "
+    "WHERE PurcHdr.InPurcId = ?";
+
 const std::vector<CardKind>& cardKinds() {
     static const std::vector<CardKind> kinds = {
         {"INV",
@@ -128,6 +134,13 @@ const std::vector<CardKind>& cardKinds() {
          {{20281,
            "SELECT PmtMeth.PmtMeth AS \"2796\", DepDet.RecAmnt AS \"1914 money\" FROM DepDet LEFT JOIN PmtMeth ON "
            "PmtMeth.InPmtMethId = DepDet.ExPmtMethId WHERE DepDet.ExDepID = ? ORDER BY DepDet.InDepDetId"}}},
+        {"PUR", 20006, purchase},
+        {"EXP", 20007, purchase},
+        {"PAY", 20008,
+         "SELECT TrxPay.TrxPayNo AS \"2781\", TrxPay.PayDate AS \"1912 date\", Empl.EmplId AS \"1741\", Empl.FirstName "
+         "AS \"20287\", Empl.LastName AS \"20288\", TrxPay.Hours AS \"20363 number\", TrxPay.GrossAmnt AS \"20364 "
+         "money\", TrxPay.NetAmnt AS \"20365 money\", TrxPay.Canceled AS \"20366 bool\" FROM TrxPay LEFT JOIN Empl ON "
+         "Empl.InEmplId = TrxPay.ExEmplId WHERE TrxPay.InTrxPayId = ?"},
         {"TAX",
          1896,
          "SELECT TaxTrxNo AS \"2781\", TaxTrxDate AS \"1912 date\", PmtMeth.PmtMeth AS \"2796\" FROM TaxTrxHdr LEFT "

@@ -51,6 +51,10 @@ constexpr Row rows[] = {
     {"CustAgingGraphic", 2, "#6146", false, ""},
     {"SalesJournalCompGraph", 2, "#6149", false, ""},
     {"SalesJournalCompGraphMonths", 2, "#9107", false, ""},
+    {"JobCustByProject", 1, "#6125", false, "FSX"},
+    {"JobCustByCust", 1, "#6313", false, "FSX"},
+    {"JobCustBySupp", 1, "#6123", false, "FSX"},
+    {"JobCustByEmpl", 1, "#6124", false, "FSX"},
 };
 
 std::string interfacesOf(Report* report) {

@@ -222,6 +222,8 @@ TEST(Filters, MergeIntoTheText) {
     EXPECT_EQ(behindAll("x = 1|"), " ORDER BY own");
     EXPECT_EQ(behindAll("|T.C DESC, D"), " ORDER BY T.A, T.B, T.C DESC, D");
     EXPECT_EQ(behindAll("|t.b DESC, T.AB,T.A"), " ORDER BY T.A, T.B, T.AB");
+    EXPECT_EQ(behindAll("|U.A, b"), " ORDER BY T.A, T.B, U.A");
+    EXPECT_EQ(orderClauseBehindAll(splitFilter("|T.A, T.AB"), {"A"}, ""), " ORDER BY A, T.AB");
     EXPECT_EQ(orderWithTies(" ORDER BY own", {"Cust.Id"}), " ORDER BY own, Cust.Id");
     EXPECT_EQ(orderWithTies(" ORDER BY cust.id DESC", {"Cust.Id", "Addr.Id"}), " ORDER BY cust.id DESC, Addr.Id");
 }

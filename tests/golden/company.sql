@@ -158,3 +158,28 @@ INSERT INTO CustHomeAdjustment VALUES (501, 'AJ-1', '2024-01-16', 11, 2.5, 2);
 INSERT INTO FiscalYear VALUES (1, '2023', '2023-01-01', '2023-12-31'), (2, '2024', '2024-01-01', '2024-12-31');
 INSERT INTO FiscalPeriod VALUES (1, 1, '2023-01-01', '2023-01-15'), (1, 2, '2023-01-16', '2023-12-31'),
   (2, 1, '2024-01-01', '2024-01-31'), (2, 2, '2024-02-01', '2024-12-31');
+
+-- Projects: what suppliers, employees and a sale cost and brought before the month and in it; a clearing account, which
+-- only the balance brought forward knows; pay slips of somebody who is gone, cancelled, and without a mark.
+INSERT OR REPLACE INTO Parameter (Section, Name, Value) VALUES ('KorvaAcctParams', 'WIPGLBankAccount', '31');
+INSERT INTO GLAcct (InGLAcctId, GLAcctId, Descr, ChqAcct) VALUES (31, '1310', 'Time bank', 0),
+  (32, '5100', 'Subcontractors and rented equipment', 0);
+INSERT INTO ProjInfo (InProjId, ProjId, Descr) VALUES (5, 'P5', 'Repair of the landing stage and of the fish market behind '
+  || 'the old customs house, phases two and three, with the breakwater  ');
+INSERT INTO Supp (InSuppId, SuppId, Name) VALUES
+  (31, 'S1', 'Lumber, piles and building supplies of the lower north shore and of the islands in the gulf, limited'),
+  (32, 'S2', 'Hardware');
+INSERT INTO PurcHdr (InPurcId, PurcId, PurcType, PurcDate, ExSuppId, TotAmnt) VALUES
+  (801, 'A801', 1, '2023-12-10', 31, 500), (802, 'A802', 1, '2024-01-12', 31, 12345678.9), (803, 'D803', 2, '2024-01-18', 32, 40);
+INSERT INTO Empl (InEmplId, EmplId, FirstName, LastName) VALUES (41, 'E1', 'Marie', 'Tremblay');
+INSERT INTO TrxPay (InTrxPayId, TrxPayNo, PayDate, ExEmplId, Canceled) VALUES (851, 'P851', '2023-12-22', 41, 0),
+  (852, 'P852', '2024-01-19', NULL, 0), (853, 'P853', '2024-01-19', 41, 1), (854, 'P854', '2023-12-08', 41, NULL),
+  (855, 'P855', '2024-01-19', 41, 0);
+INSERT INTO GLDet (SeqNo, DetDate, Source, ExSrcKeyVal, DetRef, DetDesc, ExAcctId, DetAmnt, ExProjId, ExSegmentId) VALUES
+  (21, '2023-12-05', 'INV', 111, 'T2', 'Birch', 4, -100.01, 3, 1), (22, '2023-12-10', 'PUR', 801, 'A801', 'Lumber', 32, 500, 3, 2),
+  (23, '2024-01-12', 'PUR', 802, 'A802', 'Lumber and piles, delivered to the quay in four loads', 32, 12345678.9, 5, 1),
+  (24, '2024-01-18', 'EXP', 803, 'D803-2024-0001', 'Hardware', 32, 40, 3, NULL),
+  (25, '2023-12-15', 'GEN', 0, 'TEC', 'Hours not billed', 31, 75, 3, 1), (26, '2023-12-08', 'PAY', 854, 'P854', NULL, 32, 20, 3, 1),
+  (27, '2023-12-22', 'PAY', 851, 'P851', 'Marie Tremblay', 32, 300, 3, 1), (28, '2024-01-19', 'PAY', 852, 'P852', 'Gone', 32, 60, 3, 1),
+  (29, '2024-01-19', 'PAY', 853, 'P853', 'Marie Tremblay', 32, 999, 3, 1), (29, '2024-01-19', 'PAY', 853, 'P853', 'Marie Tremblay', 32, -999, 3, 1),
+  (30, '2024-01-19', 'PAY', 855, 'P855', 'Marie Tremblay', 32, 310.5, 3, 2), (31, '2023-12-28', 'PUR', 801, 'A801', 'Lumber', 32, 8, 4, 1);
