@@ -164,7 +164,7 @@ INSERT INTO FiscalPeriod VALUES (1, 1, '2023-01-01', '2023-01-15'), (1, 2, '2023
 INSERT OR REPLACE INTO Parameter (Section, Name, Value) VALUES ('KorvaAcctParams', 'WIPGLBankAccount', '31');
 INSERT INTO GLAcct (InGLAcctId, GLAcctId, Descr, ChqAcct) VALUES (31, '1310', 'Time bank', 0),
   (32, '5100', 'Subcontractors and rented equipment', 0);
-INSERT INTO ProjInfo (InProjId, ProjId, Descr) VALUES (5, 'P5', 'Repair of the landing stage and of the fish market behind '
+INSERT INTO ProjInfo (InProjId, ProjId, Inactive, Descr) VALUES (5, 'P5', 1, 'Repair of the landing stage and of the fish market behind '
   || 'the old customs house, phases two and three, with the breakwater  ');
 INSERT INTO Supp (InSuppId, SuppId, Name) VALUES
   (31, 'S1', 'Lumber, piles and building supplies of the lower north shore and of the islands in the gulf, limited'),

@@ -265,9 +265,10 @@ TEST(JobCost, ByProjectAgreesWithTheLedger) {
 
 // Cancelled pay slips, which no employee has and each project has.
 std::int64_t cancelledCents(const std::string& company) {
-    const sqlite::Database file(company, sqlite::Open::readOnly);
+    sqlite::Database file(company, sqlite::Open::readOnly);
     return file.integer(
-        "SELECT SUM(CAST(ROUND(100 * DetAmnt) AS INTEGER)) FROM GLDet INNER JOIN TrxPay ON InTrxPayId = ExSrcKeyVal WHERE "
+        "SELECT SUM(CAST(ROUND(100 * DetAmnt) AS INTEGER)) FROM GLDet INNER JOIN TrxPay ON InTrxPayId = ExSrcKeyVal "
+        "WHERE "
         "Source = 'PAY' AND ExProjId <> 0 AND Canceled <> 0 AND DetDate <= '2025-09-30'");
 }
 

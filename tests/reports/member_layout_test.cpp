@@ -141,8 +141,8 @@ const Names labelsOfData = {"fldAdress",         "fldTaxGroupId",      "fldTerme
                             "lblCurrYearLegend", "fldTotalLastYear",   "fldTotalCurrentYear", "fldDiffMoney",
                             "fldDiffPercentage"};
 
-// With the language "ids" a caption is the number of a text, or several of them with a count or a mark: "#1898 2"; or the
-// mark of a balance.
+// With the language "ids" a caption is the number of a text, or several of them with a count or a mark: "#1898 2"; or
+// the mark of a balance.
 TEST_P(MemberLayout, CaptionsAreTextsOfTheLanguage) {
     const std::regex caption(R"((\d+ )?(#\d+)( \d|\(s\))?|[:+-]|DT|CT|\.\.)");
     expectOfEachSection([&](const PlacedSection& section, const std::vector<Print>& prints) {
