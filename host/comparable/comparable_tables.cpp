@@ -1,5 +1,7 @@
 #include "host/comparable/comparable_tables.h"
 
+#include <deque>
+
 #include "framework/values/errors.h"
 #include "host/locale/icu_locale.h"
 
@@ -16,21 +18,25 @@ std::string keyOf(const ComparableCell& cell) {
     return cell.name;
 }
 
-// The entries of a list by what they are about; the first of those that are alike.
+// The entries of a list by what they are about. Those that are alike are taken in their order.
 template <class Entry>
 class Index {
 public:
     explicit Index(const std::vector<Entry>* entries) {
         if (entries == nullptr) return;
-        for (const Entry& entry : *entries) places_.emplace(keyOf(entry), &entry);
+        for (const Entry& entry : *entries) places_[keyOf(entry)].push_back(&entry);
     }
-    const Entry* like(const Entry& entry) const {
+    // Null when none like it is left.
+    const Entry* take(const Entry& entry) {
         const auto found = places_.find(keyOf(entry));
-        return found == places_.end() ? nullptr : found->second;
+        if (found == places_.end() || found->second.empty()) return nullptr;
+        const Entry* taken = found->second.front();
+        found->second.pop_front();
+        return taken;
     }
 
 private:
-    std::unordered_map<std::string, const Entry*> places_;
+    std::unordered_map<std::string, std::deque<const Entry*>> places_;
 };
 
 // Reads the amounts of one run. A plain number is read everywhere.
@@ -68,12 +74,12 @@ private:
     // Calls with each entry of both lists: the two that are alike together, null for one that is missing.
     template <class Entry, class Call>
     static void walk(const std::vector<Entry>* left, const std::vector<Entry>* right, const Call& call) {
-        const Index<Entry> before(left), after(right);
+        Index<Entry> before(left), after(right);
         if (left != nullptr)
-            for (const Entry& entry : *left) call(&entry, after.like(entry));
+            for (const Entry& entry : *left) call(&entry, after.take(entry));
         if (right != nullptr)
             for (const Entry& entry : *right)
-                if (before.like(entry) == nullptr) call(nullptr, &entry);
+                if (before.take(entry) == nullptr) call(nullptr, &entry);
     }
 
     void rows(const ComparableTable* left, const ComparableTable* right) {

@@ -76,7 +76,8 @@ struct ComparedCell {
 };
 
 // All cells that either of them has, in the order of the left one; those that only the right one has stand behind those
-// of their row, row and table. Throws InputError when they are of two reports.
+// of their row, row and table. Where a row has several cells of one name, they are compared in their order. Throws
+// InputError when they are of two reports.
 std::vector<ComparedCell> compareTables(const ComparableTables& left, const ComparableTables& right);
 
 }  // namespace quillo

@@ -57,6 +57,19 @@ TEST(ComparableTables, RefuseAHandleThatTheyDidNotGive) {
     EXPECT_THROW(collector.AddRow(table - 1, "row", "", mode), InputError);
 }
 
+TEST(ComparableTables, CompareCellsOfOneNameInTheirOrder) {
+    const auto project = [](std::vector<ComparableCell> cells) {
+        ComparableTables tables = ageing("en_CA", "1", "2");
+        tables.tables = {{"Totals", {{"P1-Quay", "", std::move(cells)}}}};
+        return tables;
+    };
+    const auto cells = compareTables(project({{"Subtotal", "1"}, {"Subtotal", "2"}}),
+                                     project({{"Subtotal", "1"}, {"Subtotal", "2"}, {"Subtotal", "3"}}));
+    ASSERT_EQ(cells.size(), 3U);
+    EXPECT_TRUE(cells[0].equal && cells[1].equal);
+    EXPECT_EQ(cells[2].left + "|" + cells[2].right, "|3");
+}
+
 TEST(ComparableTables, AreComparedAsAmountsWhateverTheirLocale) {
     ComparableTables left = ageing("en_CA", "$1,234.50", "12.5"), right = ageing("fr_CA", "1 234,50 $", "13");
     right.tables[0].rows[1].cells.push_back({"lblPer1Cap", "(new)"});
