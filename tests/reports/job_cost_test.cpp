@@ -133,6 +133,20 @@ TEST(JobCost, ByPartySubtotalsEachProjectOfEachParty) {
         }
 }
 
+TEST(JobCost, ProjectAndPartyAreNamedAgainOnThePagesThatTheyGoOnTo) {
+    const TestCompany company(std::string(projects) +
+                              ";INSERT INTO GLDet (SeqNo, DetDate, Source, ExSrcKeyVal, ExAcctId, DetAmnt, ExProjId) "
+                              "WITH RECURSIVE Line (N) AS (SELECT 100 UNION SELECT N + 1 FROM Line WHERE N < 150) "
+                              "SELECT N, '2024-03-20', 'PUR', 201, 2, 1, 1 FROM Line");
+    auto asked = march(company, "JobCustBySupp");
+    asked.pageHeight = 8000;
+    const auto result = runReport(asked);
+    EXPECT_GT(result.texts("lblContinued").size(), 1U);
+    EXPECT_GT(result.texts("lblContinuedProject").size(), 1U);
+    EXPECT_EQ(last(pairs(result, "txtBalance", "CT1")), "251.00 DT");
+    EXPECT_EQ(result.only("lblEnd"), "3 #5861") << "a head that stands again counts once";
+}
+
 TEST(JobCost, SegmentsAndTheUsersFilterNarrowThePostings) {
     const TestCompany company(projects);
     auto asked = march(company, "JobCustByProject");
