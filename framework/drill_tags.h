@@ -15,7 +15,9 @@ namespace Drill {
 inline constexpr std::string_view invoice = "INV", customer = "CUS", supplier = "SUP", employee = "EMP",
                                   project = "PRJ", item = "ITM", warehouseItem = "WI", payment = "PMT",
                                   assembly = "ASB", receivablesAdjustment = "ARAdjust";
-}
+// Stands for the salesperson of documents that have none, in tags and as the property of a report.
+inline constexpr std::string_view blankSalesPerson = "BLANK SALESPERSON NAME";
+}  // namespace Drill
 
 inline std::string drillTag(std::string_view kind, const ValueView& key) {
     std::string tag(kind);

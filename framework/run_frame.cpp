@@ -130,7 +130,8 @@ bool FilterableReport::askFilter(int line) {
 namespace {
 
 std::string orderOf(const ListQuery& query, const FilterParts& filter) {
-    if (!query.leading.empty()) return orderClauseBehindAll(filter, query.leading, query.order);
+    if (!query.leading.empty())
+        return orderClauseBehindAll(filter, {query.leading.begin(), query.leading.end()}, query.order);
     if (!query.keeping.empty()) return orderClauseKeeping(filter, query.keeping, query.order);
     return orderClause(filter, query.order);
 }

@@ -97,13 +97,13 @@ private:
 
 // The query of a plain list.
 struct ListQuery {
-    std::string text;                         // up to where the user's condition follows
-    OwnWhere where = OwnWhere::yes;           // whether it has a WHERE of its own
-    std::string_view order;                   // the report's own " ORDER BY ..."
-    std::vector<Variant> values{};            // of its "?" marks
-    std::string_view keeping{};               // a column that leads the user's order unless it names it
-    std::vector<std::string_view> ties{};     // columns that stand behind any order, so that rows stay together
-    std::vector<std::string_view> leading{};  // columns that always lead the user's order: those of the groups
+    std::string text;                      // up to where the user's condition follows
+    OwnWhere where = OwnWhere::yes;        // whether it has a WHERE of its own
+    std::string order;                     // the report's own " ORDER BY ..."
+    std::vector<Variant> values{};         // of its "?" marks
+    std::string_view keeping{};            // a column that leads the user's order unless it names it
+    std::vector<std::string_view> ties{};  // columns that stand behind any order, so that rows stay together
+    std::vector<std::string> leading{};    // columns that always lead the user's order: those of the groups
 };
 
 // A report whose rows the user may filter and sort.

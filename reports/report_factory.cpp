@@ -37,6 +37,11 @@
 #include "reports/sales_journal/dsrSalesJournalCompGraphMonth.h"
 #include "reports/sales_journal/dsrSalesJournalDetail.h"
 #include "reports/sales_journal/dsrSalesJournalSummary.h"
+#include "reports/salespersons/dsrSalesBySalesPersProfDetail.h"
+#include "reports/salespersons/dsrSalesBySalesPersProfSummary.h"
+#include "reports/salespersons/dsrSalesBySalesPersonDetail.h"
+#include "reports/salespersons/dsrSalesBySalesPersonGraph.h"
+#include "reports/salespersons/dsrSalesBySalesPersonSummary.h"
 
 namespace quillo {
 
@@ -62,15 +67,15 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
 #define QUILLO_MEMBERS(WRITTEN, TYPED, TO_COME, BY_HAND)                                              \
     TYPED(ExpectedAndExceededPmtByCustSum, dsrExpectAndExceedPmtByCust, ExpectedPayments::summary)    \
     TYPED(ExpectedAndExceededPmtByCustDet, dsrExpectAndExceedPmtByCust, ExpectedPayments::detail)     \
-    TO_COME(SalesBySalesPersonGraph, dsrSalesBySalesPersonGraph)                                      \
-    TO_COME(SalesBySalesPersonSummary, dsrSalesBySalesPersonSummary)                                  \
+    WRITTEN(SalesBySalesPersonGraph, dsrSalesBySalesPersonGraph)                                      \
+    WRITTEN(SalesBySalesPersonSummary, dsrSalesBySalesPersonSummary)                                  \
     WRITTEN(CashReceiptsSummary, dsrCashReceiptsSummary)                                              \
     WRITTEN(CashReceiptsDetail, dsrCashReceiptsDetail)                                                \
     BY_HAND(OpenOrders, dsrOpenOrders, "lngInvType", OpenOrders(51), true)                            \
     WRITTEN(TermList, dsrTermList)                                                                    \
-    TO_COME(SalesBySalesPersonDetail, dsrSalesBySalesPersonDetail)                                    \
-    TO_COME(SalesBySalesPersProfDetail, dsrSalesBySalesPersProfDetail)                                \
-    TO_COME(SalesBySalesPersProfSummary, dsrSalesBySalesPersProfSummary)                              \
+    WRITTEN(SalesBySalesPersonDetail, dsrSalesBySalesPersonDetail)                                    \
+    WRITTEN(SalesBySalesPersProfDetail, dsrSalesBySalesPersProfDetail)                                \
+    WRITTEN(SalesBySalesPersProfSummary, dsrSalesBySalesPersProfSummary)                              \
     WRITTEN(SalesJournalSummary, dsrSalesJournalSummary)                                              \
     WRITTEN(SalesJournalDetail, dsrSalesJournalDetail)                                                \
     WRITTEN(SalesJournalCompGraph, dsrSalesJournalCompGraph)                                          \

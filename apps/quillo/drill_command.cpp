@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "apps/quillo/outputs.h"
+#include "framework/drill_tags.h"
 #include "framework/values/errors.h"
 #include "host/drill/drill_target.h"
 #include "host/drill/record_card.h"
@@ -30,6 +31,14 @@ DrillTarget targetOf(const std::string& tag, const std::string& by, HostSession&
         if (by.empty()) return askCompany(session, key);
         return by == "user" ? TillKey::user : TillKey::register_;
     });
+}
+
+// A name without any document would give pages that tell nothing.
+void checkSalesPerson(const ReportTarget& report, HostSession& session) {
+    for (const auto& [property, name] : report.properties)
+        if (property == "SalesPerson" && name != Drill::blankSalesPerson &&
+            !isThere(session, "SELECT 1 FROM InvoiHdr WHERE SalesPerson = ?", name))
+            throw InputError("The company has no documents of a salesperson \"" + name + "\"");
 }
 
 OutputRequest outputRequest(const RunRequest& request, const HostSession& session, const std::string& title,
@@ -69,7 +78,9 @@ int drillCommand(const std::string& tag, const std::string& by, RunRequest reque
     try {
         const DrillTarget target = targetOf(tag, by, *session);
         if (!target.leadsToReport()) return printCards(target.records, request, *session, messages, console);
+        checkSalesPerson(target.report, *session);
         request.member = target.report.member;
+        request.foreign |= target.report.foreign;
         request.properties.insert(request.properties.end(), target.report.properties.begin(),
                                   target.report.properties.end());
     } catch (const InputError& failure) {

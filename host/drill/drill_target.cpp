@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <optional>
 
 #include "framework/drill_tags.h"
 #include "framework/values/errors.h"
@@ -88,6 +89,35 @@ ReportTarget deposits(const Parts& parts, const TillKeyOf& till) {
     return tillReport("DepDetail", partOf(parts, 2), till);
 }
 
+// The sales documents of a salesperson; a currency other than 0 narrows them to it, and prints them in it.
+ReportTarget sales(std::string_view tag, std::string_view salesPerson, bool variances, const std::string& currency) {
+    ReportTarget target{"SalesBySalesPersonDetail", {{"SalesPerson", std::string(salesPerson)}}};
+    if (variances) target.properties.emplace_back("IsCommissionVariances", "true");
+    target.foreign = keyOf(tag, currency) != 0;
+    if (target.foreign) target.properties.emplace_back("ExCurrencyId", currency);
+    return target;
+}
+
+// "name|0|currency", "name|-1|currency" behind variances, "BLANK SALESPERSON NAME|currency". The name itself may hold
+// bars.
+std::optional<ReportTarget> readSales(std::string_view tag) {
+    const auto last = tag.rfind('|');
+    const std::string currency(tag.substr(last + 1));
+    const std::string_view before = tag.substr(0, last);
+    if (before == Drill::blankSalesPerson) return sales(tag, before, false, currency);
+    for (const auto& [mark, variances] : {std::pair{"|0", false}, {"|-1", true}})
+        if (before.ends_with(mark))
+            return sales(tag, before.substr(0, before.size() - std::string_view(mark).size()), variances, currency);
+    return std::nullopt;
+}
+
+// A bare key is a customer's; a name leads to the profit of a salesperson.
+DrillTarget readBare(std::string_view tag, const std::string& part) {
+    if (part.find_first_not_of("-0123456789") == part.npos)
+        return {{}, {std::string(Drill::customer), {keyOf(tag, part)}}};
+    return {{"SalesBySalesPersProfDetail", {{"SalesPerson", part}}}, {}};
+}
+
 struct ReportKind {
     std::string_view word;
     ReportTarget (*read)(const Parts& parts, const TillKeyOf& till);
@@ -100,14 +130,15 @@ DrillTarget readDrillTag(std::string_view tag, const TillKeyOf& till) {
     if (tag.starts_with("mailto:") || tag.find("://") != tag.npos) refuse(tag, "leads out of the company");
     const Parts parts = split(tag, '|');
     const std::string& word = parts.front();
-    if (parts.size() == 1) return {{}, {std::string(Drill::customer), {keyOf(tag, word)}}};
+    if (parts.size() == 1) return readBare(tag, word);
     for (const ReportKind& kind : reportKinds)
         if (word == kind.word) return {kind.read(parts, till), {}};
     if (word == "ReceiptPayment") return {{}, {std::string(Drill::payment), keysOf(tag, parts[1])}};
     if (word == Drill::receivablesAdjustment) return {{}, {word, {}}};
-    if (std::find(std::begin(recordKinds), std::end(recordKinds), word) == std::end(recordKinds))
-        refuse(tag, "is of no kind that is known here");
-    return {{}, {word, {keyOf(tag, parts[1])}}};
+    if (std::find(std::begin(recordKinds), std::end(recordKinds), word) != std::end(recordKinds))
+        return {{}, {word, {keyOf(tag, parts[1])}}};
+    if (auto report = readSales(tag)) return {std::move(*report), {}};
+    refuse(tag, "is of no kind that is known here");
 }
 
 }  // namespace quillo

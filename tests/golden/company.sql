@@ -183,3 +183,23 @@ INSERT INTO GLDet (SeqNo, DetDate, Source, ExSrcKeyVal, DetRef, DetDesc, ExAcctI
   (27, '2023-12-22', 'PAY', 851, 'P851', 'Marie Tremblay', 32, 300, 3, 1), (28, '2024-01-19', 'PAY', 852, 'P852', 'Gone', 32, 60, 3, 1),
   (29, '2024-01-19', 'PAY', 853, 'P853', 'Marie Tremblay', 32, 999, 3, 1), (29, '2024-01-19', 'PAY', 853, 'P853', 'Marie Tremblay', 32, -999, 3, 1),
   (30, '2024-01-19', 'PAY', 855, 'P855', 'Marie Tremblay', 32, 310.5, 3, 2), (31, '2023-12-28', 'PUR', 801, 'A801', 'Lumber', 32, 8, 4, 1);
+
+-- Salespersons: one with a rate of his own, one without, one who is nobody's employee; sales at that rate, at others, a
+-- credit note, a sale in US dollars. What was sold: goods whose cost changes on the sixth, a service, a kit, words alone.
+INSERT INTO Empl (InEmplId, EmplId, FirstName, LastName, SalesComm) VALUES (801, 'S1', 'Sam', 'Lee', 4),
+  (802, 'S2', 'Anne-Marie', 'Beauchemin-Larivière de la Chevrotière', NULL);
+UPDATE InvoiHdr SET SalesPerson = 'Sam Lee', CommissionPercent = 5, CommissionAmount = DetAmnt * 0.05
+  WHERE InInvoiId IN (101, 103);
+UPDATE InvoiHdr SET SalesPerson = 'Sam Lee', CommissionPercent = 6, CommissionAmount = 6 WHERE InInvoiId = 104;
+UPDATE InvoiHdr SET SalesPerson = 'Anne-Marie Beauchemin-Larivière de la Chevrotière', CommissionPercent = 2.5,
+  CommissionAmount = 1 WHERE InInvoiId = 102;
+UPDATE InvoiHdr SET SalesPerson = 'Gone Fishing', CommissionPercent = 10, CommissionAmount = 0 WHERE InInvoiId = 915;
+INSERT INTO Item (InItemId, ItemId, Servc, IsKit) VALUES (801, 'PLK-8', 0, 0), (802, 'CUT', 1, 0), (803, 'SET-8', 0, 1);
+INSERT INTO ItemComponent VALUES (803, 801, 2);
+INSERT INTO InvenDet (InTrxId, ExItemId, DetDate, Source, Qty, CostAmnt, RunningAvgCost, RunningLastCost) VALUES
+  (801, 801, '2024-01-02', 'PUR', 100, 550, 5.5, 5.5), (802, 801, '2024-01-06', 'PUR', 100, 650, 6, 6.5);
+INSERT INTO InvoiDet (InInvoiDetId, ExInvoiId, ExItemId, Descr, Qty, BaseRowTotal, Servc, ExKitInvoiDetId) VALUES
+  (801, 101, 801, 'Planks of eight feet, planed on both sides and at the ends', 10, 80, 0, NULL),
+  (802, 101, 802, 'Cutting', 1, 15, 1, NULL), (803, 102, 803, 'Set of planks', 1, 40, 0, NULL),
+  (804, 102, 801, 'Planks', 2, NULL, 0, 803), (805, 102, NULL, 'With compliments', NULL, 0, NULL, NULL),
+  (806, 103, 801, 'Planks', 1, 20, 0, NULL), (807, 104, 801, 'Planks', 10, 100, 0, NULL);

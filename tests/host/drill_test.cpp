@@ -38,6 +38,34 @@ TEST(DrillTag, OfTheDayEndLeadsToTheReportBehindAFigure) {
     EXPECT_EQ(deposit.properties, (Properties{{"TrxSerNo", "MTL-01"}}));
 }
 
+TEST(DrillTag, OfASalespersonLeadsToHisDocumentsOrHisProfit) {
+    const struct {
+        const char* tag;
+        const char* member;
+        Properties properties;
+        bool foreign;
+    } cases[] = {
+        {"Ana Roy|0|0", "SalesBySalesPersonDetail", {{"SalesPerson", "Ana Roy"}}, false},
+        {"Ana|Roy|-1|2",
+         "SalesBySalesPersonDetail",
+         {{"SalesPerson", "Ana|Roy"}, {"IsCommissionVariances", "true"}, {"ExCurrencyId", "2"}},
+         true},
+        {"BLANK SALESPERSON NAME|1",
+         "SalesBySalesPersonDetail",
+         {{"SalesPerson", "BLANK SALESPERSON NAME"}, {"ExCurrencyId", "1"}},
+         true},
+        {"BLANK SALESPERSON NAME", "SalesBySalesPersProfDetail", {{"SalesPerson", "BLANK SALESPERSON NAME"}}, false},
+        {"Ana Roy", "SalesBySalesPersProfDetail", {{"SalesPerson", "Ana Roy"}}, false}};
+    for (const auto& [tag, member, properties, foreign] : cases) {
+        const ReportTarget report = read(tag).report;
+        EXPECT_EQ(report.member, member) << tag;
+        EXPECT_EQ(report.properties, properties) << tag;
+        EXPECT_EQ(report.foreign, foreign) << tag;
+    }
+    for (const char* wrong : {"Ana Roy|1|0", "Ana Roy|0|x", "Ana Roy|0|", "BLANK SALESPERSON NAME|"})
+        EXPECT_THROW(read(wrong), InputError) << wrong;
+}
+
 TEST(DrillTag, OfADocumentOrAMasterLeadsToItsRecord) {
     const auto record = [](std::string_view tag) {
         const RecordTarget target = read(tag).records;
@@ -118,6 +146,9 @@ TEST(DrillCommand, PrintsACardAPageAndSaysWhatTheCompanyDoesNotHave) {
     const Outcome nobody = drill(company, {"Invoice|7|Kevin"});
     EXPECT_EQ(nobody.status, 2);
     EXPECT_NE(nobody.err.find("\"Kevin\""), std::string::npos) << nobody.err;
+    const Outcome seller = drill(company, {"Ana Roy|0|2"});
+    EXPECT_EQ(seller.status, 2);
+    EXPECT_NE(seller.err.find("\"Ana Roy\""), std::string::npos) << seller.err;
 }
 
 }  // namespace

@@ -47,6 +47,14 @@ constexpr OwnRun ownRuns[] = {
     {"CustAgingDetail", "-later", [](ReportRun& run) { run.to = "2024-03-31"; }},
     {"CustAgingDetail", "-reevaluated", [](ReportRun& run) { reevaluate(run); }},
     {"CustAgingSummary", "-reevaluated", [](ReportRun& run) { reevaluate(run); }},
+    {"SalesBySalesPersonDetail", "-variances",
+     [](ReportRun& run) { run.properties["IsCommissionVariances"] = "True"; }},
+    {"SalesBySalesPersonDetail", "-variances-foreign",
+     [](ReportRun& run) { run.properties["IsCommissionVariances"] = "True", run.foreign = true; }},
+    {"SalesBySalesPersonSummary", "-variances",
+     [](ReportRun& run) { run.properties["IsCommissionVariances"] = "True"; }},
+    {"SalesBySalesPersonSummary", "-variances-foreign",
+     [](ReportRun& run) { run.properties["IsCommissionVariances"] = "True", run.foreign = true; }},
     {"OpenOrders", "-quotes", [](ReportRun& run) { run.properties["InvoiceType"] = "50"; }},
 };
 

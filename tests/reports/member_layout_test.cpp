@@ -139,12 +139,13 @@ const Names labelsOfData = {"fldAdress",         "fldTaxGroupId",      "fldTerme
                             "lblCustInfo",       "lblCustTotal",       "lblCieAddress",       "lblType",
                             "lblPeriodName",     "lblLastYear",        "lblCurrYear",         "lblLastYearLegend",
                             "lblCurrYearLegend", "fldTotalLastYear",   "fldTotalCurrentYear", "fldDiffMoney",
-                            "fldDiffPercentage"};
+                            "fldDiffPercentage", "lblTotalName",       "txtDateTotal",        "txtCurrTotal",
+                            "TotDate"};
 
-// With the language "ids" a caption is the number of a text, or several of them with a count or a mark: "#1898 2"; or
+// With the language "ids" a caption is the number of a text, or several of them with a count or a mark: "#1898 2", "#4946 %"; or
 // the mark of a balance.
 TEST_P(MemberLayout, CaptionsAreTextsOfTheLanguage) {
-    const std::regex caption(R"((\d+ )?(#\d+)( \d|\(s\))?|[:+-]|DT|CT|\.\.)");
+    const std::regex caption(R"((\d+ )?(#\d+)( \d| [$%]|:|\(s\))?|[:+-]|DT|CT|\.\.)");
     expectOfEachSection([&](const PlacedSection& section, const std::vector<Print>& prints) {
         for (const Print& print : prints) {
             if (print.control->info->kind != ControlKind::label || labelsOfData.contains(print.name())) continue;
