@@ -68,7 +68,7 @@ void JobCostReport::ActiveReport_ReportStart() {
     STEP(values[1] = clearingAccount("WIPGLBankAccount"));
     STEP(values[2] = clearingAccount("WIPGLUnrecordedServiceAccount"));
     FilterableReport::ActiveReport_ReportStart({.text = std::string(kind_.postings) + segments("GLDet.ExSegmentId"),
-                                                .order = kind_.order,
+                                                .order = std::string(kind_.order),
                                                 .values = std::move(values),
                                                 .leading = kind_.groups});
 }

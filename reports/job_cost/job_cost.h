@@ -41,7 +41,7 @@ protected:
         int titleId;
         std::string_view tables;               // over which the user may filter
         std::string_view postings;             // the query up to its conditions
-        std::vector<std::string_view> groups;  // columns that lead the user's order
+        std::vector<std::string> groups;  // columns that lead the user's order
         std::string_view order;                // its own order
         std::string_view forward;              // the query of a balance brought forward, up to the segments
         std::string_view projectHeader;        // name of the section

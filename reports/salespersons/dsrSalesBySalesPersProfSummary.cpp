@@ -63,8 +63,7 @@ void dsrSalesBySalesPersProfSummary::ghSalesPerson_Format() {
     std::string tag;
     STEP(tag = rsSales.Collect("SalesPerson").textOrEmpty());
     if (tag.empty()) tag = Drill::blankSalesPerson;
-    link(tag,
-         {&groupFields.sale, &txtSalesPerson, &groupFields.cost, &groupFields.profit, &groupFields.percent});
+    link(tag, {&groupFields.sale, &txtSalesPerson, &groupFields.cost, &groupFields.profit, &groupFields.percent});
 }
 
 void dsrSalesBySalesPersProfSummary::Detail_Format() {

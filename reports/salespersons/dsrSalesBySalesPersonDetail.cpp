@@ -74,8 +74,7 @@ ListQuery dsrSalesBySalesPersonDetail::query() const {
 std::string dsrSalesBySalesPersonDetail::amounts(int databaseKind) const {
     if (databaseKind != 0 && databaseKind != 1) return {};
     if (m_bDisplayForeignCurrency)
-        return amountColumns("(InvoiHdr.DetAmnt)", "(InvoiHdr.DiscTotAmnt)",
-                             " InvoiHdr.CommissionAmount As CommAmnt ");
+        return amountColumns("(InvoiHdr.DetAmnt)", "(InvoiHdr.DiscTotAmnt)", " InvoiHdr.CommissionAmount As CommAmnt ");
     const bool jet = databaseKind == 1;
     return jet ? amountColumns(
                      saleInHomeCurrency(jet),
@@ -95,12 +94,12 @@ std::string dsrSalesBySalesPersonDetail::amountColumns(const char* sale, const c
 }
 
 std::string dsrSalesBySalesPersonDetail::tables() const {
-    const std::string joins =
-        IsCommissionVariances ? " FROM ((InvoiHdr LEFT JOIN Cust ON Cust.InCustId = InvoiHdr.ExCustId)"
-                                " LEFT JOIN WorldCurrency ON WorldCurrency.InCurrencyId = InvoiHdr.ExCurrencyId)" +
-                                    employeeJoin()
-                              : " FROM (InvoiHdr LEFT JOIN Cust ON Cust.InCustId = InvoiHdr.ExCustId)"
-                                " LEFT JOIN WorldCurrency ON WorldCurrency.InCurrencyId = InvoiHdr.ExCurrencyId";
+    const std::string joins = IsCommissionVariances
+                                  ? " FROM ((InvoiHdr LEFT JOIN Cust ON Cust.InCustId = InvoiHdr.ExCustId)"
+                                    " LEFT JOIN WorldCurrency ON WorldCurrency.InCurrencyId = InvoiHdr.ExCurrencyId)" +
+                                        employeeJoin()
+                                  : " FROM (InvoiHdr LEFT JOIN Cust ON Cust.InCustId = InvoiHdr.ExCustId)"
+                                    " LEFT JOIN WorldCurrency ON WorldCurrency.InCurrencyId = InvoiHdr.ExCurrencyId";
     return joins +
            " WHERE "
            " InvoiHdr.InvoiType IN(" +
@@ -148,8 +147,7 @@ void dsrSalesBySalesPersonDetail::ghCurrency_Format() {
 void dsrSalesBySalesPersonDetail::ghDate_Format() {
     ghDate.Visible = !rsSales.atEnd();
     if (rsSales.atEnd()) return;
-    STEP(txtDateTotal.Caption =
-             GetText(2710) + " " + context().utils().DateText(rsSales.Collect("InvoiDate")) + ":");
+    STEP(txtDateTotal.Caption = GetText(2710) + " " + context().utils().DateText(rsSales.Collect("InvoiDate")) + ":");
 }
 
 void dsrSalesBySalesPersonDetail::Detail_Format() {

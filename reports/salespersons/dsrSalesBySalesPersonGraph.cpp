@@ -70,9 +70,11 @@ void dsrSalesBySalesPersonGraph::Detail_Format() {
     if (rsSales.atEnd()) return;
     ++m_lngRecordCount;
     txtShare.Text = "NA";
+    txtSale.Text.clear();
     STEP(txtSalesPerson.Text = salesPersonName(rsSales, context()));
     Money amount;
     STEP(amount = rsSales.Collect("SaleAmnt").moneyOrZero());
+    STEP(txtSale.Text = locale().currency(amount));
     if (!m_curTotal.isZero())
         STEP(txtShare.Text = locale().number(amount.toDouble() / m_curTotal.toDouble() * 100, shareDigits));
     STEP(link(salesPersonTag(rsSales.Collect("SalesPerson").textOrEmpty(), false, 0),

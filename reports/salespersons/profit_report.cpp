@@ -57,7 +57,8 @@ Money ProfitReport::rowCost() const {
     const Variant item = rsSales.Collect("ExItemId");
     if (item.isNull() || rsSales.Collect("Servc").boolOrFalse()) return {};
     const Date day = rsSales.Collect("InvoiDate").toDate();
-    return context().company().itemCosts().ItemCost(item.toInt32(), day, 0, 0, true) * rsSales.Collect("Qty").doubleOrZero();
+    return context().company().itemCosts().ItemCost(item.toInt32(), day, 0, 0, true) *
+           rsSales.Collect("Qty").doubleOrZero();
 }
 
 void ProfitReport::add(const ProfitSum& row, std::initializer_list<ProfitSum*> sums) {

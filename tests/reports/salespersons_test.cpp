@@ -62,10 +62,9 @@ TEST(SalesBySalesPersonDetail, ListsTheDocumentsWithTotalsByDayAndSalesperson) {
     EXPECT_EQ(result.texts("txtInvoiType"),
               (Texts{"#2916", "#2916", "#2916", "#2907", "#2863", "#2916", "#2916", "#2916"}));
     EXPECT_EQ(result.texts("txtDisc"), (Texts{"", "", "$50.00", "$0.00", "", "", "", ""}));
-    EXPECT_EQ(result.texts("txtSale"), (Texts{"$70.00", "$30.00", "$1,000.00", "$200.00", "-$100.00", "$400.00",
-                                              "$120.00", "$10.00"}));
-    EXPECT_EQ(result.texts("txtComm"),
-              (Texts{"", "$0.30", "$50.00", "$14.00", "-$6.00", "$12.00", "$0.00", "$0.20"}));
+    EXPECT_EQ(result.texts("txtSale"),
+              (Texts{"$70.00", "$30.00", "$1,000.00", "$200.00", "-$100.00", "$400.00", "$120.00", "$10.00"}));
+    EXPECT_EQ(result.texts("txtComm"), (Texts{"", "$0.30", "$50.00", "$14.00", "-$6.00", "$12.00", "$0.00", "$0.20"}));
     EXPECT_EQ(nth(result.links("txtSale"), 2), "INV|1");
     EXPECT_EQ(result.texts("txtDateTotal").size(), 7U);
     EXPECT_EQ(nth(result.texts("txtDateTotal"), 2), "#2710 2024-03-01:");
@@ -123,8 +122,8 @@ TEST(SalesBySalesPersonDetail, TellsVariancesOnFourLevels) {
 
 TEST(SalesBySalesPersonDetail, NarrowsToASalespersonACurrencyAndCommissions) {
     const TestCompany company(march);
-    const auto documents = [&](std::map<std::string, std::string> properties, bool zero = true,
-                               const char* where = "", const char* order = "") {
+    const auto documents = [&](std::map<std::string, std::string> properties, bool zero = true, const char* where = "",
+                               const char* order = "") {
         auto run = ask("SalesBySalesPersonDetail", company.path(), std::move(properties));
         run.where = where, run.order = order;
         if (!zero) run.options = {{"chkShowZeroCommission", false}};
@@ -146,11 +145,10 @@ TEST(SalesBySalesPersonDetail, NarrowsToASalespersonACurrencyAndCommissions) {
 
 // A rate of zero and one that is missing: each dialect takes another of them for 1.
 TEST(SalesBySalesPersonDetail, TakesAMissingRateAsItsDialectDoes) {
-    const TestCompany company(
-        std::string(march) +
-        "DELETE FROM InvoiHdr WHERE InInvoiId NOT IN (1, 4);"
-        "UPDATE InvoiHdr SET ExchangeRate = 0, DiscTotAmnt = 5 WHERE InInvoiId = 1;"
-        "UPDATE InvoiHdr SET ExchangeRate = NULL, DiscTotAmnt = 7 WHERE InInvoiId = 4;");
+    const TestCompany company(std::string(march) +
+                              "DELETE FROM InvoiHdr WHERE InInvoiId NOT IN (1, 4);"
+                              "UPDATE InvoiHdr SET ExchangeRate = 0, DiscTotAmnt = 5 WHERE InInvoiId = 1;"
+                              "UPDATE InvoiHdr SET ExchangeRate = NULL, DiscTotAmnt = 7 WHERE InInvoiId = 4;");
     auto run = ask("SalesBySalesPersonDetail", company.path());
     const auto server = runReport(run);
     EXPECT_EQ(server.texts("txtSale"), (Texts{"$0.00", "$400.00"}));
@@ -218,20 +216,19 @@ TEST(SalesBySalesPersProfDetail, SetsEachLineAgainstItsCostOfTheDay) {
     const auto result = runBoth(ask("SalesBySalesPersProfDetail", company.path()));
     EXPECT_EQ(result.texts("fldSalesPerson"), (Texts{"#2595", "Ana Roy", "Ben Cole"}));
     EXPECT_EQ(result.texts("txtItemId"), (Texts{"PLK", "PLK", "CUT", "SET", "", "PLK", "PLK", "PLK", "PLK"}));
-    EXPECT_EQ(result.texts("txtSalePrice"), (Texts{"$16.00", "$80.00", "$15.00", "$20.00", "$0.00", "$266.68",
-                                                   "-$20.00", "$0.00", "$0.00"}));
+    EXPECT_EQ(result.texts("txtSalePrice"),
+              (Texts{"$16.00", "$80.00", "$15.00", "$20.00", "$0.00", "$266.68", "-$20.00", "$0.00", "$0.00"}));
     EXPECT_EQ(result.texts("txtCostingPrice"),
               (Texts{"NA", "$55.00", "NA", "$11.00", "$0.00", "$300.00", "$6.00", "$6.00", "$6.00"}));
-    EXPECT_EQ(result.texts("txtProfitDoll"), (Texts{"$10.00", "$25.00", "$15.00", "$9.00", "$0.00", "-$33.32",
-                                                    "-$26.00", "-$6.00", "-$6.00"}));
+    EXPECT_EQ(result.texts("txtProfitDoll"),
+              (Texts{"$10.00", "$25.00", "$15.00", "$9.00", "$0.00", "-$33.32", "-$26.00", "-$6.00", "-$6.00"}));
     EXPECT_EQ(result.texts("txtProfitPerc"),
               (Texts{"62.50", "31.25", "100.00", "45.00", "NA", "-12.49", "-130.00", "NA", "NA"}));
-    EXPECT_EQ(result.texts("TotDate"), (Texts{"#2710 N2:", "#2710 A1:", "#2710 A2:", "#2710 N1:", "#2710 G1:",
-                                              "#2710 Z1:"}));
+    EXPECT_EQ(result.texts("TotDate"),
+              (Texts{"#2710 N2:", "#2710 A1:", "#2710 A2:", "#2710 N1:", "#2710 G1:", "#2710 Z1:"}));
     EXPECT_EQ(nth(result.texts("txtSalePriceTot"), 1), "$115.00");
     EXPECT_EQ(nth(result.texts("txtCostingPriceTot"), 1), "$66.00");
-    EXPECT_EQ(result.texts("txtProfitDollTot"),
-              (Texts{"$10.00", "$49.00", "-$33.32", "-$26.00", "-$6.00", "-$6.00"}));
+    EXPECT_EQ(result.texts("txtProfitDollTot"), (Texts{"$10.00", "$49.00", "-$33.32", "-$26.00", "-$6.00", "-$6.00"}));
     EXPECT_EQ(result.texts("txtProfitPercTot"), (Texts{"62.50", "42.61", "-12.49", "-130.00", "NA", "NA"}));
     EXPECT_EQ(result.texts("lblTotalName"), (Texts{"Total #2595:", "Total Ana Roy:", "Total Ben Cole:"}));
     EXPECT_EQ(result.texts("txtSalePriceSlmTot"), (Texts{"$16.00", "$381.68", "-$20.00"}));
@@ -250,10 +247,11 @@ TEST(SalesBySalesPersProfDetail, SetsEachLineAgainstItsCostOfTheDay) {
         EXPECT_EQ(nth(result.links(linked), 5), "INV|2") << linked;
     EXPECT_EQ(result.links("txtName"), (Texts{"INV|6", "INV|1", "INV|2", "INV|3", "INV|4", "INV|5"}));
 
-    for (const auto& [name, documents] : {std::pair{"Ben Cole", Texts{"N1", "G1", "Z1"}},
-                                          {"BLANK SALESPERSON NAME", Texts{"N2"}}})
-        EXPECT_EQ(runBoth(ask("SalesBySalesPersProfDetail", company.path(), {{"SalesPerson", name}})).texts("txtInvoiId"),
-                  documents);
+    for (const auto& [name, documents] :
+         {std::pair{"Ben Cole", Texts{"N1", "G1", "Z1"}}, {"BLANK SALESPERSON NAME", Texts{"N2"}}})
+        EXPECT_EQ(
+            runBoth(ask("SalesBySalesPersProfDetail", company.path(), {{"SalesPerson", name}})).texts("txtInvoiId"),
+            documents);
 }
 
 TEST(SalesBySalesPersProfSummary, GivesALineASalespersonWithItsLink) {
@@ -291,13 +289,14 @@ TEST(SalesBySalesPersProf, AnItemThatIsGoneShowsABoxAndCostsNothing) {
 
 // Two documents of a day that the user's order does not tell apart keep their lines together.
 TEST(SalesBySalesPersProfDetail, KeepsTheLinesOfADocumentTogetherUnderAnyOrder) {
-    const TestCompany company(sold + ";UPDATE InvoiHdr SET InvoiDate = '2024-03-01' WHERE InInvoiId = 2;"
-                                     "INSERT INTO InvoiDet (InInvoiDetId, ExInvoiId, Descr) VALUES (11, 1, 'Last')");
+    const TestCompany company(sold +
+                              ";UPDATE InvoiHdr SET InvoiDate = '2024-03-01' WHERE InInvoiId = 2;"
+                              "INSERT INTO InvoiDet (InInvoiDetId, ExInvoiId, Descr) VALUES (11, 1, 'Last')");
     auto run = ask("SalesBySalesPersProfDetail", company.path());
     run.order = "Cust.Name";
     const auto result = runBoth(run);
-    EXPECT_EQ(result.texts("TotDate"), (Texts{"#2710 N2:", "#2710 A1:", "#2710 A2:", "#2710 N1:", "#2710 G1:",
-                                              "#2710 Z1:"}));
+    EXPECT_EQ(result.texts("TotDate"),
+              (Texts{"#2710 N2:", "#2710 A1:", "#2710 A2:", "#2710 N1:", "#2710 G1:", "#2710 Z1:"}));
 }
 
 struct Told final : ComparableReportGen {
@@ -407,8 +406,8 @@ std::size_t follow(const ReportRun& run, const char* figure, const char* total) 
 
 TEST(SalesBySalesPerson, EachLinkLeadsToItsFigure) {
     const DemoFile company;
-    ReportRun run{.member = "SalesBySalesPersonSummary", .company = company.path(), .from = "2025-03-01",
-                  .to = "2025-04-30"};
+    ReportRun run{
+        .member = "SalesBySalesPersonSummary", .company = company.path(), .from = "2025-03-01", .to = "2025-04-30"};
     for (const char* face : {"False", "True"}) {
         run.properties = {{"IsCommissionVariances", face}};
         run.foreign = false;
@@ -429,8 +428,11 @@ TEST(SalesBySalesPerson, EachLinkLeadsToItsFigure) {
 TEST(SalesBySalesPersProf, TheSummaryEqualsTheGroupsOfTheDetail) {
     const DemoFile company;
     for (const int dialect : {0, 1}) {
-        ReportRun run{.member = "SalesBySalesPersProfSummary", .company = company.path(), .from = "2024-01-01",
-                      .to = "2024-12-31", .dialect = dialect};
+        ReportRun run{.member = "SalesBySalesPersProfSummary",
+                      .company = company.path(),
+                      .from = "2024-01-01",
+                      .to = "2024-12-31",
+                      .dialect = dialect};
         const auto summary = runReport(run);
         run.member = "SalesBySalesPersProfDetail";
         const auto detail = runReport(run);
