@@ -254,6 +254,18 @@ TEST(SalesBySalesPersProfDetail, SetsEachLineAgainstItsCostOfTheDay) {
             documents);
 }
 
+TEST(SalesBySalesPersProfDetail, ReadsItsOwnPercentsInEveryLocale) {
+    const TestCompany company(sold);
+    for (const char* locale : {"fr_CA", "de_CH", "en_IN", "fr_FR", "sv_SE"}) {
+        auto run = ask("SalesBySalesPersProfDetail", company.path());
+        run.locale = locale;
+        const auto result = runReport(run);
+        EXPECT_EQ(result.boxes, Texts{}) << locale;
+        EXPECT_NE(nth(result.texts("txtProfitPercSlmTot"), 2).find("190"), std::string::npos) << locale;
+        EXPECT_FALSE(nth(result.texts("txtProfitPercSlmTot"), 2).starts_with("1")) << locale;
+    }
+}
+
 TEST(SalesBySalesPersProfSummary, GivesALineASalespersonWithItsLink) {
     const TestCompany company(sold);
     const auto result = runBoth(ask("SalesBySalesPersProfSummary", company.path()));
