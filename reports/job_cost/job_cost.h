@@ -39,12 +39,12 @@ class JobCostReport : public ComparableReport<SegmentReport> {
 protected:
     struct Kind {
         int titleId;
-        std::string_view tables;               // over which the user may filter
-        std::string_view postings;             // the query up to its conditions
+        std::string_view tables;          // over which the user may filter
+        std::string_view postings;        // the query up to its conditions
         std::vector<std::string> groups;  // columns that lead the user's order
-        std::string_view order;                // its own order
-        std::string_view forward;              // the query of a balance brought forward, up to the segments
-        std::string_view projectHeader;        // name of the section
+        std::string_view order;           // its own order
+        std::string_view forward;         // the query of a balance brought forward, up to the segments
+        std::string_view projectHeader;   // name of the section
     };
     JobCostReport(std::string name, HostContext& context, const Kind& kind);
 
