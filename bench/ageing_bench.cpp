@@ -25,7 +25,8 @@ void addReceivables(const std::string& path, int customers) {
         "BEGIN; WITH RECURSIVE Made(N) AS (SELECT 1 UNION ALL SELECT N + 1 FROM Made WHERE N < " + count +
         ") INSERT INTO Cust (InCustId, CustId, Name, Contact, Tel1, ExCurrencyId) SELECT 1000000 + N, 'B' || N,"
         " 'Customer ' || N || ' and Partners', 'Al', '555-0100', 1 FROM Made;"
-        "WITH RECURSIVE Made(N) AS (SELECT 0 UNION ALL SELECT N + 1 FROM Made WHERE N + 1 < 5 * " + count +
+        "WITH RECURSIVE Made(N) AS (SELECT 0 UNION ALL SELECT N + 1 FROM Made WHERE N + 1 < 5 * " +
+        count +
         ") INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, ExCustId, ExCurrencyId, ExchangeRate,"
         " TotAmnt) SELECT 10000000 + N, 'Z' || N, 1, date('2025-06-01', '+' || (N % 200) || ' days'),"
         " 1000001 + N / 5, 1, 1, 100 + N % 90000 + 0.25 FROM Made;"
@@ -113,8 +114,8 @@ void makeCompany(const std::string& path, int customers) {
 void printAgeing(const std::string& company) {
     std::ostringstream out, err;
     const app::Console console{out, err};
-    if (app::runProgram({"run", "CustAgingDetail", "--company", company, "--to", closing, "--session-date", closing, "-o",
-                         company + ".pdf"},
+    if (app::runProgram({"run", "CustAgingDetail", "--company", company, "--to", closing, "--session-date", closing,
+                         "-o", company + ".pdf"},
                         console) != 0)
         throw std::runtime_error(err.str());
 }
@@ -127,14 +128,16 @@ void ageingBench(int rounds) {
     makeCompany(path, customers);
     makeCompany(small, customers / 10);
     long listed = 0;
-    const Pair whole = measure(rounds, [&] { printAgeing(path); }, [&] { listed = stepList(path); });
+    const Pair whole = measure(
+        rounds, [&] { printAgeing(path); }, [&] { listed = stepList(path); });
     std::size_t kept = 0;
     const RowSet rows = heldList(path);
     const Pair glyphs = measure(
         rounds, [&] { kept += AgeingFloor(rows).deflated(); }, [&] { kept += AgeingFloor(rows).deflated(); });
     const double ratio = (whole.work - whole.floor) / glyphs.work;
     std::printf(
-        "(6) CustAgingDetail, %d customers more with five open documents each, %ld rows, to PDF: %.3f s; its list alone "
+        "(6) CustAgingDetail, %d customers more with five open documents each, %ld rows, to PDF: %.3f s; its list "
+        "alone "
         "%.3f s; bare loop to deflated content %.3f s; what is above the list by the bare loop %.2f (aim %.0f) %s\n",
         customers, listed, whole.work, whole.floor, glyphs.work, ratio, aim, ratio <= aim ? "met" : "MISSED");
     const long few = peakMemory({"--ageing", small}), many = peakMemory({"--ageing", path});

@@ -14,6 +14,7 @@
 #include "bench/distribution_bench.h"
 #include "bench/measure.h"
 #include "bench/report_bench.h"
+#include "bench/statistics_bench.h"
 #include "framework/engine/engine.h"
 #include "host/database/sqlite_database.h"
 #include "host/database/sqlite_handle.h"
@@ -279,6 +280,7 @@ int main(int count, char** values) {
         engineBenches(rounds);
         reportBenches(rounds);
         ageingBench(rounds);
+        statisticsBenches();
         return 0;
     } catch (const std::exception& failure) {
         std::cerr << "bench: " << failure.what() << '\n';

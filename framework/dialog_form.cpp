@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "framework/values/errors.h"
 #include "framework/values/names.h"
 
 namespace quillo {
@@ -14,7 +13,7 @@ bool isShown(const FormControl& control, std::string_view name) {
 
 void requireEnabled(const FormControl& control) {
     if (!control.Enabled)
-        throw InputError(control.Name + " cannot be clicked: what is chosen in the form so far disables it");
+        throw DisabledError(control.Name + " cannot be clicked: what is chosen in the form so far disables it");
 }
 
 std::optional<bool> booleanOf(std::string_view text) {

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "framework/values/errors.h"
+
 // What a form holds that a dialog service shows: captions, states and the layout that the form's rules give, in
 // twips from the form's inner corner. No widget belongs to it; a host draws it, or plays the user without drawing.
 namespace quillo {
@@ -53,6 +55,11 @@ private:
     std::optional<std::size_t> chosen_;
 };
 
+// What a user cannot do with the form as it stands: another choice may enable it.
+struct DisabledError : InputError {
+    using InputError::InputError;
+};
+
 namespace CloseMode {
 inline constexpr int windowBox = 0;  // the window's own close box
 }
@@ -62,6 +69,7 @@ class DialogForm {
 public:
     virtual ~DialogForm() = default;
     std::string Caption;
+    std::string FontName;                         // empty: the host's own
     float ScaleWidth = 4500, ScaleHeight = 2640;  // inner size
     float Height = 3000;                          // outer height
     CommandButton cmdOk{"cmdOk"};
@@ -78,7 +86,7 @@ public:
     bool visible() const { return visible_; }
 
     // A user's click: turns a check box over, chooses an option, presses a button; then the form's rule for it runs.
-    // Throws NameError when the form shows no such control, InputError when it is not enabled.
+    // Throws NameError when the form shows no such control, DisabledError when it is not enabled.
     void click(std::string_view name);
     // The clicks after which a check box holds "true" or "false", or an option group the value of one of its options
     // ("2"); none when it does so already. Throws NameError and InputError, for a value that does not fit too.

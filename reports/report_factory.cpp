@@ -42,6 +42,7 @@
 #include "reports/salespersons/dsrSalesBySalesPersonDetail.h"
 #include "reports/salespersons/dsrSalesBySalesPersonGraph.h"
 #include "reports/salespersons/dsrSalesBySalesPersonSummary.h"
+#include "reports/statistics/dsrSalesStatistic.h"
 
 namespace quillo {
 
@@ -91,7 +92,7 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     WRITTEN(CustCustomFieldList, dsrCustCustomFieldList)                                              \
     TO_COME(InvStatByCust, dsrInvStatByCust)                                                          \
     TO_COME(InvStatByItem, dsrInvStatByItem)                                                          \
-    TO_COME(SalesStatistic, dsrSalesStatistic)                                                        \
+    WRITTEN(SalesStatistic, dsrSalesStatistic)                                                        \
     WRITTEN(CustAgingDetail, dsrCustAgingDetail)                                                      \
     WRITTEN(CustAgingSummary, dsrCustAgingSummary)                                                    \
     WRITTEN(CustAgingGraphic, dsrCustAgingGraphic)                                                    \

@@ -7,9 +7,9 @@ namespace quillo {
 struct ChartAxis {
     double low = 0, high = 1, step = 1;
 
-    int ticks() const;               // how many there are, both ends among them
-    double tick(int index) const;    // exactly 0 where it is 0
-    int decimals() const;            // that a tick needs to be written
+    int ticks() const;             // how many there are, both ends among them
+    double tick(int index) const;  // exactly 0 where it is 0
+    int decimals() const;          // that a tick needs to be written
     double share(double value) const { return (value - low) / (high - low); }  // 0 at the low end, 1 at the high one
 };
 

@@ -299,8 +299,8 @@ private:
     }
 
     void addSlice(Color color, Spot middle, float radius, double start, double share) {
-        PlacedControl& slice =
-            add("Slice", ControlKind::sector, {middle.x - radius, middle.y - radius, middle.x + radius, middle.y + radius});
+        PlacedControl& slice = add("Slice", ControlKind::sector,
+                                   {middle.x - radius, middle.y - radius, middle.x + radius, middle.y + radius});
         slice.fill = color;
         slice.startAngle = static_cast<float>(start);
         slice.sweep = static_cast<float>(share * 360);

@@ -18,8 +18,8 @@ struct ChartPlace {
 };
 
 // Lays out a chart as the one section of a sub-report, of plain items: "Title", "Key" and "Name" of its legend; of bars
-// "Grid", "Tick", "Bar", "Value" and "Label"; of a pie "Slice", "Edge" and "Share". Values that are no number count 0, a
-// pie leaves out those that are not above 0. What the room has no place for is left out.
+// "Grid", "Tick", "Bar", "Value" and "Label"; of a pie "Slice", "Edge" and "Share". Values that are no number count 0,
+// a pie leaves out those that are not above 0. What the room has no place for is left out.
 std::span<const PlacedSection> layOutChart(const ChartData& chart, const ChartPlace& place);
 
 // The colour of a series of bars, of a slice: its own, else the palette's.

@@ -220,6 +220,19 @@ public:
     virtual Money ItemCost(int itemId, Date day, int argumentA, int argumentB, bool flag) = 0;
 };
 
+// Keeps the running costs and counts of the stock's movements. The stock is up to date while no movement lacks them.
+class InventoryUpdateAgent {
+public:
+    virtual ~InventoryUpdateAgent() = default;
+    // Reckons what movements lack and writes it into the company: what they have stays. False when the company cannot
+    // be written now, because its file is protected or another program holds it; nothing has changed then. Writes
+    // nothing when nothing is lacking. The arguments are the host's.
+    virtual bool Update(int argumentA, bool argumentB) = 0;
+    virtual bool IsUpToDate() = 0;
+    // The last day up to which the running costs are right.
+    virtual Date LastUpdateDate() = 0;
+};
+
 // The parameters of the tills (section 3 of the cashier's parameters).
 class CashierParameters {
 public:
@@ -299,6 +312,8 @@ public:
     // Loaded anew, for one report.
     virtual std::unique_ptr<CashierParameters> newCashierParameters() = 0;
     virtual PaymentSchedule& paymentSchedule() = 0;
+    // Made anew, for one report.
+    virtual std::unique_ptr<InventoryUpdateAgent> newInventoryUpdateAgent() = 0;
 };
 
 // --- print services ----------------------------------------------------------------------------

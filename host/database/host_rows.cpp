@@ -100,8 +100,7 @@ bool HostRows::hasRows() const {
 
 void HostRows::setFilter(std::string_view condition) {
     auto base = !filter_ && atStart_ && rows_ ? std::move(rows_) : open_();
-    const auto filter =
-        trimmed(condition).empty() ? nullptr : std::make_shared<const RowFilter>(condition, *base);
+    const auto filter = trimmed(condition).empty() ? nullptr : std::make_shared<const RowFilter>(condition, *base);
     rows_ = filter ? std::make_shared<FilteredRecordset>(std::move(base), filter) : std::move(base);
     filter_ = filter;
     atStart_ = true;

@@ -691,6 +691,8 @@ CREATE INDEX GLDetByProj ON GLDet (ExProjId, DetDate) WHERE ExProjId <> 0;
 CREATE INDEX InvenDetByItem ON InvenDet (ExItemId, DetDate, InTrxId);
 CREATE INDEX InvenDetByPlace ON InvenDet (ExItemId, ExWarehouseId, DetDate);
 CREATE INDEX InvenDetByDate ON InvenDet (DetDate);
+CREATE INDEX InvenDetToUpdate ON InvenDet (DetDate)
+  WHERE RunningQty IS NULL OR RunningAvgCost IS NULL OR RunningLastCost IS NULL;
 CREATE INDEX AssemblyHdrByDate ON AssemblyHdr (AssemblyDate);
 CREATE INDEX AssemblyDetByAssembly ON AssemblyDet (ExId, ExItemId);
 CREATE INDEX AssemblyDetByItem ON AssemblyDet (ExItemId, ExId);

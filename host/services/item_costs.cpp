@@ -3,22 +3,9 @@
 #include <algorithm>
 
 #include "framework/values/errors.h"
-#include "framework/values/names.h"
-#include "host/services/running_cost.h"
+#include "host/services/stock_movements.h"
 
 namespace quillo {
-namespace {
-
-std::optional<Money> money(const sqlite::Statement& row, int column) {
-    if (row.isNull(column)) return std::nullopt;
-    return Money::fromDouble(row.real(column));
-}
-
-bool isBought(std::string_view source) {
-    return equalNames(source, "PUR") || equalNames(source, "ASB");
-}
-
-}  // namespace
 
 void SqliteItemCosts::setCached(bool cached) {
     cached_ = cached;
@@ -80,23 +67,13 @@ void SqliteItemCosts::readItems() {
 // Most movements leave the cost as it was, so that few make a step; goods that leave before any came make none.
 void SqliteItemCosts::readMovements() {
     const bool byAverage = company_.GetParameter("CostCalculMeth", "0") == "0";
-    sqlite::Statement rows(database_,
-                           "SELECT ExItemId, DetDate, Qty, CostAmnt, RunningAvgCost, RunningLastCost, Source "
-                           "FROM InvenDet WHERE DetDate IS NOT NULL ORDER BY ExItemId, DetDate, InTrxId");
-    Item* item = nullptr;
-    RunningCost running;
-    while (rows.step()) {
-        if (Item* const next = find(rows.integer(0)); next != item) {
-            item = next;
-            running = RunningCost();
-        }
+    StockMovements movements(database_);
+    while (movements.next()) {
+        Item* const item = find(movements.itemId());
         if (item == nullptr) continue;
-        running.move({Money::fromDouble(rows.real(2)), money(rows, 3), isBought(rows.text(6))});
-        if (const auto average = money(rows, 4)) running.setAverage(*average);
-        if (const auto last = money(rows, 5)) running.setLast(*last);
-        const Money cost = byAverage ? running.average() : running.last();
+        const Money cost = byAverage ? movements.average() : movements.last();
         const Money before = item->moved.empty() ? Money() : item->moved.back().cost;
-        if (cost != before) item->moved.push_back({Date::parseIso(rows.text(1)).value_or(noDate), cost});
+        if (cost != before) item->moved.push_back({movements.day(), cost});
     }
 }
 

@@ -9,8 +9,9 @@
 
 namespace quillo {
 
-// The dialog of a host without windows: it sets the options that the user named beforehand, in their order, and
-// clicks OK. What the form does not take is kept as a refusal.
+// The dialog of a host without windows: it sets the options that the user named beforehand and clicks OK. One that
+// another one enables waits for it, so that their order does not matter; what stays disabled counts for nothing. What
+// the form does not take is kept as a refusal.
 class OptionSetter final : public DialogService {
 public:
     using NamedValues = std::vector<std::pair<std::string, std::string>>;
@@ -19,6 +20,9 @@ public:
     const std::string& refusal() const { return refusal_; }
 
 private:
+    // Gives those that the form keeps disabled.
+    static NamedValues setSome(DialogForm& form, const NamedValues& options);
+
     const NamedValues& options_;
     std::string refusal_;
 };

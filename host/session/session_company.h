@@ -15,6 +15,7 @@
 #include "host/services/daily_rates.h"
 #include "host/services/dictionary.h"
 #include "host/services/fiscal_calendar.h"
+#include "host/services/inventory_update.h"
 #include "host/services/invoices.h"
 #include "host/services/item_costs.h"
 #include "host/services/payment_schedule.h"
@@ -52,6 +53,9 @@ public:
         return std::make_unique<SqliteCashierParameters>(file_.handle(), currencies_);
     }
     PaymentSchedule& paymentSchedule() override { return paymentSchedule_; }
+    std::unique_ptr<InventoryUpdateAgent> newInventoryUpdateAgent() override {
+        return std::make_unique<SqliteInventoryUpdate>(file_, *this);
+    }
 
     CompanyCurrencies& currencies() { return currencies_; }
     GeneralLedgerQueries& generalLedger() { return generalLedger_; }

@@ -89,8 +89,8 @@ void dsrCustAgingGraphic::Detail_Format() {
 }
 
 std::string dsrCustAgingGraphic::periodName(std::size_t column) const {
-    const std::string caption = column + 1 < ageColumns ? m_periods.caption(column)
-                                                        : std::to_string(m_periods.Period3 + 1) + " +";
+    const std::string caption =
+        column + 1 < ageColumns ? m_periods.caption(column) : std::to_string(m_periods.Period3 + 1) + " +";
     return GetText(periodText) + ": " + caption;
 }
 

@@ -52,8 +52,7 @@ SalesComparison::Difference SalesComparison::rowDifference(Money lastYear, Money
 }
 
 SalesComparison::Difference SalesComparison::totalDifference() const {
-    const double percent =
-        m_curLastYearTotal > Money() ? share(m_curLastYearTotal, m_curCurrentYearTotal) : 0;
+    const double percent = m_curLastYearTotal > Money() ? share(m_curLastYearTotal, m_curCurrentYearTotal) : 0;
     return difference(m_curLastYearTotal, m_curCurrentYearTotal, locale().number(percent, 2));
 }
 

@@ -23,7 +23,6 @@ Money GetARAdjustments(HostContext& context, Date DateTo, const std::string& Seg
         line = __LINE__ + 1;
         const std::string accounts = listOf(ByCurrency ? company.accountGroups().Accounts("CustGLAR", CurrencyId)
                                                        : company.accountGroups().Accounts("CustGLAR"));
-        if (accounts.empty()) return {};  // a list without accounts is no SQL
         SqlText = "SELECT SUM(" + std::string(inHomeCurrency ? "DetAmnt" : "ForeignAmnt") +
                   ") As Total FROM GLDet WHERE "
                   "ExAcctId IN(" +

@@ -187,8 +187,7 @@ TEST(Chart, NeighboursInThePaletteDifferInGreyAndToColourBlindReaders) {
     const auto yellowOrBlue = [](Color c) { return (c.red + c.green) / 2.0 - c.blue; };
     for (std::size_t i = 0; i < chartPalette.size(); ++i) {
         const Color one = chartPalette[i], next = chartColor(i + 1);
-        const double difference =
-            std::hypot(grey(one) - grey(next), (yellowOrBlue(one) - yellowOrBlue(next)) / 2);
+        const double difference = std::hypot(grey(one) - grey(next), (yellowOrBlue(one) - yellowOrBlue(next)) / 2);
         EXPECT_GT(std::fabs(grey(one) - grey(next)), 25) << i;
         EXPECT_GT(difference, 60) << i;
         for (std::size_t k = i + 1; k < chartPalette.size(); ++k) EXPECT_NE(one, chartPalette[k]);

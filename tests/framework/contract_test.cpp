@@ -60,6 +60,7 @@ constexpr Row rows[] = {
     {"JobCustByCust", 1, "#6313", false, "FSX"},
     {"JobCustBySupp", 1, "#6123", false, "FSX"},
     {"JobCustByEmpl", 1, "#6124", false, "FSX"},
+    {"SalesStatistic", 1, "#6309", false, "FCS"},
 };
 
 std::string interfacesOf(Report* report) {

@@ -203,3 +203,24 @@ INSERT INTO InvoiDet (InInvoiDetId, ExInvoiId, ExItemId, Descr, Qty, BaseRowTota
   (802, 101, 802, 'Cutting', 1, 15, 1, NULL), (803, 102, 803, 'Set of planks', 1, 40, 0, NULL),
   (804, 102, 801, 'Planks', 2, NULL, 0, 803), (805, 102, NULL, 'With compliments', NULL, 0, NULL, NULL),
   (806, 103, 801, 'Planks', 1, 20, 0, NULL), (807, 104, 801, 'Planks', 10, 100, 0, NULL);
+
+-- Goods that sold this January and the one before: fractions of units, a kit and its parts, a credit note, one that is no
+-- longer sold, one given away, one without any movement; of three warehouses one is closed.
+INSERT INTO Category VALUES (1, 'Hardware');
+INSERT INTO Category_Sub VALUES (1, 1, 'Fittings');
+INSERT INTO Warehouse VALUES (1, 'M', 'Main', 0), (2, 'Q', 'Quebec City', NULL), (3, 'X', 'Closed', 1);
+INSERT INTO Item (InItemId, ItemId, Descr1, IsKit, ExCategoryId, ExSubCategoryId) VALUES
+  (1, 'HNG-2', 'Hinge of brass with a name that is long enough to wrap', 0, 1, 1), (2, 'KIT-1', 'Hinges and screws', 1, 1, NULL),
+  (3, 'OLD-9', 'Lantern', 0, NULL, NULL), (4, 'FREE', 'Given away', 0, NULL, NULL), (5, 'LOST', 'Never counted', 0, NULL, NULL);
+INSERT INTO ItemComponent VALUES (2, 1, 2);
+INSERT INTO InvenDet VALUES
+  (1, 1, '2022-12-01', 'PUR', NULL, 100, 250, 100, 2.5, 2.5, 1, 1), (2, 1, '2023-06-01', 'PUR', NULL, 50, 150, 50, 3, 3.25, 2, 2),
+  (3, 3, '2022-12-01', 'PUR', NULL, 5, 100, 5, 20, 20, 1, NULL), (4, 4, '2022-12-01', 'PUR', NULL, 5, 5, 5, 1, 1, 1, 1),
+  (5, 1, '2024-01-20', 'PUR', NULL, 10, 40, 110, 3.125, 4, 1, 2), (6, 1, '2024-02-10', 'PUR', NULL, 10, 90, 120, 9, 9, 1, 1);
+INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, ExCustId, ExCurrencyId, ExchangeRate, TotAmnt, RecAmnt) VALUES
+  (121, 'Y1', 2, '2023-01-12', 10, 1, 1, 295, 295), (122, 'Y2', 3, '2023-01-20', 10, 1, 1, 0, 0);
+INSERT INTO InvoiDet (InInvoiDetId, ExInvoiId, ExItemId, Qty, QtyScrap, BaseRowTotal, IsKit, ExKitInvoiDetId, ExWarehouseId) VALUES
+  (121, 121, 1, 12, NULL, 95, 0, NULL, 1), (122, 121, 3, 4, NULL, 200, 0, NULL, 1), (123, 122, 1, 2, 1, 8, 0, NULL, 1),
+  (124, 101, 1, 7.5, NULL, 60, 0, NULL, 1), (125, 101, 2, 2, NULL, 45.5, 1, NULL, 1), (126, 101, 1, 4, NULL, 0, 0, 125, 1),
+  (127, 104, 1, 5, NULL, 100, 0, NULL, 2), (128, 103, 1, 2, NULL, 20, 0, NULL, 1), (129, 102, 4, 1, NULL, 0, 0, NULL, 1),
+  (130, 102, 5, 1, NULL, 40, 0, NULL, 1);

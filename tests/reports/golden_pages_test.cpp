@@ -24,6 +24,13 @@ void reevaluate(ReportRun& run) {
     run.rates = {{"USD", "1.4"}, {"EUR", "1.5"}};
 }
 
+// The same company, as one that keeps its stock by warehouse.
+void useWarehouses(ReportRun& run) {
+    static const TestCompany company(fileText(goldenFolder() + "company.sql") +
+                                     "UPDATE CompanyFact SET Value = '1' WHERE Name = 'DefaultWarehouseId'");
+    run.company = company.path();
+}
+
 constexpr OwnRun ownRuns[] = {
     {"CashReceiptsSummary", "-payments", [](ReportRun& run) { run.properties["IsWithPayments"] = "True"; }},
     {"CashReceiptsSummary", "-payments-foreign",
@@ -55,6 +62,11 @@ constexpr OwnRun ownRuns[] = {
      [](ReportRun& run) { run.properties["IsCommissionVariances"] = "True"; }},
     {"SalesBySalesPersonSummary", "-variances-foreign",
      [](ReportRun& run) { run.properties["IsCommissionVariances"] = "True", run.foreign = true; }},
+    {"SalesStatistic", "-hidden",
+     [](ReportRun& run) {
+         run.options = {{"chkLastYear", true}, {"SortOption", "2"}, {"SortType", "3"}};
+     }},
+    {"SalesStatistic", "-warehouses", useWarehouses},
     {"OpenOrders", "-quotes", [](ReportRun& run) { run.properties["InvoiceType"] = "50"; }},
 };
 

@@ -241,7 +241,8 @@ TEST(AgeingGraph, ShowsTheAgesAndTheLargestCustomersOfEach) {
 TEST(AgeingGraph, WithoutAnythingOwedSaysSoOnEachPage) {
     const TestCompany company(
         "INSERT INTO Cust (InCustId, Name, ExCurrencyId) VALUES (10, 'Ash', 1);"
-        "INSERT INTO InvoiHdr (InInvoiId, InvoiType, InvoiDate, ExCustId, TotAmnt) VALUES (1, 3, '2024-06-25', 10, -4);");
+        "INSERT INTO InvoiHdr (InInvoiId, InvoiType, InvoiDate, ExCustId, TotAmnt) VALUES (1, 3, '2024-06-25', 10, "
+        "-4);");
     const auto result = runReport(graph(company, "CustAgingGraphic", "2024-06-30"));
     EXPECT_EQ(result.boxes, Texts{});
     EXPECT_EQ(result.pageCount(), 4U);

@@ -19,6 +19,7 @@ namespace {
 using Names = std::set<std::string>;
 
 constexpr float tolerance = 1;  // twip
+constexpr float hair = 5;       // a quarter of a point, by which boxes may meet
 
 bool isText(const PlacedControl& control) {
     return control.info->kind == ControlKind::label || control.info->kind == ControlKind::field;
@@ -102,9 +103,9 @@ bool sees(const Print& print) {
 
 bool overlap(float from, float to, float otherFrom, float otherTo) {
     if (to < from) std::swap(from, to);
-    if (to == from) return otherFrom + tolerance < from && from < otherTo - tolerance;
+    if (to == from) return otherFrom + hair < from && from < otherTo - hair;
     if (otherTo == otherFrom) return overlap(otherFrom, otherTo, from, to);
-    return std::min(to, otherTo) - std::max(from, otherFrom) > tolerance;
+    return std::min(to, otherTo) - std::max(from, otherFrom) > hair;
 }
 
 TEST_P(MemberLayout, OverprintsNothing) {
@@ -167,7 +168,13 @@ const Names labelsOfData = {"fldAdress",
                             "lblTotalName",
                             "txtDateTotal",
                             "txtCurrTotal",
-                            "TotDate"};
+                            "TotDate",
+    // of the sales statistics: captions with a sign behind them, and all figures
+    "lblMargeDolCap", "lblMargeCap", "lblQtyThisYear", "lblSalesThisYear", "lblPriceThisYear", "lblMargeDol1",
+    "lblMarge1", "lblQtyLastYear", "lblSalesLastYear", "lblPriceLastYear", "lblMargeDol2", "lblMarge2",
+    "lblQtyThisYearTot", "lblSalesThisYearTot", "lblTotalPriceCurrent", "lblTotalProfitCurrent",
+    "lblTotalPercentCurrent", "lblQtyLastYearTot", "lblSalesLastYearTot", "lblTotalPriceLast", "lblTotalProfitLast",
+    "lblTotalPercentLast"};
 
 bool isHead(SectionKind kind) {
     return kind == SectionKind::pageHeader || kind == SectionKind::reportHeader;
@@ -266,8 +273,9 @@ bool alignedAs(const Print& field, const Print& caption) {
 }
 
 // A fax behind a caption of its own, a company's own field with its name, and the text of a transaction, which has the
-// rest of its line: they stand in no column.
-const Names outOfColumn = {"txtFax", "fldCaption", "fldValue", "fldDetDescr"};
+// rest of its line: they stand in no column. Units and sales of the statistics stand 75 left of their captions' edge.
+const Names outOfColumn = {"txtFax",         "fldCaption",       "fldValue",       "fldDetDescr",
+                           "lblQtyThisYear", "lblSalesThisYear", "lblQtyLastYear", "lblSalesLastYear"};
 
 bool isFoot(SectionKind kind) {
     return kind == SectionKind::groupFooter || kind == SectionKind::reportFooter;

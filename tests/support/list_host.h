@@ -75,6 +75,7 @@ public:
         return own().AddressText(optionA, optionB, optionC);
     }
     std::unique_ptr<CashierParameters> newCashierParameters() override { return own().newCashierParameters(); }
+    std::unique_ptr<InventoryUpdateAgent> newInventoryUpdateAgent() override { return own().newInventoryUpdateAgent(); }
 
 private:
     Company& own() const { return session_.company(); }

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace quillo::bench {
+
+// The sales statistics of a company with 20,000 items and 500,000 invoice lines, without and with warehouses, on one
+// core: how long its query takes, and the pages behind it.
+void statisticsBenches();
+
+}  // namespace quillo::bench
