@@ -32,6 +32,34 @@ void place(OptionGroup& group, float left, float top) {
 
 }  // namespace
 
+// The texts of the design stand until the form is loaded.
+template <class Visit>
+void FSalesStatsFilter::visitCaptions(const Visit& visit) {
+    visit(Caption, 1711, "");
+    visit(cmdOk.Caption, 1542, "OK");
+    visit(cmdCancel.Caption, 6886, "Cancel");
+    visit(KorvaFrame1.Caption, 9486, "");
+    visit(lblSortType.Caption, 9486, "Types de tri");
+    visit(sortTypes_.Caption, 9486, "Types de tri");
+    visit(sortTypes_.Options[0].Caption, 2733, "Aucun");
+    visit(sortTypes_.Options[1].Caption, 9488, "Montant des ventes");
+    visit(sortTypes_.Options[2].Caption, 9489, "Quantités vendues");
+    visit(sortTypes_.Options[3].Caption, 9490, "Montant de profits");
+    visit(sortTypes_.Options[4].Caption, 9491, "Pourcentage de profits");
+    visit(lblSortValue.Caption, 9487, "Méthodes de tri");
+    visit(sortOptions_.Caption, 9487, "Méthodes de tri");
+    visit(sortOptions_.Options[0].Caption, 2733, "Aucun");
+    visit(sortOptions_.Options[1].Caption, 4335, "Ascendant");
+    visit(sortOptions_.Options[2].Caption, 4336, "Descendant");
+    visit(KorvaFrame2.Caption, 4149, "");
+    visit(filterTypes_.Caption, 4149, "");
+    visit(filterTypes_.Options[0].Caption, 2733, "Aucun");
+    visit(filterTypes_.Options[1].Caption, 9492, "Seulement les factures");
+    visit(filterTypes_.Options[2].Caption, 9493, "Seulement les notes de crédit");
+    visit(filterTypes_.Options[3].Caption, 9494, "Seulement les factures et les notes de crédit");
+    visit(chkLastYear.Caption, 9495, "Cacher les statistiques de l'année précédente");
+}
+
 FSalesStatsFilter::FSalesStatsFilter(HostContext& context)
     : context_(context),
       sortTypes_(groupOf("SortType", {"optNoSort", "optSaleAmount", "optSaleUnits", "optProfit", "optPercentage"})),
@@ -43,6 +71,7 @@ FSalesStatsFilter::FSalesStatsFilter(HostContext& context)
     KorvaFrame1.Name = "KorvaFrame1";
     KorvaFrame2.Name = "KorvaFrame2";
     chkLastYear.Name = "chkLastYear";
+    visitCaptions([](std::string& caption, int, const char* design) { caption = design; });
     layOut();
 }
 
@@ -68,31 +97,12 @@ void FSalesStatsFilter::layOut() {
     place(cmdCancel, ScaleWidth - 90 - cmdCancel.Width, 4410);
 }
 
-void FSalesStatsFilter::setCaptions() {
-    const auto caption = [this](std::string& target, int id) { STEP_OF(Form_Load, target = context_.GetText(id)); };
-    const auto captions = [&](OptionGroup& group, const std::vector<int>& ids) {
-        for (std::size_t i = 0; i < ids.size(); ++i) caption(group.Options[i].Caption, ids[i]);
-    };
-    caption(Caption, 1711);
-    caption(cmdOk.Caption, 1542);
-    caption(cmdCancel.Caption, 6886);
-    caption(KorvaFrame1.Caption, 9486);
-    caption(lblSortType.Caption, 9486);
-    caption(sortTypes_.Caption, 9486);
-    caption(lblSortValue.Caption, 9487);
-    caption(sortOptions_.Caption, 9487);
-    caption(KorvaFrame2.Caption, 4149);
-    caption(filterTypes_.Caption, 4149);
-    captions(sortTypes_, {2733, 9488, 9489, 9490, 9491});
-    captions(sortOptions_, {2733, 4335, 4336});
-    captions(filterTypes_, {2733, 9492, 9493, 9494});
-    caption(chkLastYear.Caption, 9495);
-}
-
+// The measure comes behind the direction, which it takes back where there is none.
 void FSalesStatsFilter::Form_Load() {
-    setCaptions();
-    choose(sortTypes_, SortType);
+    visitCaptions(
+        [this](std::string& caption, int id, const char*) { STEP_OF(Form_Load, caption = context_.GetText(id)); });
     choose(sortOptions_, SortOption);
+    choose(sortTypes_, SortType);
     choose(filterTypes_, FilterType);
     chkLastYear.Value = HideLastYearInfo;
 }

@@ -33,7 +33,9 @@ protected:
     void clicked(const FormControl& control) override;
 
 private:
-    void setCaptions();
+    // Calls visit(caption, id of its text, text of the design) for each caption.
+    template <class Visit>
+    void visitCaptions(const Visit& visit);
     void layOut();
     void enableDirections(bool enabled);
     void cmdOk_Click();

@@ -102,7 +102,7 @@ void dsrSalesStatistic::addItemHeading() {
 void dsrSalesStatistic::addWarehouseHeading() {
     m_objWarehouseHeaderSection->DataField = "InWarehouseId";
     m_objWarehouseHeaderSection->GrpKeepTogether = GroupKeep::firstDetail;
-    Label& caption = place<Label>(*m_objWarehouseHeaderSection, "LabelWarehouseNameGH", {1000, 0, 1380, 240}, boldLeft);
+    Label& caption = place<Label>(*m_objWarehouseHeaderSection, "LabelWarehouseNameGH", {1000, 0, 1620, 240}, boldLeft);
     STEP_OF(IReport_Initialize, caption.Caption = GetText(4606) + " : ");
     place<Field>(*m_objWarehouseHeaderSection, "WarehouseNameGH", {caption.Width + 500, 0, 10000, 240}, boldLeft)
         .DataField = "=WarehouseId & \" - \" & Name";
@@ -190,11 +190,12 @@ void dsrSalesStatistic::checkInventory() {
         STEP_OF(ActiveReport_ReportStart, m_dtInventoryDate = m_objInventoryUpdate->LastUpdateDate());
 }
 
-// Code and description take the room of both lines, so that a description of two lines moves nothing.
+// Code and description take the room of both lines, so that a description of two lines moves nothing; one of more lines
+// leaves some room below it.
 void dsrSalesStatistic::setDetailHeight() {
     Section& detail = section("Detail");
     detail.Height = thisYear_[share]->Height + (wish_.HideLastYearInfo ? 0 : lastYear_[share]->Height);
-    fldItem.Height = fldDescr.Height = detail.Height;
+    fldItem.Height = fldDescr.Height = detail.Height - 30;
 }
 
 // The shares of profit keep what their design says: each row writes them, and a report without rows prints none.

@@ -218,7 +218,7 @@ INSERT INTO InvenDet VALUES
   (3, 3, '2022-12-01', 'PUR', NULL, 5, 100, 5, 20, 20, 1, NULL), (4, 4, '2022-12-01', 'PUR', NULL, 5, 5, 5, 1, 1, 1, 1),
   (5, 1, '2024-01-20', 'PUR', NULL, 10, 40, 110, 3.125, 4, 1, 2), (6, 1, '2024-02-10', 'PUR', NULL, 10, 90, 120, 9, 9, 1, 1);
 INSERT INTO InvoiHdr (InInvoiId, InvoiId, InvoiType, InvoiDate, ExCustId, ExCurrencyId, ExchangeRate, TotAmnt, RecAmnt) VALUES
-  (121, 'Y1', 2, '2023-01-12', 10, 1, 1, 295, 295), (122, 'Y2', 3, '2023-01-20', 10, 1, 1, 0, 0);
+  (121, 'Y1', 2, '2023-01-12', NULL, 1, 1, 295, 295), (122, 'Y2', 3, '2023-01-20', NULL, 1, 1, 0, 0);
 INSERT INTO InvoiDet (InInvoiDetId, ExInvoiId, ExItemId, Qty, QtyScrap, BaseRowTotal, IsKit, ExKitInvoiDetId, ExWarehouseId) VALUES
   (121, 121, 1, 12, NULL, 95, 0, NULL, 1), (122, 121, 3, 4, NULL, 200, 0, NULL, 1), (123, 122, 1, 2, 1, 8, 0, NULL, 1),
   (124, 101, 1, 7.5, NULL, 60, 0, NULL, 1), (125, 101, 2, 2, NULL, 45.5, 1, NULL, 1), (126, 101, 1, 4, NULL, 0, 0, 125, 1),
