@@ -191,11 +191,12 @@ void dsrSalesStatistic::checkInventory() {
 }
 
 // Code and description take the room of both lines, so that a description of two lines moves nothing; one of more lines
-// leaves some room below it.
+// pushes some room down below it.
 void dsrSalesStatistic::setDetailHeight() {
     Section& detail = section("Detail");
     detail.Height = thisYear_[share]->Height + (wish_.HideLastYearInfo ? 0 : lastYear_[share]->Height);
     fldItem.Height = fldDescr.Height = detail.Height - 30;
+    label("lblRoom").Top = detail.Height - 15;
 }
 
 // The shares of profit keep what their design says: each row writes them, and a report without rows prints none.
