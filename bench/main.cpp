@@ -276,6 +276,10 @@ int main(int count, char** values) {
             printPeakMemory();
             return 0;
         }
+        if (count == 2 && std::strcmp(values[1], "--statistics") == 0) {
+            statisticsBenches();
+            return 0;
+        }
         const int rounds = count > 1 ? std::atoi(values[1]) : 5;
         engineBenches(rounds);
         reportBenches(rounds);

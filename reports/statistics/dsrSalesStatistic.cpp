@@ -254,8 +254,8 @@ void dsrSalesStatistic::PageHeader_Format() {
     for (Label* control : lastYear_) control->Visible = !wish_.HideLastYearInfo;
     for (const Place column : {cost, profit, share}) thisYearCaps_[column]->Visible = true;
     for (const Place column : {units, sales, cost}) lastYearCaps_[column]->Visible = !wish_.HideLastYearInfo;
-    // Units and sales stand at a fixed height whatever the filter's text needs: meant, forms that are printed
-    // beforehand have their boxes there.
+    // Units and sales stand at a fixed height whatever the filter's text needs: meant, so that a reader finds them in
+    // the same place of each report.
     place(*thisYearCaps_[units], 3402, captionsTop, 1417);
     place(*lastYearCaps_[units], 3402, bottomOf(*thisYearCaps_[units]), 1417);
     place(*thisYearCaps_[sales], 4819, captionsTop, 1559);
@@ -307,6 +307,7 @@ dsrSalesStatistic::Figures dsrSalesStatistic::readFigures(const std::string& per
 }
 
 void dsrSalesStatistic::printFigures(const Figures& figures, const Labels& line) {
+    for (Label* control : line) control->Caption.clear();  // a figure that fails shows none
     STEP_OF(Detail_Format, line[share]->Caption = figures.sales.isZero() ? "--" : shareOf(figures));
     STEP_OF(Detail_Format, line[units]->Caption = locale().plainNumber(Variant(figures.units)));
     STEP_OF(Detail_Format, line[sales]->Caption = locale().currency(figures.sales));
