@@ -356,9 +356,10 @@ struct FilterForm : testing::Test {
 };
 
 TEST_F(FilterForm, GivesNoDirectionWithoutAMeasure) {
-    form.SortType = 0, form.SortOption = 2, form.FilterType = 9;
+    form.SortType = 0, form.SortOption = 2, form.FilterType = 9, form.HideLastYearInfo = true;
     form.Form_Load();
     form.Show();
+    EXPECT_TRUE(form.checkBoxes()[0]->Value) << "the last choice shows";
     OptionGroup& directions = *form.optionGroups()[1];
     EXPECT_EQ(enabled(directions), "---------");
     EXPECT_EQ(form.optionGroups()[2]->chosen(), nullptr);
