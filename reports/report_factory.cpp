@@ -42,6 +42,10 @@
 #include "reports/salespersons/dsrSalesBySalesPersonDetail.h"
 #include "reports/salespersons/dsrSalesBySalesPersonGraph.h"
 #include "reports/salespersons/dsrSalesBySalesPersonSummary.h"
+#include "reports/statistics/dsrConsumedStatsByPeriod.h"
+#include "reports/statistics/dsrInvStatByCust.h"
+#include "reports/statistics/dsrInvStatByItem.h"
+#include "reports/statistics/dsrItemConsumedList.h"
 #include "reports/statistics/dsrSalesStatistic.h"
 
 namespace quillo {
@@ -90,8 +94,8 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     WRITTEN(CustList, dsrCustList)                                                                    \
     WRITTEN(CustListShipAddr, dsrCustListShipAddr)                                                    \
     WRITTEN(CustCustomFieldList, dsrCustCustomFieldList)                                              \
-    TO_COME(InvStatByCust, dsrInvStatByCust)                                                          \
-    TO_COME(InvStatByItem, dsrInvStatByItem)                                                          \
+    WRITTEN(InvStatByCust, dsrInvStatByCust)                                                          \
+    WRITTEN(InvStatByItem, dsrInvStatByItem)                                                          \
     WRITTEN(SalesStatistic, dsrSalesStatistic)                                                        \
     WRITTEN(CustAgingDetail, dsrCustAgingDetail)                                                      \
     WRITTEN(CustAgingSummary, dsrCustAgingSummary)                                                    \
@@ -107,8 +111,8 @@ clsReport::Object clsReport::missing(const char* member, const char* report) {
     WRITTEN(DayEndBalanceByUsrPmtDetail, dsrDayEndBalanceByUsrPmtDetail)                              \
     WRITTEN(DayEndBalanceByUsrDepDetail, dsrDayEndBalanceByUsrDepDetail)                              \
     WRITTEN(DocumentsToApprove, dsrDocumentsToApprove)                                                \
-    TO_COME(ConsumedStatisticsByItem, dsrItemConsumedList)                                            \
-    TO_COME(ConsumedStatisticsByPeriod, dsrConsumedStatsByPeriod)
+    WRITTEN(ConsumedStatisticsByItem, dsrItemConsumedList)                                            \
+    WRITTEN(ConsumedStatisticsByPeriod, dsrConsumedStatsByPeriod)
 
 #define WRITTEN(member, report)             \
     clsReport::Object clsReport::member() { \

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
@@ -246,20 +247,29 @@ void BandRun::capture() {
             guardedField(report_, *section, *notes.control, [&] { notes.shown = tagOf(notes); });
 }
 
-std::optional<LaidOut> BandRun::format(Section& section) {
+bool BandRun::formats(Section& section) {
     fill(section);
     report_.LayoutAction = LayoutActions::normal;
     if (section.Format) guardedEvent(report_, section.Name(), "Format", section.Format);
-    if (!section.Visible || report_.drops()) return std::nullopt;
+    return section.Visible && !report_.drops();
+}
+
+LaidOut BandRun::laidOut(const Section& section) {
     return layOut(section, {report_, *notes_, state_, target_.arena(), target_.width(), target_.takesFlow(section)});
 }
 
+std::optional<LaidOut> BandRun::format(Section& section) {
+    if (!formats(section)) return std::nullopt;
+    return laidOut(section);
+}
+
 void BandRun::print(Section* section) {
-    if (section == nullptr) return;
-    const auto laid = format(*section);
-    if (!laid) return;
-    target_.place(*section, *laid);
-    printed(*section);
+    if (section != nullptr && formats(*section)) printFormatted(*section);
+}
+
+void BandRun::printFormatted(Section& section) {
+    target_.place(section, laidOut(section));
+    printed(section);
 }
 
 void BandRun::printed(Section& section) {
@@ -332,15 +342,31 @@ void BandRun::open(std::size_t from) {
             if (sum.group != static_cast<int>(i) || sum.field->field->SumRunning == Running::all) continue;
             sum.field->sum = {};
         }
-        target_.openGroup(*group.header);
-        print(group.header);
+        group.waits = group.header->OnlyWithRows || (i > 0 && groups_[i - 1].waits);
+        if (group.waits) {
+            group.shows = formats(*group.header);
+        } else {
+            target_.openGroup(*group.header);
+            print(group.header);
+        }
         openGroups_ = i + 1;
+    }
+}
+
+// A row prints: the groups that waited for it print before it.
+void BandRun::openWaiting() {
+    for (std::size_t i = 0; i < openGroups_; ++i) {
+        Group& group = groups_[i];
+        if (!std::exchange(group.waits, false)) continue;
+        target_.openGroup(*group.header);
+        if (group.shows) printFormatted(*group.header);
     }
 }
 
 void BandRun::close(std::size_t from) {
     while (openGroups_ > from) {
         Group& group = groups_[--openGroups_];
+        if (group.waits) continue;
         print(group.footer);
         target_.closeGroup(*group.header);
     }
@@ -366,17 +392,16 @@ void BandRun::addToSum(FieldNotes& notes) {
 
 void BandRun::printDetail() {
     Section* detail = single(SectionKind::detail);
-    if (detail == nullptr) return;
+    if (detail == nullptr) return openWaiting();
     // A running sum in the row shows the row itself; a row that is dropped takes its share back.
     addToSums();
-    const auto laid = format(*detail);
+    const bool shows = formats(*detail);
     if (report_.drops()) {
         for (const Sum& sum : sums_) sum.field->sum = sum.before;
         return;
     }
-    if (!laid) return;
-    target_.place(*detail, *laid);
-    printed(*detail);
+    openWaiting();
+    if (shows) printFormatted(*detail);
 }
 
 namespace {

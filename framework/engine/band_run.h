@@ -56,6 +56,8 @@ private:
         Section* footer;
         Expression expression;
         Variant value;
+        bool waits = false;  // opened, and prints with its first row that prints
+        bool shows = false;  // of a group that waits: its header is not hidden
     };
     struct Sum {
         FieldNotes* field;
@@ -64,6 +66,11 @@ private:
         FieldNotes::Sum before;  // what a row that is dropped leaves
     };
 
+    // Binds a section and runs its event; whether it shows.
+    bool formats(Section& section);
+    LaidOut laidOut(const Section& section);
+    void printFormatted(Section& section);
+    void openWaiting();
     void prepare();
     void prepareGroups();
     void prepareFields();

@@ -129,6 +129,7 @@ struct Section {
     bool KeepTogether = true;  // not split over pages while it fits on one
     std::string DataField;     // of a group header; empty: breaks with its outer group
     bool Repeat = false;       // of a group header, or of a sub-report's header: stands again on each page that follows
+    bool OnlyWithRows = false;  // of a group header: its group prints only if a row of it does
     bool UnderlayNext = false;  // of a group header: its group starts at its top, and ends below it
     GroupKeep GrpKeepTogether = GroupKeep::none;
     std::vector<std::unique_ptr<Control>> controls;

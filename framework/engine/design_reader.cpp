@@ -33,9 +33,10 @@ constexpr std::string_view designRootKeys[] = {"name", "page", "styles", "sectio
 constexpr std::string_view pageKeys[] = {"width", "height", "left", "right", "top", "bottom"};
 constexpr std::string_view styleKeys[] = {"base", "family", "size",          "bold",  "italic", "underline",
                                           "wrap", "align",  "verticalAlign", "color", "fill"};
-constexpr std::string_view sectionKeys[] = {"name",     "kind",      "height",  "visible",      "keepTogether",
-                                            "newPage",  "dataField", "repeat",  "underlayNext", "groupKeepTogether",
-                                            "bookmark", "fill",      "controls"};
+constexpr std::string_view sectionKeys[] = {
+    "name",     "kind",      "height",       "visible",      "keepTogether",
+    "newPage",  "dataField", "repeat",       "underlayNext", "groupKeepTogether",
+    "bookmark", "fill",      "onlyWithRows", "controls"};
 constexpr std::string_view controlKeys[] = {
     "kind",      "name",      "left",  "top",     "width",   "height",  "tag",  "caption",      "text",
     "dataField", "format",    "style", "align",   "canGrow", "visible", "x1",   "y1",           "x2",
@@ -201,6 +202,7 @@ private:
         keys.boolean("visible", section->Visible);
         keys.boolean("keepTogether", section->KeepTogether);
         keys.boolean("repeat", section->Repeat);
+        keys.boolean("onlyWithRows", section->OnlyWithRows);
         keys.boolean("underlayNext", section->UnderlayNext);
         keys.boolean("bookmark", section->info.bookmark);
         keys.text("dataField", section->DataField);

@@ -29,7 +29,8 @@ enum class RunEnd { done, stopped };
 //   behind the move, and is told whether the rows are at their end, which ends them.
 // - An event may give the data control another recordset, which is then walked from where it stands, or take it away,
 //   which ends the rows.
-// - A row dropped by LayoutAction prints nothing and adds to no engine sum.
+// - A row dropped by LayoutAction prints nothing and adds to no engine sum. A group that prints only with its rows is
+//   formatted where it begins, and placed before its first row that prints.
 // - Controls that grow push down what stands below them. A section is never lower than what it shows. A section that
 //   does not fit moves to the next page; one higher than a page, or not kept together, is split. A page on which
 //   nothing can be placed ends the run with an EngineError that names report and section.

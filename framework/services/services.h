@@ -208,7 +208,7 @@ public:
     virtual const FiscalYear* FiscalYearAfter(Date day) = 0;
 };
 
-// What one unit of an item costs, in home currency.
+// What one unit of an item costs, in home currency, and what of it went in a period.
 class ItemCostService {
 public:
     virtual ~ItemCostService() = default;
@@ -218,6 +218,12 @@ public:
     // says; of a kit the sum over its components. An item that nothing tells a cost of costs 0. The three arguments
     // behind the day are the host's. Throws NameError when there is no such item.
     virtual Money ItemCost(int itemId, Date day, int argumentA, int argumentB, bool flag) = 0;
+    // What was consumed of an item, what it brought, and how much of it was sold, in a period with both of its days.
+    // The clause is a condition on ItemConsumedUnits_View, ItemSoldAmounts_View and ItemSoldUnits_View, in that order;
+    // empty: none. While costs are cached, the sums of all items of a period are read at its first question.
+    virtual Money GetCurrentPeriodQtyConsumed(int itemId, Date start, Date end, const std::string& clause) = 0;
+    virtual Money GetCurrentPeriodSaleAmnt(int itemId, Date start, Date end, const std::string& clause) = 0;
+    virtual Money GetCurrentPeriodSaleQty(int itemId, Date start, Date end, const std::string& clause) = 0;
 };
 
 // Keeps the running costs and counts of the stock's movements. The stock is up to date while no movement lacks them.

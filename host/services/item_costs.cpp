@@ -11,6 +11,19 @@ void SqliteItemCosts::setCached(bool cached) {
     cached_ = cached;
     read_ = false;
     items_.clear();
+    sums_.setCached(cached);
+}
+
+Money SqliteItemCosts::GetCurrentPeriodQtyConsumed(int itemId, Date start, Date end, const std::string& clause) {
+    return sums_.of({"ItemConsumedUnits_View", "Qty", "TrxDate"}, itemId, {start, end}, clause);
+}
+
+Money SqliteItemCosts::GetCurrentPeriodSaleAmnt(int itemId, Date start, Date end, const std::string& clause) {
+    return sums_.of({"ItemSoldAmounts_View", "TotalSales", "InvoiDate"}, itemId, {start, end}, clause);
+}
+
+Money SqliteItemCosts::GetCurrentPeriodSaleQty(int itemId, Date start, Date end, const std::string& clause) {
+    return sums_.of({"ItemSoldUnits_View", "TotalUnitsSold", "InvoiDate"}, itemId, {start, end}, clause);
 }
 
 Money SqliteItemCosts::ItemCost(int itemId, Date day, int, int, bool) {

@@ -6,6 +6,7 @@
 
 #include "framework/services/services.h"
 #include "host/database/sqlite_handle.h"
+#include "host/services/item_sums.h"
 
 namespace quillo {
 
@@ -16,10 +17,13 @@ class SqliteItemCosts final : public ItemCostService {
 public:
     // Both must outlive it. The company tells the cost method.
     SqliteItemCosts(const sqlite::Database& database, const Company& company)
-        : database_(database), company_(company) {}
+        : database_(database), company_(company), sums_(database) {}
 
     void setCached(bool cached) override;
     Money ItemCost(int itemId, Date day, int argumentA, int argumentB, bool flag) override;
+    Money GetCurrentPeriodQtyConsumed(int itemId, Date start, Date end, const std::string& clause) override;
+    Money GetCurrentPeriodSaleAmnt(int itemId, Date start, Date end, const std::string& clause) override;
+    Money GetCurrentPeriodSaleQty(int itemId, Date start, Date end, const std::string& clause) override;
 
 private:
     struct CostStep {
@@ -52,6 +56,7 @@ private:
     bool cached_ = false;
     bool read_ = false;
     std::unordered_map<std::int64_t, Item> items_;
+    ItemSums sums_;
 };
 
 }  // namespace quillo

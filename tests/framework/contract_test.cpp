@@ -61,6 +61,10 @@ constexpr Row rows[] = {
     {"JobCustBySupp", 1, "#6123", false, "FSX"},
     {"JobCustByEmpl", 1, "#6124", false, "FSX"},
     {"SalesStatistic", 1, "#6309", false, "FCS"},
+    {"InvStatByItem", 1, "#6088", true, "FCS"},
+    {"InvStatByCust", 1, "#6087", true, "FCS"},
+    {"ConsumedStatisticsByItem", 1, "#9469", false, "FCS"},
+    {"ConsumedStatisticsByPeriod", 1, "#9470", false, "FCS"},
 };
 
 std::string interfacesOf(Report* report) {

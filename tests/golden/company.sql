@@ -224,3 +224,17 @@ INSERT INTO InvoiDet (InInvoiDetId, ExInvoiId, ExItemId, Qty, QtyScrap, BaseRowT
   (124, 101, 1, 7.5, NULL, 60, 0, NULL, 1), (125, 101, 2, 2, NULL, 45.5, 1, NULL, 1), (126, 101, 1, 4, NULL, 0, 0, 125, 1),
   (127, 104, 1, 5, NULL, 100, 0, NULL, 2), (128, 103, 1, 2, NULL, 20, 0, NULL, 1), (129, 102, 4, 1, NULL, 0, 0, NULL, 1),
   (130, 102, 5, 1, NULL, 40, 0, NULL, 1);
+
+-- Lines as documents print them: a discount with scrap, a kit that shows its parts, one that hides them (pins print in
+-- none other there), a return with a discount, no item, an item that is gone, no quantity; and parts used up in an assembly.
+INSERT INTO Item (InItemId, ItemId, Descr1, IsKit, ComputeKitOption, AllowKitModification) VALUES
+  (11, 'BRK-11', 'Bracket', 0, 2, 0), (12, 'PIN-12', 'Pin', 0, 0, 0), (13, 'SET-13', 'Brackets and pins', 1, NULL, NULL);
+INSERT INTO InvoiDet (InInvoiDetId, ExInvoiId, ExItemId, Descr, Qty, QtyScrap, UnitPrice, DiscPercent, BaseRowTotal,
+                      ExKitInvoiDetId, ExWarehouseId, ExSegmentId) VALUES
+  (131, 101, 11, 'Brackets', 10, 1, 4, 12.5, 31.5, NULL, 1, 1), (132, 104, 13, 'Set', 2, NULL, 15.005, NULL, 30.01, NULL, 1, 2),
+  (133, 104, 11, 'Bracket of the set', 2, NULL, 0, NULL, 0, 132, 1, 2), (134, 104, 12, 'Pin of the set', 4, NULL, 0, NULL, 0, 132, 1, 2),
+  (135, 101, 12, 'Pin of a closed kit', 2, NULL, 9, NULL, 0, 125, 1, 1), (136, 103, 11, 'Returned', 3, 1, 4, 10, 7.2, NULL, 1, NULL),
+  (137, 102, NULL, 'Delivery', 1, NULL, 5, NULL, 5, NULL, NULL, NULL), (138, 102, 11, 'None', 0, NULL, 4, NULL, 2.5, NULL, 1, NULL),
+  (139, 101, 77, 'An item that is gone', 1, NULL, 1234567.891, NULL, 1234567.89, NULL, 1, 1);
+INSERT INTO AssemblyHdr VALUES (701, 'A-701', '2024-01-10', 13, 2, 1);
+INSERT INTO AssemblyDet VALUES (1, 701, 11, 4, 2.5, 1, 2), (2, 701, 12, 1.5, 0.3333, 1, NULL);

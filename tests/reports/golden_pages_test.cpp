@@ -67,6 +67,15 @@ constexpr OwnRun ownRuns[] = {
          run.options = {{"chkLastYear", true}, {"SortOption", "2"}, {"SortType", "3"}};
      }},
     {"SalesStatistic", "-warehouses", useWarehouses},
+    {"InvStatByItem", "-above-zero",
+     [](ReportRun& run) {
+         run.options = {{"chkShowZeroTransaction", false}};
+     }},
+    {"ConsumedStatisticsByItem", "-item", [](ReportRun& run) { run.properties["InItemId"] = "11"; }},
+    {"ConsumedStatisticsByPeriod", "-year",
+     [](ReportRun& run) {
+         run.properties["InItemId"] = "11", run.to = "";
+     }},
     {"OpenOrders", "-quotes", [](ReportRun& run) { run.properties["InvoiceType"] = "50"; }},
 };
 

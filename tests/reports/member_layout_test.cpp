@@ -169,6 +169,7 @@ const Names labelsOfData = {"fldAdress",
                             "txtDateTotal",
                             "txtCurrTotal",
                             "TotDate",
+                            "lblClient", "lblClientCap", "lblQtyTotal",
     // of the sales statistics: captions with a sign behind them, and all figures
     "lblMargeDolCap", "lblMargeCap", "lblQtyThisYear", "lblSalesThisYear", "lblPriceThisYear", "lblMargeDol1",
     "lblMarge1", "lblQtyLastYear", "lblSalesLastYear", "lblPriceLastYear", "lblMargeDol2", "lblMarge2",
@@ -201,7 +202,8 @@ TEST_P(MemberLayout, CaptionsAreTextsOfTheLanguage) {
 
 // Bindings that the rows give no column for: the design names them, and the report's code fills the field of each row.
 const Names boundInVain = {
-    "dsrSalesJournalSummary, txtTotal: Total", "dsrSalesJournalDetail, txtAcctId: AcctId",
+    "dsrInvStatByItem, txtDiscount: Disc", "dsrInvStatByCust, txtDisc: Disc", "dsrSalesJournalSummary, txtTotal: Total",
+    "dsrSalesJournalDetail, txtAcctId: AcctId",
     // The register's query does not give them, and its design hides them.
     "dsrDayEndBalanceByCashInvDetail, txtExUsrKey: UserName", "dsrDayEndBalanceByCashInvDetail, txtitemId: itemId",
     "dsrDayEndBalanceByCashInvDetail, Field1: InvoiDetDescr", "dsrDayEndBalanceByCashInvDetail, txtQty: Qty"};
