@@ -139,6 +139,7 @@ constexpr ColumnCaption captions[] = {
     {"ExSubCategoryId", 20402},
     {"Descr", 20402, "Category_Sub"},
     {"SalePrice", 2809, "", Prints::amount},
+    {"UnitPrice", 1601, "", Prints::amount},
     {"Servc", 20403, "", Prints::yesOrNo},
     {"IsKit", 20404, "", Prints::yesOrNo},
     {"IsAssembly", 20405, "", Prints::yesOrNo},

@@ -10,8 +10,8 @@
 
 namespace quillo {
 
-// Sums of a view by item and period. Cached, they are read for all items at once, so that a report of thousands of items
-// asks a query a period; else for the one item that is asked for.
+// Sums of a view by item and period. Cached, they are read for all items at once, so that a report of thousands of
+// items asks a query a period; else for the one item that is asked for.
 class ItemSums {
 public:
     // A view with the item in InItemId.

@@ -138,8 +138,8 @@ Money dsrConsumedStatsByPeriod::GetCurrentPeriodAssembly() const {
 // ---- the rows
 
 void dsrConsumedStatsByPeriod::ActiveReport_DataInitialize() {
-    for (const char* name : {"InItemId", "ItemId", "Descr1", "PeriodFrom", "PeriodTo", "SaleQty", "SalesAmnt", "AssQty",
-                             "Qty"})
+    for (const char* name :
+         {"InItemId", "ItemId", "Descr1", "PeriodFrom", "PeriodTo", "SaleQty", "SalesAmnt", "AssQty", "Qty"})
         Fields.Add(name);
 }
 
@@ -167,7 +167,8 @@ void dsrConsumedStatsByPeriod::fillRow() {
     for (const char* name : {"SaleQty", "SalesAmnt", "AssQty", "Qty"}) set(name, Variant());
     for (const char* name : {"InItemId", "ItemId", "Descr1"})
         STEP_OF(ActiveReport_FetchData,
-                set(name, m_items->Value(name, name == std::string_view("InItemId") ? ValueType::integer : ValueType::text)));
+                set(name,
+                    m_items->Value(name, name == std::string_view("InItemId") ? ValueType::integer : ValueType::text)));
     set("PeriodFrom", period().StartDate);
     set("PeriodTo", period().EndDate);
     if (m_objItem == nullptr) return;

@@ -3,18 +3,19 @@
 namespace quillo {
 
 dsrInvStatByItem::dsrInvStatByItem(HostContext& context)
-    : InvoicedItems("dsrInvStatByItem", context,
-                    {.dateOptions = DateDisplay::range,
-                     .titleId = 6088,
-                     .companyCurrency = true,
-                     .foreign = Foreign::keptWhereUsed,
-                     .tables = "WorldCurrency.Descr, WorldCurrency.CurrencyCode, InvoiHdr, "
-                               "InvoiDet.IsKit, InvoiDet.UnitPrice, Cust.ExCurrencyId, Cust.InCustId, Cust.CustId, "
-                               "Cust.Name, Item, Category.Descr, Category_Sub.Descr AS Category_SubDescr ",
-                     .filterFlagA = false,
-                     .orderBehindComma = true,
-                     .endTextId = 7625},
-                    {.header = "ghInItemId", .footer = "gfInItemId", .discount = "txtDiscount", .party = "txtCustName"}) {
+    : InvoicedItems(
+          "dsrInvStatByItem", context,
+          {.dateOptions = DateDisplay::range,
+           .titleId = 6088,
+           .companyCurrency = true,
+           .foreign = Foreign::keptWhereUsed,
+           .tables = "WorldCurrency.Descr, WorldCurrency.CurrencyCode, InvoiHdr, "
+                     "InvoiDet.IsKit, InvoiDet.UnitPrice, Cust.ExCurrencyId, Cust.InCustId, Cust.CustId, "
+                     "Cust.Name, Item, Category.Descr, Category_Sub.Descr AS Category_SubDescr ",
+           .filterFlagA = false,
+           .orderBehindComma = true,
+           .endTextId = 7625},
+          {.header = "ghInItemId", .footer = "gfInItemId", .discount = "txtDiscount", .party = "txtCustName"}) {
     onFormat("ghInItemId", &dsrInvStatByItem::ghInItemId_Format);
     onFormat("gfInItemId", &dsrInvStatByItem::gfInItemId_Format);
     onFormat("gfCurrency", &dsrInvStatByItem::gfCurrency_Format);
@@ -25,7 +26,8 @@ std::string dsrInvStatByItem::columns() const {
     return " SELECT Item.*, InvoiDet.DiscPercent, InvoiDet.TaxIncluded, InvoiDet.ExTaxGroupId, " +
            orZero("InvoiDet.ExKitInvoiDetId") + " AS ExKitInvoiDetId, " + orZero("InvoiDet.IsKit") +
            " AS IsKit, "
-           "        InvoiHdr.InvoiDate, InvoiHdr.ExchangeRate, InvoiHdr.InInvoiId, InvoiHdr.InvoiId, InvoiHdr.InvoiType, "
+           "        InvoiHdr.InvoiDate, InvoiHdr.ExchangeRate, InvoiHdr.InInvoiId, InvoiHdr.InvoiId, "
+           "InvoiHdr.InvoiType, "
            "        Cust.ExCurrencyId, Cust.CustId, Cust.Name, Category.Descr, "
            "Category_Sub.Descr AS Category_SubDescr, ";
 }

@@ -89,8 +89,9 @@ void dsrItemConsumedList::ghInItemId_Format() {
 
 void dsrItemConsumedList::Detail_Format() {
     if (rsItemTrx.atEnd()) return;
-    for (Field* control : {&txtTrxType, &txtExtAmnt, &txtSalesAmnt}) control->Text.clear();
+    for (Field* control : {&txtTrxType, &txtQty, &txtExtAmnt, &txtSalesAmnt}) control->Text.clear();
     STEP(txtTrxType.Text = GetTrxTypeDesc());
+    STEP(txtQty.Text = locale().plainNumber(Variant(rsItemTrx.Collect("Qty").moneyOrZero())));
     STEP(txtExtAmnt.Text = locale().currency(rsItemTrx.Collect("ExtAmnt").moneyOrZero()));
     STEP(txtSalesAmnt.Text = locale().currency(rsItemTrx.Collect("SalesAmnt").moneyOrZero()));
     ++m_lngRecordCount;

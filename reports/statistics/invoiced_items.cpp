@@ -109,10 +109,11 @@ void InvoicedItems::Detail_Format() {
         return;
     }
     ++m_lngRecordCount;
-    for (Field* control : {&txtUnitPrice, &txtExt, &discount_, &party_}) control->Text.clear();
+    for (Field* control : {&fldQty, &txtUnitPrice, &txtExt, &discount_, &party_}) control->Text.clear();
     STEP(party_.Text = partyOfRow());
     Money quantity;
     STEP(quantity = rsInvoiStat.Collect("Quantity").moneyOrZero());
+    STEP(fldQty.Text = plainText(quantity));
     addQuantity(quantity);
     std::optional<InvoicedLine> line;
     STEP(line = readLine(quantity));

@@ -69,6 +69,7 @@ private:
     void ReportFooter_Format();
 
     Field& txtCurrencyDescr = field("txtCurrencyDescr");
+    Field& fldQty = field("fldQty");
     Field& txtUnitPrice = field("txtUnitPrice");
     Field& txtExt = field("txtExt");
     Field& txtExtTotal = field("txtExtTotal");

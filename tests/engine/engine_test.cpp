@@ -446,6 +446,32 @@ TEST(Engine, BothActionsThatGiveUpARowLeaveNoTraceOfIt) {
     }
 }
 
+// Rows below zero are dropped: those of a and c1 are all.
+TEST(Engine, AGroupThatWaitsPrintsWithItsFirstRowThatPrintsOrNotAtAll) {
+    const std::string waits = R"(, "onlyWithRows": true, "repeat": true, "groupKeepTogether": "firstDetail")";
+    Bench bench;
+    auto report = bench.report(
+        design(section("ghOuter", "groupHeader", 100, bound("o", "G"), R"("dataField": "G")" + waits) + "," +
+               section("ghInner", "groupHeader", 100, bound("i", "H"), R"("dataField": "H")" + waits) + "," +
+               section("Detail", "detail", 100, bound("v", "V") + "," + dataControl) + "," +
+               section("gfInner", "groupFooter", 100, bound("s", "V", R"("sum": "ghInner")")) + "," +
+               section("gfOuter", "groupFooter", 100, bound("t", "V", R"("sum": "ghOuter")"))));
+    report->dataControl()->Recordset = Bench::rows(
+        {"G", "H", "V"},
+        {{"a", "a1", -1}, {"b", "b1", -2}, {"b", "b1", 3}, {"b", "b1", -4}, {"c", "c1", -5}, {"c", "c2", 6}});
+    std::string events;
+    report->section("ghInner").Format = [&] { events += "format " + report->field("i").Text + ";"; };
+    report->section("ghInner").AfterPrint = [&] { events += "printed;"; };
+    report->section("Detail").Format = [&] {
+        if (report->field("v").Text.starts_with("-")) report->LayoutAction = LayoutActions::skipRow;
+    };
+    EXPECT_EQ(bench.run(*report),
+              "-- 1\nghOuter b\nghInner b1\nDetail 3\ngfInner 3\ngfOuter 3\n"
+              "ghOuter c\nghInner c2\nDetail 6\ngfInner 6\ngfOuter 6\n");
+    EXPECT_EQ(events, "format a1;format b1;printed;format c1;format c2;printed;");
+    EXPECT_TRUE(bench.host.boxes.empty());
+}
+
 TEST(Engine, AGroupOverAColumnThatIsNotThereShowsABox) {
     Bench bench;
     auto report = bench.report(grouped);

@@ -91,8 +91,10 @@ TEST(AllMembers, TakeEveryColumnOfTheirFilterAsConditionAndAsOrder) {
     constexpr std::size_t atOnce = 16;  // the filter's text must leave room on the page
     for (const clsReport::Member& member : clsReport::members()) {
         if (!member.written) continue;
-        const std::string tables = test::traitsOf(member.name, company.path()).filterTables;
+        std::string tables = test::traitsOf(member.name, company.path()).filterTables;
         if (tables.empty()) continue;  // takes no filter
+        // The statistics by period list items, which know no warehouse: whoever filters by one is told so.
+        if (member.name == "ConsumedStatisticsByPeriod") tables = tables.substr(tables.find("Item"));
         test::ReportRun run{.member = std::string(member.name), .company = company.path()};
         run.from = "2025-12-01", run.to = "2025-12-07";
         const auto all = test::runReport(run);

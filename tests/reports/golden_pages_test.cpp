@@ -72,10 +72,7 @@ constexpr OwnRun ownRuns[] = {
          run.options = {{"chkShowZeroTransaction", false}};
      }},
     {"ConsumedStatisticsByItem", "-item", [](ReportRun& run) { run.properties["InItemId"] = "11"; }},
-    {"ConsumedStatisticsByPeriod", "-year",
-     [](ReportRun& run) {
-         run.properties["InItemId"] = "11", run.to = "";
-     }},
+    {"ConsumedStatisticsByPeriod", "-year", [](ReportRun& run) { run.properties["InItemId"] = "11", run.to = ""; }},
     {"OpenOrders", "-quotes", [](ReportRun& run) { run.properties["InvoiceType"] = "50"; }},
 };
 

@@ -275,9 +275,10 @@ bool alignedAs(const Print& field, const Print& caption) {
 }
 
 // A fax behind a caption of its own, a company's own field with its name, and the text of a transaction, which has the
-// rest of its line: they stand in no column. Units and sales of the statistics stand 75 left of their captions' edge.
-const Names outOfColumn = {"txtFax",         "fldCaption",       "fldValue",       "fldDetDescr",
-                           "lblQtyThisYear", "lblSalesThisYear", "lblQtyLastYear", "lblSalesLastYear"};
+// rest of its line, and the name of a group behind its caption: they stand in no column. Units and sales of the
+// statistics stand 75 left of their captions' edge.
+const Names outOfColumn = {"txtFax",      "txtItem",        "lblClient",        "fldCaption",     "fldValue",
+                           "fldDetDescr", "lblQtyThisYear", "lblSalesThisYear", "lblQtyLastYear", "lblSalesLastYear"};
 
 bool isFoot(SectionKind kind) {
     return kind == SectionKind::groupFooter || kind == SectionKind::reportFooter;

@@ -54,6 +54,7 @@ MemberTraits traitsOf(std::string_view member, const std::string& company) {
     traits.rows = report->dataControl() != nullptr || report->fetchData != nullptr;
     if (auto* contract = dynamic_cast<IReport*>(report.get())) {
         contract->IReport_Application(session);
+        contract->IReport_Initialize();
         traits.currency = contract->IReport_UseCurrency();
     }
     if (const auto* filterable = dynamic_cast<FilterableReport*>(report.get()))
