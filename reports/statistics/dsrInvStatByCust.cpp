@@ -33,8 +33,8 @@ std::string_view dsrInvStatByCust::condition() const {
     return "InvoiDet.ExItemID IS NOT NULL AND InvoiDet.UnitPrice IS NOT NULL AND ";
 }
 
-std::string dsrInvStatByCust::orderBy(const FilterParts& filter) const {
-    return orderClauseBehind(filter, "WorldCurrency.CurrencyCode, InCustId, ",
+std::string dsrInvStatByCust::orderBy() const {
+    return orderClauseBehind(filterParts(), "WorldCurrency.CurrencyCode, InCustId, ",
                              " ORDER BY WorldCurrency.CurrencyCode, Cust.CustId, InvoiHdr.InvoiDate, "
                              "InvoiDet.ExKitInvoiDetId, InvoiDet.InInvoiDetId, Item.ItemId");
 }

@@ -12,7 +12,7 @@ public:
 private:
     std::string columns() const override;
     std::string_view condition() const override;
-    std::string orderBy(const FilterParts& filter) const override;
+    std::string orderBy() const override;
     std::string partyOfRow() const override;
     void ghInCustId_Format();
 

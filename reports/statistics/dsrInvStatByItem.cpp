@@ -32,9 +32,8 @@ std::string dsrInvStatByItem::columns() const {
            "Category_Sub.Descr AS Category_SubDescr, ";
 }
 
-std::string dsrInvStatByItem::orderBy(const FilterParts& filter) const {
-    return " ORDER BY WorldCurrency.CurrencyCode, Item.ItemId " +
-           (filter.order.empty() ? ", InvoiHdr.InvoiDate" : filter.order);
+std::string dsrInvStatByItem::orderBy() const {
+    return orderBehind("WorldCurrency.CurrencyCode, Item.ItemId", ", InvoiHdr.InvoiDate");
 }
 
 void dsrInvStatByItem::ghInItemId_Format() {

@@ -12,7 +12,7 @@ public:
 private:
     std::string columns() const override;
     std::string_view condition() const override { return ""; }
-    std::string orderBy(const FilterParts& filter) const override;
+    std::string orderBy() const override;
     std::string partyOfRow() const override { return customerOfRow(); }
     void ghInItemId_Format();
     void gfInItemId_Format();

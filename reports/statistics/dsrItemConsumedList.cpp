@@ -42,7 +42,6 @@ void dsrItemConsumedList::ActiveReport_ReportStart() {
 // An item that stands twice on a document meets both of its lines, each time: meant, so that its sales agree with those
 // that were printed before.
 std::string dsrItemConsumedList::query() const {
-    const FilterParts filter = filterParts();
     return "SELECT ItemConsumedUnits_View.TrxDate, ItemConsumedUnits_View.TrxType, ItemConsumedUnits_View.ID, "
            "ItemConsumedUnits_View.ExSrcKeyVal, ItemConsumedUnits_View.Qty, Item.InItemId, Item.ItemId, Item.Descr1, "
            "Item.IsKit, Category.Descr, Category_Sub.Descr AS Category_SubDescr, Warehouse.WarehouseId, "
@@ -61,9 +60,8 @@ std::string dsrItemConsumedList::query() const {
            "WHERE ItemConsumedUnits_View.TrxDate BETWEEN ? AND ?" +
            (InItemId > 0 ? " AND ItemConsumedUnits_View.InItemId = " + std::to_string(InItemId) : "") +
            (isOptionOn() ? "" : " AND (Item.IsKit IS NULL OR Item.IsKit=0)") +
-           segments("ItemConsumedUnits_View.ExSegmentId") + whereClause(filter, OwnWhere::yes) +
-           " ORDER BY Item.ItemId " +
-           (filter.order.empty() ? ", ItemConsumedUnits_View.TrxDate, ItemConsumedUnits_View.TrxType" : filter.order);
+           segments("ItemConsumedUnits_View.ExSegmentId") + whereClause(filterParts(), OwnWhere::yes) +
+           orderBehind("Item.ItemId", ", ItemConsumedUnits_View.TrxDate, ItemConsumedUnits_View.TrxType");
 }
 
 // The cost of an assembly's row, and the sales of a document's in home currency.

@@ -56,7 +56,6 @@ std::string InvoicedItems::orZero(std::string_view column) const {
 }
 
 std::string InvoicedItems::query() const {
-    const FilterParts filter = filterParts();
     const std::string quantity = "(" + orZero("InvoiDet.Qty") + " - " + orZero("InvoiDet.QtyScrap") + ")";
     const std::string price = orZero("InvoiDet.UnitPrice");
     return columns() +
@@ -79,7 +78,7 @@ std::string InvoicedItems::query() const {
            " AND (InvoiHdr.InvoiType = 1 OR InvoiHdr.InvoiType = 2 OR InvoiHdr.InvoiType = 3"
            " OR InvoiHdr.InvoiType = 4) " +
            (isOptionOn() ? "" : " AND (" + quantity + " * " + price + ") > 0 ") + segments("InvoiDet.ExSegmentId") +
-           whereClause(filter, OwnWhere::yes) + orderBy(filter);
+           whereClause(filterParts(), OwnWhere::yes) + orderBy();
 }
 
 std::string InvoicedItems::customerOfRow() const {

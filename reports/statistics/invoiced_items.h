@@ -39,7 +39,7 @@ protected:
     // The columns of the list's own; the conditions that stand before the dates; the order of the rows.
     virtual std::string columns() const = 0;
     virtual std::string_view condition() const = 0;
-    virtual std::string orderBy(const FilterParts& filter) const = 0;
+    virtual std::string orderBy() const = 0;
     // Whom or what a line is about.
     virtual std::string partyOfRow() const = 0;
 

@@ -20,6 +20,13 @@ void ItemListReport::IReportConfig_ShowConfigurationScreen(DialogService& dialog
     optionOn_ = form.Properties(option_);
 }
 
+std::string ItemListReport::orderBehind(std::string_view keeping, std::string_view own) const {
+    const std::string head = " ORDER BY " + std::string(keeping);
+    if (m_strFilter.empty()) return head + std::string(own);
+    const FilterParts filter = filterParts();
+    return head + " " + (filter.order.empty() ? std::string(own) : filter.order);
+}
+
 std::string ItemListReport::foundationTitle() {
     std::string title;
     STEP_OF(IReport_ReportTitle, title = context().GetText(titleId()));

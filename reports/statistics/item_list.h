@@ -21,6 +21,9 @@ protected:
         : SegmentReport(std::move(name), context, contract), option_(option) {}
 
     bool isOptionOn() const { return optionOn_; }
+    // The columns that keep a group together, then the user's order, which brings its comma along, else the report's
+    // own.
+    std::string orderBehind(std::string_view keeping, std::string_view own) const;
     // The title as the host's foundation has it.
     std::string foundationTitle();
     // "Item:" and "HNG-2 - Hinge of brass".

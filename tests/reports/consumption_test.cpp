@@ -32,7 +32,8 @@ protected:
     const TestCompany company{shop};
 
     ReportRun list() const {
-        return {.member = "ConsumedStatisticsByItem", .company = company.path(), .from = "2024-01-01", .to = "2024-12-31"};
+        return {
+            .member = "ConsumedStatisticsByItem", .company = company.path(), .from = "2024-01-01", .to = "2024-12-31"};
     }
     ReportRun periods(const char* from = "", const char* to = "") const {
         return {.member = "ConsumedStatisticsByPeriod", .company = company.path(), .from = from, .to = to};
@@ -118,8 +119,7 @@ TEST_F(Consumption, ByPeriodPrintsEachItemInEachPeriodFromTheFirstMovementOn) {
                   (Texts{"2023-04-01 2023-12-31 $0.00 0 0 0", "2024-01-01 2024-03-31 $49.99 5 0 5",
                          "2024-04-01 2024-06-30 -$12.00 -2 0 -2", "2024-07-01 2025-03-31 $0.00 0 4 4",
                          "2023-04-01 2023-12-31 $0.00 0 0 0", "2024-01-01 2024-03-31 $100.00 1 0 1"}));
-        EXPECT_EQ(rows[9] + " / " + rows[11],
-                  "2024-01-01 2024-03-31 $0.00 0 0 2 / 2024-07-01 2025-03-31 $6.00 3 1 4");
+        EXPECT_EQ(rows[9] + " / " + rows[11], "2024-01-01 2024-03-31 $0.00 0 0 2 / 2024-07-01 2025-03-31 $6.00 3 1 4");
         EXPECT_EQ(rowsOf(result, {"txtSoldTotal", "txtSaleQtyTotal", "txtAssQtyTotal", "txtConQtyTotal"}),
                   (Texts{"$37.99 3 4 7", "$100.00 1 0 1", "$6.00 3 1 6"}));
         EXPECT_EQ(joined(result, 0, {"txtSoldGTotal", "txtSaleQtyGTotal", "txtAssQtyGTotal", "txtConQtyGTotal"}),
@@ -144,11 +144,11 @@ TEST_F(Consumption, PeriodsAreClippedToTheRange) {
         {company, "2024-05-02", "2024-05-20", {"2024-05-02 2024-05-20"}},
         {unmoved, "2024-05-02", "2024-05-20", {"2024-05-02 2024-05-20"}},
         {company, "2022-05-01", "2024-01-01", {"2023-04-01 2023-12-31", "2024-01-01 2024-01-01"}},
-        {early, "2022-05-01", "2023-04-30", {"2023-04-01 2023-04-30"}},     // before the first year
+        {early, "2022-05-01", "2023-04-30", {"2023-04-01 2023-04-30"}},  // before the first year
         {early, "2025-03-31", "2025-05-01", {"2025-03-31 2025-03-31", "2025-05-01 2025-05-01"}},
-        {early, "2025-04-10", "2025-05-02", {"2025-05-01 2025-05-02"}},     // between two years
+        {early, "2025-04-10", "2025-05-02", {"2025-05-01 2025-05-02"}},  // between two years
         {early, "2025-04-10", "2025-04-12", {}},
-        {early, "2026-05-01", "2026-05-31", {}},                            // behind the last one
+        {early, "2026-05-01", "2026-05-31", {}},                           // behind the last one
         {company, "2025-05-02", "2025-05-31", {"2025-05-02 2025-05-31"}},  // behind the last movement
     };
     for (const auto& [of, from, to, days] : cases) {
@@ -207,11 +207,16 @@ TEST(ConsumptionOfTheDemo, AgreesWithTheDocuments) {
     const sqlite::Database file(demo.path(), sqlite::Open::readOnly);
     sqlite::Statement row(
         file,
-        "WITH Line AS (SELECT InvoiDet.*, CASE InvoiType WHEN 3 THEN -1 ELSE 1 END AS Sign, ExchangeRate, Item.Servc AS "
-        "Work FROM InvoiDet JOIN InvoiHdr ON InInvoiId = ExInvoiId JOIN Item ON InItemId = ExItemId WHERE InvoiType < 50 "
-        "AND InvoiDate BETWEEN ?1 AND ?2), Used AS (SELECT AssemblyDet.Qty FROM AssemblyDet JOIN AssemblyHdr ON Id = ExId WHERE "
-        "AssemblyDate BETWEEN ?1 AND ?2) SELECT (SELECT SUM(Sign * ROUND(BaseRowTotal * ExchangeRate, 2)) FROM Line WHERE "
-        "ExKitInvoiDetId IS NULL), (SELECT SUM(Sign * (Qty - COALESCE(QtyScrap, 0))) FROM Line WHERE ExKitInvoiDetId IS "
+        "WITH Line AS (SELECT InvoiDet.*, CASE InvoiType WHEN 3 THEN -1 ELSE 1 END AS Sign, ExchangeRate, Item.Servc "
+        "AS "
+        "Work FROM InvoiDet JOIN InvoiHdr ON InInvoiId = ExInvoiId JOIN Item ON InItemId = ExItemId WHERE InvoiType < "
+        "50 "
+        "AND InvoiDate BETWEEN ?1 AND ?2), Used AS (SELECT AssemblyDet.Qty FROM AssemblyDet JOIN AssemblyHdr ON Id = "
+        "ExId WHERE "
+        "AssemblyDate BETWEEN ?1 AND ?2) SELECT (SELECT SUM(Sign * ROUND(BaseRowTotal * ExchangeRate, 2)) FROM Line "
+        "WHERE "
+        "ExKitInvoiDetId IS NULL), (SELECT SUM(Sign * (Qty - COALESCE(QtyScrap, 0))) FROM Line WHERE ExKitInvoiDetId "
+        "IS "
         "NULL), (SELECT SUM(Qty) FROM Used), (SELECT SUM(Sign * (Qty - COALESCE(QtyScrap, 0))) FROM Line WHERE "
         "COALESCE(Work, 0) = 0)");
     row.bind(1, "2025-01-15").bind(2, "2025-12-31").step();

@@ -47,7 +47,8 @@ Texts linesOf(const ReportResult& result) {
     Texts lines;
     for (const auto& page : result.kept.pages)
         for (const PlacedSection& section : page->sections) {
-            if (section.info->kind == SectionKind::pageHeader || section.info->kind == SectionKind::reportFooter) continue;
+            if (section.info->kind == SectionKind::pageHeader || section.info->kind == SectionKind::reportFooter)
+                continue;
             std::string line;
             for (const PlacedControl& control : section.controls) {
                 if (control.info->kind == ControlKind::line) continue;
@@ -64,24 +65,38 @@ TEST_F(InvoicedItemLists, ByItemCountInHomeCurrencyWhatDocumentsShow) {
         run.dialect = dialect;
         const auto result = runReport(run);
         EXPECT_EQ(result.boxes, Texts{});
-        EXPECT_EQ(linesOf(result),
-                  (Texts{"Item: | ", "A - Ash | 2024-03-01 | F10 | 1 | $4.00 |  | $4.00", "Total | 1 | $4.00",
-                         "Item: | BOLT - Bolt", "A - Ash | 2024-03-01 | F10 | 10 | $3.00 | $3.00 | $27.00",
-                         "A - Ash | 2024-03-02 | N11 | 2 | -$2.40 | $0.60 | -$5.40", "Total | 12 | $21.60",
-                         "Item: | LID - Lid", "A - Ash | 2024-03-01 | F10 | 5 | $0.00 |  | $0.00", "Total | 5 | $0.00",
-                         "Item: | SET - Set", "A - Ash | 2024-03-01 | F10 | 1 | $50.00 |  | $50.00",
-                         "Total | 1 | $50.00",  // pins print in no set: their group is not there
-                         "Item: | ", "B - Birch | 2024-03-05 | I13 | 1 | $10.50 |  | $10.50", "Total | 1 | $10.50",
-                         "Item: | LID - Lid", "B - Birch | 2024-03-31 | U12 | 0 | $0.00 |  | $2.04", "Total | 0 | $2.04",
-                         "Item: | NUT - Nut", "B - Birch | 2024-03-31 | U12 | 3 | $1.36 |  | $4.09",
-                         "B - Birch | 2024-03-31 | U12 | 2 | $0.00 |  | $0.00", "Total | 5 | $4.09",
-                         "Item: | SET - Set", "B - Birch | 2024-03-31 | U12 | 2 | $54.32 | $13.58 | $95.05",
-                         "Total | 2 | $95.05"}));
+        EXPECT_EQ(linesOf(result), (Texts{"Item: | ",
+                                          "A - Ash | 2024-03-01 | F10 | 1 | $4.00 |  | $4.00",
+                                          "Total | 1 | $4.00",
+                                          "Item: | BOLT - Bolt",
+                                          "A - Ash | 2024-03-01 | F10 | 10 | $3.00 | $3.00 | $27.00",
+                                          "A - Ash | 2024-03-02 | N11 | 2 | -$2.40 | $0.60 | -$5.40",
+                                          "Total | 12 | $21.60",
+                                          "Item: | LID - Lid",
+                                          "A - Ash | 2024-03-01 | F10 | 5 | $0.00 |  | $0.00",
+                                          "Total | 5 | $0.00",
+                                          "Item: | SET - Set",
+                                          "A - Ash | 2024-03-01 | F10 | 1 | $50.00 |  | $50.00",
+                                          "Total | 1 | $50.00",  // pins print in no set: their group is not there
+                                          "Item: | ",
+                                          "B - Birch | 2024-03-05 | I13 | 1 | $10.50 |  | $10.50",
+                                          "Total | 1 | $10.50",
+                                          "Item: | LID - Lid",
+                                          "B - Birch | 2024-03-31 | U12 | 0 | $0.00 |  | $2.04",
+                                          "Total | 0 | $2.04",
+                                          "Item: | NUT - Nut",
+                                          "B - Birch | 2024-03-31 | U12 | 3 | $1.36 |  | $4.09",
+                                          "B - Birch | 2024-03-31 | U12 | 2 | $0.00 |  | $0.00",
+                                          "Total | 5 | $4.09",
+                                          "Item: | SET - Set",
+                                          "B - Birch | 2024-03-31 | U12 | 2 | $54.32 | $13.58 | $95.05",
+                                          "Total | 2 | $95.05"}));
         EXPECT_EQ(result.only("txtExtQtyTotal") + " " + result.only("txtExtGrandTotal"), "27 $187.28");
         EXPECT_EQ(result.only("lblEnd"), "10 record(s)");
         EXPECT_EQ(result.links("txtItem"),
                   (Texts{"ITM|", "ITM|1", "ITM|2", "ITM|5", "ITM|", "ITM|2", "ITM|3", "ITM|5"}));
-        for (const char* name : {"fldQty", "txtDiscount", "txtUnitPrice", "txtExt", "txtCustName", "fldInvoiId", "fldInvoiDate"})
+        for (const char* name :
+             {"fldQty", "txtDiscount", "txtUnitPrice", "txtExt", "txtCustName", "fldInvoiId", "fldInvoiDate"})
             EXPECT_EQ(last(result.links(name)), "INV|12") << name;
         const auto asked = std::ranges::count_if(
             result.sql, [](const std::string& query) { return query.find("ExKitInvoiDetId = ") != query.npos; });
@@ -141,7 +156,8 @@ TEST_F(InvoicedItemLists, LeaveOutZeroAsWellAsWhatIsBelowIt) {
 }
 
 TEST_F(InvoicedItemLists, NarrowToFilterSegmentsAndWarehouses) {
-    const TestCompany stocked(std::string(shop) + "UPDATE CompanyFact SET Value = '1' WHERE Name = 'DefaultWarehouseId'");
+    const TestCompany stocked(std::string(shop) +
+                              "UPDATE CompanyFact SET Value = '1' WHERE Name = 'DefaultWarehouseId'");
     for (const int dialect : {0, 1}) {
         ReportRun run = march("InvStatByItem");
         run.dialect = dialect;
