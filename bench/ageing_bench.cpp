@@ -19,7 +19,7 @@ constexpr const char* closing = "2025-12-31";
 
 // Customers beside those of the demo company, five open documents each, one in two of them paid in part.
 void addReceivables(const std::string& path, int customers) {
-    const sqlite::Database company(path, sqlite::Open::readWrite);
+    sqlite::Database company(path, sqlite::Open::readWrite);
     const std::string count = std::to_string(customers);
     company.execute(
         "BEGIN; WITH RECURSIVE Made(N) AS (SELECT 1 UNION ALL SELECT N + 1 FROM Made WHERE N < " + count +
@@ -55,7 +55,9 @@ std::shared_ptr<Recordset> list(HostSession& session) {
 
 long stepList(const std::string& path) {
     NoMessages messages;
-    HostSession session({.company = path}, messages);
+    SessionOptions options;
+    options.company = path;
+    HostSession session(options, messages);
     long rowsSeen = 0;
     for (const auto rows = list(session); !rows->atEnd(); rows->moveNext()) ++rowsSeen;
     return rowsSeen;
@@ -100,7 +102,9 @@ private:
 
 RowSet heldList(const std::string& path) {
     NoMessages messages;
-    HostSession session({.company = path}, messages);
+    SessionOptions options;
+    options.company = path;
+    HostSession session(options, messages);
     return RowSet(*list(session));
 }
 

@@ -83,6 +83,8 @@ int drillCommand(const std::string& tag, const std::string& by, RunRequest reque
         request.foreign |= target.report.foreign;
         request.properties.insert(request.properties.end(), target.report.properties.begin(),
                                   target.report.properties.end());
+        if (!target.report.from.empty()) request.from = target.report.from;
+        if (!target.report.to.empty()) request.to = target.report.to;
     } catch (const InputError& failure) {
         throw UsageError(failure.what());
     }

@@ -118,6 +118,11 @@ DrillTarget readBare(std::string_view tag, const std::string& part) {
     return {{"SalesBySalesPersProfDetail", {{"SalesPerson", part}}}, {}};
 }
 
+// "key|first day|last day": what an item's consumption in a period is made of.
+bool isConsumption(const Parts& parts) {
+    return parts.size() == 3 && Date::parseIso(parts[1]) && Date::parseIso(parts[2]);
+}
+
 struct ReportKind {
     std::string_view word;
     ReportTarget (*read)(const Parts& parts, const TillKeyOf& till);
@@ -131,6 +136,10 @@ DrillTarget readDrillTag(std::string_view tag, const TillKeyOf& till) {
     const Parts parts = split(tag, '|');
     const std::string& word = parts.front();
     if (parts.size() == 1) return readBare(tag, word);
+    if (isConsumption(parts) && std::ranges::all_of(word, [](char c) { return '0' <= c && c <= '9'; })) {
+        const std::string item = std::to_string(keyOf(tag, word));
+        return {{"ConsumedStatisticsByItem", {{"InItemId", item}}, false, parts[1], parts[2]}, {}};
+    }
     for (const ReportKind& kind : reportKinds)
         if (word == kind.word) return {kind.read(parts, till), {}};
     if (word == "ReceiptPayment") return {{}, {std::string(Drill::payment), keysOf(tag, parts[1])}};

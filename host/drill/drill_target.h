@@ -14,6 +14,7 @@ struct ReportTarget {
     std::string member;
     std::vector<std::pair<std::string, std::string>> properties{};
     bool foreign = false;  // in the documents' own currency
+    std::string from{}, to{};  // ISO dates; empty: as the user asks
 };
 
 // Records of one kind ("INV", "CUS"), by their keys.
@@ -32,9 +33,9 @@ struct DrillTarget {
 enum class TillKey { user, register_ };
 using TillKeyOf = std::function<TillKey(std::string_view key)>;
 
-// Reads a tag: a kind word, "|" and a key; a bare key is a customer's, bare words are a salesperson's. till tells whose
-// a key of the day end is. Throws InputError for a tag of no known kind, one without a key, and one that leads out of
-// the company (a web page, mail).
+// Reads a tag: a kind word, "|" and a key; a bare key is a customer's, one with two days an item's consumption, bare
+// words are a salesperson's. till tells whose a key of the day end is. Throws InputError for a tag of no known kind, one
+// without a key, and one that leads out of the company (a web page, mail).
 DrillTarget readDrillTag(std::string_view tag, const TillKeyOf& till);
 
 }  // namespace quillo

@@ -66,6 +66,13 @@ TEST(DrillTag, OfASalespersonLeadsToHisDocumentsOrHisProfit) {
         EXPECT_THROW(read(wrong), InputError) << wrong;
 }
 
+TEST(DrillTag, OfAnItemsPeriodLeadsToWhatWasConsumedInIt) {
+    const ReportTarget consumed = read("7|2024-01-15|2024-01-31").report;
+    EXPECT_EQ(consumed.member, "ConsumedStatisticsByItem");
+    EXPECT_EQ(consumed.properties, (Properties{{"InItemId", "7"}}));
+    EXPECT_EQ(consumed.from + " " + consumed.to, "2024-01-15 2024-01-31");
+}
+
 TEST(DrillTag, OfADocumentOrAMasterLeadsToItsRecord) {
     const auto record = [](std::string_view tag) {
         const RecordTarget target = read(tag).records;
@@ -78,8 +85,8 @@ TEST(DrillTag, OfADocumentOrAMasterLeadsToItsRecord) {
     EXPECT_EQ(record("17"), "CUS 17") << "a bare key is a customer's";
     EXPECT_EQ(record("ReceiptPayment|4,19"), "PMT 4 19");
     EXPECT_EQ(record("ARAdjust|SELECT SUM(DetAmnt)"), "ARAdjust");
-    for (const char* wrong :
-         {"", "INV|", "INV|x", "INV|99999999999", "FOO|1", "mailto:a@b.example", "http://b.example"})
+    for (const char* wrong : {"", "INV|", "INV|x", "INV|99999999999", "FOO|1", "|2024-01-01|2024-01-31",
+                              "7|2024-01-01|2024-02-30", "mailto:a@b.example", "http://b.example"})
         EXPECT_THROW(read(wrong), InputError) << wrong;
 }
 
