@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "host/drill/drill_target.h"
 #include "tests/company/demo_file.h"
 #include "tests/support/report_runner.h"
 
@@ -129,6 +130,16 @@ TEST_F(Consumption, ByPeriodPrintsEachItemInEachPeriodFromTheFirstMovementOn) {
         for (const char* name : {"txtFromDate", "txtToDate", "txtSalesAmnt", "txtSaleQty", "txtAssQty", "txtConQty"})
             EXPECT_EQ(nth(result.links(name), 11), "3|2024-07-01|2025-03-31") << name;
     }
+}
+
+TEST_F(Consumption, AFigureOfAPeriodLeadsToWhatItIsMadeOf) {
+    const std::string tag = last(runReport(periods()).links("txtConQty"));
+    const ReportTarget target = readDrillTag(tag, [](std::string_view) { return TillKey::user; }).report;
+    ReportRun run{.member = target.member, .company = company.path(), .from = target.from, .to = target.to};
+    run.properties.insert(target.properties.begin(), target.properties.end());
+    const auto result = runReport(run);
+    EXPECT_EQ(result.texts("txtNoDoc"), (Texts{"F12", "A20"}));
+    EXPECT_EQ(result.only("txtQtyGTotal"), "4");
 }
 
 // The periods of the first item.
