@@ -4,6 +4,7 @@
 #include <array>
 #include <ostream>
 
+#include "apps/quillo/output_guard.h"
 #include "framework/values/errors.h"
 #include "host/comparable/comparable_tables.h"
 #include "output/output_error.h"
@@ -73,6 +74,7 @@ void write(const std::vector<Line>& lines, const std::string& path) {
 
 void compareFiles(const std::string& left, const std::string& right, const std::string& output,
                   const Console& console) {
+    guardOutputs({left, right}, {output});
     try {
         const auto lines = linesOf(readComparable(left), readComparable(right));
         if (output.empty()) return print(lines, console.out);

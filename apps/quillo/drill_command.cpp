@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/quillo/output_guard.h"
 #include "apps/quillo/outputs.h"
 #include "framework/drill_tags.h"
 #include "framework/values/errors.h"
@@ -73,6 +74,7 @@ int printCards(const RecordTarget& target, const RunRequest& request, HostSessio
 }  // namespace
 
 int drillCommand(const std::string& tag, const std::string& by, RunRequest request, const Console& console) {
+    guardOutputs({request.company}, {request.output});
     ConsoleMessages messages(console);
     const auto session = openSession(request, messages);
     try {

@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "apps/quillo/company_commands.h"
+#include "apps/quillo/output_guard.h"
 #include "apps/quillo/outputs.h"
 #include "apps/quillo/session_arguments.h"
 #include "framework/values/errors.h"
@@ -201,6 +202,7 @@ std::unique_ptr<HostSession> openSession(const RunRequest& request, Messages& me
 }
 
 int runReportCommand(const RunRequest& request, const Console& console) {
+    guardOutputs({request.company}, {request.output, request.comparable, request.traceSql});
     return Run(request, console).go();
 }
 

@@ -75,7 +75,7 @@ TEST(AllReports, PrintOnTwoThreadsAsOneByOne) {
     std::vector<std::string> arguments = {"run", "--all", "-o", folder.path()};
     arguments.insert(arguments.end(), wish.begin(), wish.end());
     const auto outcome = program(arguments);
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_LE(outcome.status, 1) << outcome.err;
     const TemporaryFile alone(".pdf");
     std::size_t lines = 0;
     for (const char letter : outcome.out) lines += letter == '\n';
@@ -83,7 +83,8 @@ TEST(AllReports, PrintOnTwoThreadsAsOneByOne) {
     for (const std::string& member : writtenMembers()) {
         std::vector<std::string> one = {"run", member, "-o", alone.path()};
         one.insert(one.end(), wish.begin(), wish.end());
-        EXPECT_EQ(program(one).status, 0) << member;
+        const bool failed = program(one).status != 0;
+        EXPECT_EQ(outcome.err.find(member + ":\n") != std::string::npos, failed) << member << '\n' << outcome.err;
         const std::string bytes = bytesOf(folder.path() + "/" + member + ".pdf");
         EXPECT_EQ(bytes.substr(0, 5), "%PDF-") << member;
         EXPECT_TRUE(bytes == bytesOf(alone.path())) << member << " has other bytes alone";
@@ -93,7 +94,9 @@ TEST(AllReports, PrintOnTwoThreadsAsOneByOne) {
 }
 
 TEST(AllReports, TellWhichFailedAndRefuseWhatOneReportAloneTakes) {
-    const TestCompany company("DROP VIEW CustAgingPmtsDiscounts_View");
+    const TestCompany company(
+        "DROP VIEW CustAgingPmtsDiscounts_View; INSERT INTO GLAcct (InGLAcctId, GLAcctId) VALUES (1, '1100');"
+        "INSERT INTO AccountGroup VALUES ('CustGLAR', 1, 1)");
     const TemporaryFile folder("");
     const auto outcome =
         program({"run", "--all", "--company", company.path(), "-o", folder.path(), "--format", "json"});
@@ -115,6 +118,31 @@ TEST(AllReports, TellWhichFailedAndRefuseWhatOneReportAloneTakes) {
     EXPECT_EQ(refusal({"-o", folder.path(), "--where", "A = 1"}),
               "quillo: --all prints every report and takes no --where\n");
     EXPECT_EQ(program({"run", "--company", company.path()}).status, 2);
+}
+
+// By its name, another spelling, a link of either kind, and the files that the database keeps beside it.
+TEST_F(Program, WritesNothingOverWhatItReads) {
+    namespace fs = std::filesystem;
+    const std::string before = bytesOf(company.path());
+    const TemporaryFile symbolic(".db"), hard(".db"), twice(".pdf");
+    fs::create_symlink(company.path(), symbolic.path());
+    fs::create_hard_link(company.path(), hard.path());
+    const std::string spelled =
+        fs::path(company.path()).parent_path().string() + "/./" + fs::path(company.path()).filename().string();
+    for (const std::string& target : {company.path(), spelled, symbolic.path(), hard.path(), company.path() + "-wal",
+                                      company.path() + "-journal"}) {
+        for (const char* option : {"-o", "--trace-sql", "--comparable"}) {
+            const auto outcome = run({option, target, "--format", "json"});
+            EXPECT_EQ(outcome.status, 2) << option << ' ' << target;
+            EXPECT_NE(outcome.err.find(target + " would be written over "), std::string::npos) << outcome.err;
+        }
+        EXPECT_EQ(program({"drill", "CUS|1", "--company", company.path(), "--format", "pdf", "-o", target}).status, 2);
+        EXPECT_EQ(program({"compare", company.path(), company.path(), "-o", target}).status, 2);
+    }
+    EXPECT_TRUE(bytesOf(company.path()) == before);
+    EXPECT_EQ(run({"-o", twice.path(), "--trace-sql", twice.path()}).status, 2);
+    EXPECT_FALSE(fs::exists(twice.path()));
+    EXPECT_FALSE(fs::exists(company.path() + "-wal"));
 }
 
 TEST_F(Program, TracesWhatTheReportAsked) {
