@@ -10,7 +10,6 @@
 namespace quillo {
 namespace {
 
-constexpr int busyMilliseconds = 10000;  // a writer of the company file gets this long to finish
 constexpr int stepsBetweenLooks = 20000;
 
 int authorize(void*, int action, const char*, const char* name, const char*, const char*) {
@@ -59,7 +58,6 @@ SqliteConnection::SqliteConnection(const std::string& path) : database_(open(pat
     sqlite3* handle = database_.get();
     sqlite::registerFunctions(handle);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_busy_timeout(handle, busyMilliseconds);
     sqlite3_progress_handler(handle, stepsBetweenLooks, progress, this);
     sqlite3_set_authorizer(handle, authorize, nullptr);
 }

@@ -3,6 +3,8 @@
 namespace quillo::sqlite {
 namespace {
 
+constexpr int busyMilliseconds = 10000;  // a writer of the file gets this long to finish
+
 [[noreturn]] void fail(sqlite3* handle, int code) {
     throw Error(code, handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(code));
 }
@@ -32,6 +34,7 @@ Database::Database(const std::string& path, Open mode) {
     handle_.reset(handle);
     if (code != SQLITE_OK) fail(handle, code);
     registerCollation(handle);
+    sqlite3_busy_timeout(handle, busyMilliseconds);
 }
 
 void Database::execute(const char* sql) {
