@@ -13,7 +13,7 @@ namespace quillo {
 struct ReportTarget {
     std::string member;
     std::vector<std::pair<std::string, std::string>> properties{};
-    bool foreign = false;  // in the documents' own currency
+    bool foreign = false;      // in the documents' own currency
     std::string from{}, to{};  // ISO dates; empty: as the user asks
 };
 
@@ -34,8 +34,8 @@ enum class TillKey { user, register_ };
 using TillKeyOf = std::function<TillKey(std::string_view key)>;
 
 // Reads a tag: a kind word, "|" and a key; a bare key is a customer's, one with two days an item's consumption, bare
-// words are a salesperson's. till tells whose a key of the day end is. Throws InputError for a tag of no known kind, one
-// without a key, and one that leads out of the company (a web page, mail).
+// words are a salesperson's. till tells whose a key of the day end is. Throws InputError for a tag of no known kind,
+// one without a key, and one that leads out of the company (a web page, mail).
 DrillTarget readDrillTag(std::string_view tag, const TillKeyOf& till);
 
 }  // namespace quillo
