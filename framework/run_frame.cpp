@@ -62,11 +62,14 @@ bool ReportFrame::IReport_UseCurrency() {
 void ReportFrame::setDateCaption() {
     Label* caption = find<Label>("PageHeader", "lblDateFromDateTo");
     if (caption == nullptr) return;
-    if (m_dtDateFrom != noStartLimit && m_dtDateTo != noEndLimit) {
+    const bool closing = contract_.dateOptions == DateDisplay::closingDate;
+    if (m_dtDateTo == noEndLimit || (!closing && m_dtDateFrom == noStartLimit)) {
+        caption->Caption = GetText(1376);
+    } else if (closing) {
+        caption->Caption = GetText(1776) + " " + locale().shortDate(m_dtDateTo);
+    } else {
         caption->Caption = GetText(3013) + " " + locale().shortDate(m_dtDateFrom) + " " + GetText(3012) + " " +
                            locale().shortDate(m_dtDateTo);
-    } else {
-        caption->Caption = GetText(1376);
     }
 }
 

@@ -62,8 +62,8 @@ protected:
     // The title of a text: without the accelerator marks of the host's menus.
     static std::string withoutMarks(std::string text);
 
-    // "From ... to ..." into lblDateFromDateTo, or the text for no limit when either date is at its limit; nothing in a
-    // design without it.
+    // "From ... to ...", with a closing date alone "As of ...", into lblDateFromDateTo, or the text for no limit when
+    // one of these dates is at its limit; nothing in a design without it.
     void setDateCaption();
     // Takes the captions of the columns, and all else below the filter text, out of the page header; for use in
     // PageHeader_Format.

@@ -8,7 +8,7 @@
 namespace quillo {
 namespace {
 
-constexpr int periodText = 2899, otherText = 2369, asOf = 1776, noLimit = 1376;
+constexpr int periodText = 2899, otherText = 2369;
 constexpr std::size_t ownRows = 10, legendRows = 11;
 constexpr double thousand = 1000;
 
@@ -48,9 +48,7 @@ void dsrCustAgingGraphic::ActiveReport_ReportStart() {
                                                                    "", true, 0));
     if (m_list) STEP(m_list->setFilter("DocType <> 3 Or InvoiType <> 99 Or InInvoiId = NULL"));
     STEP(Translate());
-    const bool limited = m_dtDateTo != noEndLimit;
-    STEP(label("lblDateFromDateTo").Caption =
-             limited ? GetText(asOf) + " " + locale().shortDate(m_dtDateTo) : GetText(noLimit));
+    STEP(setDateCaption());
 }
 
 void dsrCustAgingGraphic::ActiveReport_FetchData(bool& eof) {

@@ -85,7 +85,7 @@ const Section* captionsOf(const Report& report) {
 }
 
 TEST_P(DesignRules, ARuleStandsUnderTheCaptions) {
-    if (report().dataControl() == nullptr) GTEST_SKIP() << "a letter has no columns";
+    if (report().dataControl() == nullptr) GTEST_SKIP() << "a letter or a graph has no columns";
     const Section* header = captionsOf(report());
     ASSERT_NE(header, nullptr) << "no captions";
     const float bottom = captionsBottom(*header);

@@ -238,6 +238,21 @@ TEST(AgeingGraph, ShowsTheAgesAndTheLargestCustomersOfEach) {
     }
 }
 
+// The label is hidden by design, since the page's frame tells the day; a host may show it.
+TEST(AgeingGraph, TellsItsDayAsTheOtherReportsByAgeDo) {
+    const TestCompany company(owed);
+    for (const char* member : {"CustAgingGraphic", "CustAgingDetail", "CustAgingSummary"}) {
+        const auto caption = [&](const char* to) {
+            const auto result = runReport(graph(company, member, to), [](Report& report) {
+                report.section("PageHeader").find("lblDateFromDateTo")->Visible = true;
+            });
+            return first(result.texts("lblDateFromDateTo"));
+        };
+        EXPECT_EQ(caption("2024-06-30"), "#1776 2024-06-30") << member;
+        EXPECT_EQ(caption(""), "#1376") << member;
+    }
+}
+
 TEST(AgeingGraph, WithoutAnythingOwedSaysSoOnEachPage) {
     const TestCompany company(
         "INSERT INTO Cust (InCustId, Name, ExCurrencyId) VALUES (10, 'Ash', 1);"
