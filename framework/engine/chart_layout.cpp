@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <ranges>
 #include <string>
 #include <vector>
 
@@ -13,7 +14,7 @@ namespace quillo {
 namespace {
 
 constexpr float gap = 80, keySize = 130, lineWidth = 10;  // twips
-constexpr float titlePoints = 10, textPoints = 7.5F;
+constexpr float titlePoints = 10, textPoints = 7.5F, leastPoints = 5.5F;
 constexpr Color gridColor{222, 222, 222}, axisColor{90, 90, 90}, white{255, 255, 255};
 constexpr std::string_view ellipsis = "…";
 
@@ -62,7 +63,9 @@ private:
     };
 
     float lineHeight() { return place_.measure.lineHeight(textStyle(Align::left)); }
-    float widthOf(std::string_view text) { return place_.measure.width(text, textStyle(Align::left)); }
+    float widthOf(std::string_view text, float points = textPoints) {
+        return place_.measure.width(text, textStyle(Align::left, points));
+    }
 
     void takeTitle(Room& room) {
         TextStyle style = textStyle(Align::center, titlePoints);
@@ -120,6 +123,7 @@ private:
         if (tellsValues) room.top += lineHeight();
         room.top += lineHeight() / 2;  // half of the highest tick's text
         slot_ = room.width() / static_cast<float>(points);
+        fitLabels(points, room.width() * plotShare / static_cast<float>(points));
         const float labels = labelHeight(points, room.width());
         room.bottom -= labels + gap;
         if (room.height() <= lineHeight()) return;
@@ -193,11 +197,21 @@ private:
                 {middle - slot_ / 2, top, middle + slot_ / 2, top + lineHeight()});
     }
 
+    // A word that is a little too long for its slot makes all labels smaller; the names of the months fit so.
+    void fitLabels(std::size_t points, float slot) {
+        float widest = 0;
+        for (std::size_t i = 0; i < points; ++i)
+            for (const auto word : std::views::split(labelOf(i), ' '))
+                widest = std::max(widest, widthOf({word.begin(), word.end()}));
+        const float fitting = widest > 0 ? textPoints * (slot - gap) / widest : textPoints;
+        labelPoints_ = fitting < leastPoints ? textPoints : std::min(fitting, textPoints);
+    }
+
     // Labels that do not fit beside one another are broken into lines, or where that is too narrow for words only every
     // second, third ... stands.
     float widestLabel(std::size_t points) {
         float width = 0;
-        for (std::size_t i = 0; i < points; ++i) width = std::max(width, widthOf(labelOf(i)));
+        for (std::size_t i = 0; i < points; ++i) width = std::max(width, widthOf(labelOf(i), labelPoints_));
         return width + gap;
     }
 
@@ -227,11 +241,12 @@ private:
         const std::size_t step = labelStep(points, slot_);
         float free = 0;  // where the next label may begin
         for (std::size_t i = 0; i < points; i += step) {
-            const float width = std::min(widthOf(labelOf(i)), place_.width);
+            const float width = std::min(widthOf(labelOf(i), labelPoints_), place_.width);
             const float middle = room.left + slot_ * (static_cast<float>(i) + 0.5F);
             const float left = std::clamp(middle - width / 2, 0.0F, place_.width - width);
             if (left < free) continue;
-            addText("Label", labelOf(i), textStyle(Align::center), {left, room.top, left + width, room.bottom});
+            addText("Label", labelOf(i), textStyle(Align::center, labelPoints_),
+                    {left, room.top, left + width, room.bottom});
             free = left + width + gap / 2;
         }
     }
@@ -242,14 +257,15 @@ private:
             const float left = room.left + slot_ * static_cast<float>(i) + gap / 2;
             float top = room.top;
             for (const std::string& line : labelLines(labelOf(i), width)) {
-                addText("Label", line, textStyle(Align::center), {left, top, left + width, top + lineHeight()});
+                addText("Label", line, textStyle(Align::center, labelPoints_),
+                        {left, top, left + width, top + lineHeight()});
                 top += lineHeight();
             }
         }
     }
 
     std::vector<std::string> labelLines(const std::string& label, float width) {
-        TextStyle style = textStyle(Align::center);
+        TextStyle style = textStyle(Align::center, labelPoints_);
         style.wrap = true;
         std::vector<std::uint32_t> starts;
         place_.measure.breakLines(label, style, width, starts);
@@ -363,6 +379,7 @@ private:
     const ChartPlace& place_;
     std::vector<PlacedControl> controls_;
     float slot_ = 0;  // the width that a point has
+    float labelPoints_ = textPoints;
 };
 
 }  // namespace

@@ -15,6 +15,23 @@ namespace {
 using std::string;
 using std::vector;
 
+// A letter is 100 twips wide at the size of a chart's texts.
+class LetterMeasure final : public TextMeasure {
+public:
+    float lineHeight(const TextStyle&) override { return 200; }
+    float width(std::string_view text, const TextStyle& style) override {
+        return letter(style) * static_cast<float>(text.size());
+    }
+    void breakLines(std::string_view text, const TextStyle& style, float width,
+                    vector<std::uint32_t>& starts) override {
+        const auto letters = std::max<std::size_t>(1, static_cast<std::size_t>(width / letter(style)));
+        for (std::size_t at = 0; at < text.size(); at += letters) starts.push_back(static_cast<std::uint32_t>(at));
+    }
+
+private:
+    static float letter(const TextStyle& style) { return style.size * 100 / 7.5F; }
+};
+
 // A chart laid out in a box, its items by name.
 class Charted {
 public:
@@ -60,7 +77,7 @@ private:
 
     RunNames names_;
     Arena arena_;
-    FixedMeasure measure_;
+    LetterMeasure measure_;
     LocaleFormat locale_;
     float width_, height_;
     PlacedSection section_;
@@ -155,6 +172,17 @@ TEST(Chart, LongNamesAreBrokenIntoLinesAndCut) {
     ASSERT_EQ(lines.size(), 18U) << "three lines each";
     EXPECT_TRUE(lines[0].starts_with("one two")) << lines[0];
     EXPECT_TRUE(lines[2].ends_with("…")) << lines[2];
+}
+
+TEST(Chart, AWordThatIsALittleTooLongIsSetSmallerAndNotBroken) {
+    const ChartData chart = bars({vector<double>(12, 1)}, "Septemb");  // 9 letters at most, 8 have room
+    const Charted narrow(chart, 11500), wide(chart, 13500);
+    const auto labels = narrow.items("Label");
+    ASSERT_EQ(labels.size(), 12U);
+    EXPECT_EQ(labels[11].text, "Septemb12");
+    EXPECT_LT(labels[0].style->size, 7.5F);
+    EXPECT_EQ(labels[0].style->size, labels[11].style->size) << "all alike";
+    EXPECT_EQ(wide.items("Label")[0].style->size, 7.5F) << "as large as there is room for";
 }
 
 TEST(Chart, APieSharesTheCircle) {
