@@ -37,10 +37,11 @@ constexpr std::string_view sectionKeys[] = {
     "name",     "kind",      "height",       "visible",      "keepTogether",
     "newPage",  "dataField", "repeat",       "underlayNext", "groupKeepTogether",
     "bookmark", "fill",      "onlyWithRows", "controls"};
-constexpr std::string_view controlKeys[] = {
-    "kind",      "name",      "left",  "top",     "width",   "height",  "tag",  "caption",      "text",
-    "dataField", "format",    "style", "align",   "canGrow", "visible", "x1",   "y1",           "x2",
-    "y2",        "lineWidth", "fill",  "enabled", "sum",     "running", "link", "onlyInRepeats"};
+constexpr std::string_view controlKeys[] = {"kind",  "name",          "left",        "top",       "width",  "height",
+                                            "tag",   "caption",       "text",        "dataField", "format", "style",
+                                            "align", "canGrow",       "visible",     "x1",        "y1",     "x2",
+                                            "y2",    "lineWidth",     "fill",        "enabled",   "sum",    "running",
+                                            "link",  "onlyInRepeats", "notInRepeats"};
 constexpr DesignKeys allKeys[] = {{"design", designRootKeys},
                                   {"page", pageKeys},
                                   {"style", styleKeys},
@@ -222,10 +223,11 @@ private:
         const bool groupHeader = kind == SectionKind::groupHeader;
         if (!groupHeader && (section.UnderlayNext || section.GrpKeepTogether != GroupKeep::none))
             here.fail("only a group header can be underlaid or keep its group together");
-        const bool marks = std::any_of(section.controls.begin(), section.controls.end(),
-                                       [](const auto& control) { return control->OnlyInRepeats; });
+        const bool marks = std::any_of(section.controls.begin(), section.controls.end(), [](const auto& control) {
+            return control->OnlyInRepeats || control->info.notInRepeats;
+        });
         if (marks && !(groupHeader && section.Repeat))
-            here.fail("only a group header that repeats has controls for its repeats");
+            here.fail("only a group header that repeats tells controls of its repeats");
         if (section.Repeat && !groupHeader && kind != SectionKind::reportHeader) here.fail("only headers repeat");
         const bool breaks = std::any_of(section.controls.begin(), section.controls.end(),
                                         [](const auto& control) { return control->kind() == ControlKind::pageBreak; });
@@ -246,6 +248,7 @@ private:
         keys.number("height", control->Height);
         keys.boolean("visible", control->Visible);
         keys.boolean("onlyInRepeats", control->OnlyInRepeats);
+        keys.boolean("notInRepeats", control->info.notInRepeats);
         keys.text("tag", control->Tag);
         keys.text("link", control->LinkField);
         checkExpression(control->LinkField, here);

@@ -75,6 +75,7 @@ struct SectionInfo {
 struct ControlInfo {
     std::string name;
     ControlKind kind = ControlKind::label;
+    bool notInRepeats = false;   // of a repeating group header: prints where the header stands first, and only there
     bool thenPageCount = false;  // behind its text stands the number of pages, where the output knows it in the end
 };
 

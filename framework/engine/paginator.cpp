@@ -149,11 +149,28 @@ void Paginator::keepMarks(const Section& section, const LaidOut& laid) {
     }
 }
 
+// A header without what stands only in its first print, nor the room below the rest that this took.
+PlacedSection Paginator::asRepeat(const PlacedSection& print, Arena& arena) {
+    PlacedSection again = copySection(print, arena);
+    std::vector<PlacedControl> controls;
+    float bottom = 0, bottomOfRest = 0;
+    for (const PlacedControl& control : again.controls) {
+        bottom = std::max(bottom, control.top + control.height);
+        if (control.info->notInRepeats) continue;
+        bottomOfRest = std::max(bottomOfRest, control.top + control.height);
+        controls.push_back(control);
+    }
+    if (controls.size() == again.controls.size()) return again;
+    again.height -= bottom - bottomOfRest;
+    again.controls = arena.keep(controls);
+    return again;
+}
+
 // What printed on the page that closes is kept for those that follow.
 void Paginator::keepHeadings() {
     for (Repeated& group : repeated_) {
         if (!group.at || group.print) continue;
-        group.print = copySection(current_->sections[*group.at], *group.arena);
+        group.print = asRepeat(current_->sections[*group.at], *group.arena);
     }
 }
 
@@ -161,7 +178,7 @@ void Paginator::keepHeadings() {
 void Paginator::keepTorn(const Section& section, const PlacedSection& piece) {
     for (Repeated& group : repeated_) {
         if (group.header != &section || group.print || group.endedAt || piece.continued) continue;
-        group.print = copySection(piece, *group.arena);
+        group.print = asRepeat(piece, *group.arena);
         group.torn = true;
     }
 }

@@ -105,6 +105,7 @@ private:
     void dropPage();
     void keepHeadings();
     void keepMarks(const Section& section, const LaidOut& laid);
+    static PlacedSection asRepeat(const PlacedSection& print, Arena& arena);
     PlacedSection repeatOf(const Repeated& group);
     void keepTorn(const Section& section, const PlacedSection& piece);
     void mend(const Section& section);

@@ -139,6 +139,17 @@ TEST(Engine, AMarkOfARepeatedHeaderStandsOnlyWhereTheHeaderStandsAgain) {
     EXPECT_THROW(bench.report(design(header("") + rest)), InputError) << "a header that does not repeat";
 }
 
+TEST(Engine, WhatIsNotInRepeatsLeavesItsRoomToTheRows) {
+    Bench bench;
+    const std::string forward =
+        R"(,{"kind": "Label", "name": "f", "top": 600, "height": 300, "caption": "forward", "notInRepeats": true})";
+    auto report = bench.report(design(
+        section("gh", "groupHeader", 900, bound("g", "G") + forward, R"("dataField": "G", "repeat": true)") + "," +
+        section("Detail", "detail", 600, bound("v", "V") + "," + dataControl) + "," + section("gf", "groupFooter", 0)));
+    report->dataControl()->Recordset = Bench::rows({"G", "V"}, {{"a", 1}, {"a", 2}, {"a", 3}, {"a", 4}});
+    EXPECT_EQ(bench.run(*report), "-- 1\ngh a forward\nDetail 1\n-- 2\ngh a\nDetail 2\nDetail 3\nDetail 4\n");
+}
+
 TEST(Engine, AGroupKeptTogetherMovesWholeAndIsSplitWhenNoPageHoldsIt) {
     Bench bench;
     const std::string text =
