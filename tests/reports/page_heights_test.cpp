@@ -45,18 +45,39 @@ std::string difference(const Told& told, const Told& again) {
     return told.size() == again.size() ? "" : "another control prints";
 }
 
+bool isChart(const PlacedSection& section) {
+    return std::ranges::any_of(section.controls,
+                               [](const auto& item) { return item.info->kind == ControlKind::chart; });
+}
+
+// A heading stands above the first row of what it heads, on the same page.
+void expectNoHeadingAlone(const std::vector<std::shared_ptr<const Page>>& pages) {
+    const PlacedSection* before = nullptr;
+    int on = 0;
+    for (const auto& page : pages)
+        for (const PlacedSection& section : page->sections) {
+            if (!test::isBody(section)) continue;
+            const bool heads = before != nullptr && before->info->kind == SectionKind::groupHeader && !isChart(*before);
+            if (heads && test::showsAny(*before) && section.info->kind == SectionKind::detail && on != page->number)
+                ADD_FAILURE() << before->info->name << " stands alone at the end of page " << on;
+            before = &section, on = page->number;
+        }
+}
+
 struct Paper {
     const char* name;
     float height;  // twips
 };
 constexpr float halfLetter = 7920;
-constexpr Paper papers[] = {{"half a page", halfLetter}, {"a page without end", 1000000}};
+constexpr Paper papers[] = {
+    {"half a page", halfLetter}, {"a little more", halfLetter + 500}, {"a page without end", 1000000}};
 
 test::ReportResult runOn(test::ReportRun run, float pageHeight) {
     run.pageHeight = pageHeight;
     const auto result = test::runReport(run);
     EXPECT_EQ(result.boxes, std::vector<std::string>{});
     for (const auto& page : result.kept.pages) EXPECT_TRUE(test::hasContent(*page)) << "page " << page->number;
+    expectNoHeadingAlone(result.kept.pages);
     return result;
 }
 
