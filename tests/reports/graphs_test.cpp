@@ -180,6 +180,21 @@ TEST(SalesGraphs, CompareCalendarMonths) {
     const auto last = runReport(graph(company, "SalesJournalCompGraphMonths", "9999-12-31"));
     EXPECT_EQ(last.boxes, Texts{});
     EXPECT_EQ(first(last.links("txtCurrYear12")), "9999-12-01|9999-12-31");
+    for (int month = 1; month <= 12; ++month) {
+        const std::string number = std::to_string(month);
+        const PlacedControl& name = *controlsOf(last, "Label" + number).at(0);
+        EXPECT_NEAR(name.top, 6840 + (month - 1) * (10515 - 6840) / 11.0, 1) << "rows of one step";
+        for (const auto& [cell, caption] : {std::pair{"txtLastYear", "lblLastYear"},
+                                            {"txtCurrYear", "lblCurrYear"},
+                                            {"txtDiffDol", "Label16"},
+                                            {"txtDiffPer", "Label17"}}) {
+            const PlacedControl &amount = *controlsOf(last, cell + number).at(0),
+                                &head = *controlsOf(last, caption).at(0);
+            EXPECT_EQ(amount.top, name.top) << cell << number;
+            EXPECT_EQ(amount.left + amount.width, head.left + head.width) << cell << number;
+            EXPECT_EQ(amount.style->align, Align::right) << cell << number;
+        }
+    }
 }
 
 // On 30 June 2024: in the first column twelve customers from 10 to 120 and one with 40 to his credit; in the second
