@@ -41,7 +41,7 @@ constexpr std::string_view controlKeys[] = {"kind",  "name",          "left",   
                                             "tag",   "caption",       "text",        "dataField", "format", "style",
                                             "align", "canGrow",       "visible",     "x1",        "y1",     "x2",
                                             "y2",    "lineWidth",     "fill",        "enabled",   "sum",    "running",
-                                            "link",  "onlyInRepeats", "notInRepeats"};
+                                            "link",  "onlyInRepeats", "notInRepeats", "mostLines", "optionalColumn"};
 constexpr DesignKeys allKeys[] = {{"design", designRootKeys},
                                   {"page", pageKeys},
                                   {"style", styleKeys},
@@ -278,6 +278,10 @@ private:
         control.Style.edit().align = keys.choice<Align>("align", alignNames, found->second.align);
         keys.boolean("canGrow", control.CanGrow);
         if (control.CanGrow) control.Style.edit().wrap = true;
+        float lines = 0;
+        keys.number("mostLines", lines);
+        if (lines < 0 || lines != std::floor(lines)) here.fail("\"mostLines\" is a number of lines");
+        control.MostLines = static_cast<std::size_t>(lines);
     }
 
     std::unique_ptr<Control> make(const Keys& keys, const Place& here, SectionKind sectionKind) const {
@@ -330,6 +334,7 @@ private:
         readText(*field, keys, here);
         keys.text("text", field->Text);
         keys.text("dataField", field->DataField);
+        keys.boolean("optionalColumn", field->OptionalColumn);
         try {
             field->Format = NumberFormat::compile(keys.text("format"));
         } catch (const InputError& error) {
