@@ -165,7 +165,7 @@ void BandRun::compile(const Section& section, FieldNotes& notes) {
 
 // A column that the rows lack prints empty, which a reader would take for its value: told once a run.
 void BandRun::tellMissing(const Section& section, const Control& control, const Expression& bound) {
-    if (rows_ == nullptr && report_.dataControl() != nullptr) return;  // told already why there are no rows
+    if (rows_ == nullptr && !report_.fetchData) return;  // there is no result that could lack it
     for (const Expression::Part& part : bound.parts()) {
         if (!part.isColumn || findColumn(part.text) != missingColumn) continue;
         const std::string place = section.Name() + "_Format, field " + control.Name();

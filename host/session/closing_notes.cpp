@@ -22,11 +22,9 @@ std::vector<Note> notesOf(HostSession& session, TextMeasure& measure) {
     const auto add = [&](std::string text) { notes.push_back({failure.title, failure.lead, std::move(text)}); };
     for (const auto& [text, times] : log.entries()) {
         add(times == 1 ? text
-                       : text + " " +
-                             withArguments(session.GetText(HostText::failureTimes), {std::to_string(times)}));
+                       : text + " " + withArguments(session.GetText(HostText::failureTimes), {std::to_string(times)}));
     }
-    if (log.others() > 0)
-        add(withArguments(session.GetText(HostText::moreFailures), {std::to_string(log.others())}));
+    if (log.others() > 0) add(withArguments(session.GetText(HostText::moreFailures), {std::to_string(log.others())}));
     return notes;
 }
 

@@ -504,7 +504,9 @@ TEST(Engine, AGroupOverAColumnThatIsNotThereShowsABox) {
     report->dataControl()->Recordset = Bench::rows({"Outer", "Amount"}, {{"A", 1}, {"B", 2}});
     bench.run(*report);
     EXPECT_EQ(bench.host.boxes,
-              std::vector<std::string>{"There is no column \"Inner\" to group by\r\nin Quillo.Sample.ghInner_Format"});
+              (std::vector<std::string>{
+                  "There is no column \"Inner\" to group by\r\nin Quillo.Sample.ghInner_Format",
+                  "There is no column \"Inner\" to show\r\nin Quillo.Sample.gfInner_Format, field innerLast"}));
 }
 
 TEST(Engine, FetchDataBesideARecordsetIsToldOfEachRowAndOfTheEnd) {

@@ -75,7 +75,7 @@ TEST(ClosingNotes, ALongFilterTakesThreeLinesOfEachPageAndStandsWholeBehindTheLa
     const auto cut = result.texts("lblFilter");
     ASSERT_GT(cut.size(), 3U);
     for (const std::string& text : cut) {
-        EXPECT_TRUE(text.starts_with("Terms one of T1, T2, T3,") && text.ends_with(",\xE2\x80\xA6")) << text;
+        EXPECT_TRUE(text.starts_with("Code one of T1, T2, T3,") && text.ends_with(",\xE2\x80\xA6")) << text;
         EXPECT_LT(text.size(), 600U);
     }
     EXPECT_EQ(first(result.texts("fldTitle")), "The whole filter");
