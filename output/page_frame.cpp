@@ -40,7 +40,7 @@ const TextStyle ruleStyle = styleOf(9, false, Align::left, VerticalAlign::top, i
 PlacedControl textControl(Page& page, std::string_view name, std::string_view text, const TextStyle& style,
                           bool thenPageCount = false) {
     PlacedControl control;
-    control.info = page.names->control({std::string(name), ControlKind::label, thenPageCount});
+    control.info = page.names->control({.name = std::string(name), .thenPageCount = thenPageCount});
     control.style = page.names->style(style);
     control.text = page.arena.text(text);
     return control;
