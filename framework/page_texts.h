@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace quillo {
@@ -12,6 +13,9 @@ struct PageFrameTexts {
     std::string pageWord;   // "Page", before the number
     std::string ofWord{};   // "of", before the number of pages; empty where the output cannot tell it
     std::string period{};   // the dates that the report covers, below the company; may be empty
+    // Stands below each page that is finished when failed() says that the report has failures; without it nowhere.
+    std::string failureNote{};
+    std::function<bool()> failed{};
 };
 
 }  // namespace quillo

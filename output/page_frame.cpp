@@ -17,6 +17,7 @@ constexpr float textGap = 70;  // between a text and its rule
 
 constexpr Color ink{32, 48, 71};
 constexpr Color softInk{96, 105, 117};
+constexpr Color alarm{176, 32, 32};
 
 TextStyle styleOf(float size, bool bold, Align align, VerticalAlign verticalAlign, Color color) {
     TextStyle style;
@@ -33,12 +34,13 @@ const TextStyle titleStyle = styleOf(16, true, Align::right, VerticalAlign::bott
 const TextStyle periodStyle = styleOf(8, false, Align::left, VerticalAlign::top, softInk);
 const TextStyle numberStyle = periodStyle;
 const TextStyle dateStyle = styleOf(8, false, Align::right, VerticalAlign::top, softInk);
+const TextStyle failureStyle = styleOf(8, true, Align::center, VerticalAlign::top, alarm);
 const TextStyle ruleStyle = styleOf(9, false, Align::left, VerticalAlign::top, ink);
 
 PlacedControl textControl(Page& page, std::string_view name, std::string_view text, const TextStyle& style,
                           bool thenPageCount = false) {
     PlacedControl control;
-    control.info = page.names->control({std::string(name), ControlKind::label, thenPageCount});
+    control.info = page.names->control({.name = std::string(name), .thenPageCount = thenPageCount});
     control.style = page.names->style(style);
     control.text = page.arena.text(text);
     return control;
@@ -109,12 +111,17 @@ PlacedSection PageFrame::bottom(Page& page) const {
     PlacedControl number =
         textControl(page, "lblFramePage", counted ? words + " " + texts_.ofWord : words, numberStyle, counted);
     PlacedControl date = textControl(page, "lblFrameDate", texts_.printedOn, dateStyle);
-    date.top = number.top = textGap;
-    date.height = number.height = bottomHeight - textGap;
-    number.width = date.left = date.width = setup.printableWidth() / 2;
+    const bool failed = texts_.failed && texts_.failed();
+    PlacedControl failure =
+        textControl(page, "lblFrameFailures", failed ? texts_.failureNote : std::string_view(), failureStyle);
+    date.top = number.top = failure.top = textGap;
+    date.height = number.height = failure.height = bottomHeight - textGap;
+    date.width = number.width = failure.left = setup.printableWidth() / 4;
+    failure.width = setup.printableWidth() / 2;
+    date.left = failure.left + failure.width;
     const float start = std::min(setup.height - setup.bottomMargin + bottomGap, setup.height - edge - bottomHeight);
     return frameSection(page, SectionKind::pageFooter, "FrameBottom", start, bottomHeight,
-                        {rule(page, 0), number, date});
+                        {rule(page, 0), number, failure, date});
 }
 
 }  // namespace quillo

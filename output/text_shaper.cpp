@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::size_t keptWords = 64 * 1024;
 constexpr std::size_t longestKeptWord = 128;
+// Bytes that HarfBuzz gets at once: its time grows with their square where they are marks. No word that is read comes
+// near; a longer run is cut before a character that stands for itself, or anywhere in the end.
+constexpr std::size_t longRun = 256, longestRun = 320;
 
 // The ranges of simple characters, each with the slot at which it begins: letters, digits and signs
 // that stand for themselves, without marks that combine and characters that only steer.
@@ -189,8 +192,11 @@ void TextShaper::reportMissing(char32_t character, const Face& wanted) {
 
 const ShapedText& TextShaper::word(std::string_view word, const Face& face) {
     if (word.size() > longestKeptWord) {
+        if (longWordKey_.face == face.id() && longWordKey_.word == word) return longWord_;
+        longWordKey_ = {};  // shaping may fail
         longWord_.clear();
         shapeWord(word, face, longWord_);
+        longWordKey_ = {face.id(), std::string(word)};
         return longWord_;
     }
     const auto found = words_.find(WordKey{face.id(), word});
@@ -205,11 +211,12 @@ void TextShaper::shapeWord(std::string_view word, const Face& face, ShapedText& 
     const Face* runFace = nullptr;
     std::size_t runStart = 0;
     for (std::size_t pos = 0; pos < word.size();) {
-        const std::size_t from = pos;
+        const std::size_t from = pos, length = from - runStart;
         const char32_t character = nextCharacter(word, pos);
-        if (isControl(character) || (runFace && joinsTheOneBefore(character))) continue;
-        const Face& charFace = faceFor(character, face);
-        if (runFace && runFace != &charFace) {
+        const bool joins = isControl(character) || (runFace && joinsTheOneBefore(character));
+        if (joins && (length < longestRun || !runFace)) continue;
+        const Face& charFace = joins ? *runFace : faceFor(character, face);
+        if (runFace && (runFace != &charFace || length >= longRun)) {
             shapeRun(word, runStart, from, *runFace, out);
             runStart = from;
         }

@@ -122,7 +122,8 @@ private:
     std::map<std::pair<std::uint32_t, char32_t>, const Face*> fallbacks_;  // by the wanted face's id and the character
     std::set<char32_t> reported_;
     std::unordered_map<OwnWordKey, ShapedText, WordHash, WordEqual> words_;
-    ShapedText longWord_;
+    ShapedText longWord_;  // the last one: rows repeat it
+    OwnWordKey longWordKey_{};
     Handle<hb_buffer_t, hb_buffer_destroy> buffer_;
 };
 

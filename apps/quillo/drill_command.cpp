@@ -8,6 +8,7 @@
 #include "framework/values/errors.h"
 #include "host/drill/drill_target.h"
 #include "host/drill/record_card.h"
+#include "host/session/closing_notes.h"
 #include "host/session/report_job.h"
 #include "output/font_measure.h"
 #include "output/shaper.h"
@@ -42,7 +43,7 @@ void checkSalesPerson(const ReportTarget& report, HostSession& session) {
             throw InputError("The company has no documents of a salesperson \"" + name + "\"");
 }
 
-OutputRequest outputRequest(const RunRequest& request, const HostSession& session, const std::string& title,
+OutputRequest outputRequest(const RunRequest& request, HostSession& session, const std::string& title,
                             const ConsoleMessages& messages) {
     OutputRequest output;
     output.format = request.format;
@@ -54,6 +55,7 @@ OutputRequest outputRequest(const RunRequest& request, const HostSession& sessio
     output.frame = frameTexts(session, title);
     output.sessionDate = session.SessionDate();
     output.failures = [&messages] { return messages.shown(); };
+    output.strict = request.strict;
     output.missing = [](const std::string&) {};  // a box stands for it, and can be seen
     return output;
 }
@@ -67,8 +69,10 @@ int printCards(const RecordTarget& target, const RunRequest& request, HostSessio
     const auto sink = openOutput(output, console, measure);
     RunOptions options;
     options.maxPages = request.maxPages;
-    runReport(*report, *sink, measure, options);
-    return messages.shown().empty() ? ExitStatus::done : ExitStatus::failures;
+    runWithNotes(*report, session, *sink, measure, options);
+    if (messages.shown().empty()) return ExitStatus::done;
+    if (request.strict) console.complain(nothingWritten);
+    return ExitStatus::failures;
 }
 
 }  // namespace

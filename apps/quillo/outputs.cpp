@@ -13,10 +13,42 @@
 namespace quillo::app {
 namespace {
 
+// Leaves the output unfinished, and so unwritten, when the run has shown failures.
+class StrictSink final : public PageSink {
+public:
+    StrictSink(std::unique_ptr<PageSink> inner, std::function<std::vector<std::string>()> failures)
+        : inner_(std::move(inner)), failures_(std::move(failures)) {}
+    void page(const Page& page) override { inner_->page(page); }
+    std::unique_ptr<Page> take(std::unique_ptr<Page> handed) override { return inner_->take(std::move(handed)); }
+    void finish() override {
+        if (failures_().empty()) inner_->finish();
+    }
+
+private:
+    std::unique_ptr<PageSink> inner_;
+    std::function<std::vector<std::string>()> failures_;
+};
+
+// A stream that gets its bytes all at once, in the end.
+class HeldStream final : public Output {
+public:
+    explicit HeldStream(std::ostream& stream) : stream_(stream) {}
+    void write(std::string_view bytes) override { held_ += bytes; }
+    void finish() override {
+        stream_.write(held_);
+        stream_.finish();
+    }
+
+private:
+    OutputStream stream_;
+    std::string held_;
+};
+
 constexpr std::string_view known[] = {"pdf", "png", "json"};
 constexpr std::string_view toCome[] = {"svg", "html", "csv", "xlsx"};
 
 std::unique_ptr<Output> fileOrStream(const OutputRequest& request, const Console& console) {
+    if (request.path.empty() && request.strict) return std::make_unique<HeldStream>(console.out);
     if (request.path.empty()) return std::make_unique<OutputStream>(console.out);
     return std::make_unique<OutputFile>(request.path);
 }
@@ -55,6 +87,7 @@ std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console
     const std::string format = formatOf(request);
     try {
         auto sink = openFormat(format, request, console);
+        if (request.strict) sink = std::make_unique<StrictSink>(std::move(sink), request.failures);
         if (!request.path.empty()) sink = std::make_unique<QueuedSink>(std::move(sink));
         if (format == "json") return sink;
         PageFrameTexts frame = request.frame;

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "apps/quillo/console.h"
@@ -23,8 +24,12 @@ struct OutputRequest {
     PageFrameTexts frame;
     Date sessionDate;
     std::function<std::vector<std::string>()> failures;
+    bool strict = false;       // a run that showed failures leaves the file as it was
     MissingCharacter missing;  // called on the output's own thread, until the sink has ended
 };
+
+// What a strict run with failures says in its end.
+inline constexpr std::string_view nothingWritten = "nothing was written, since the report has failures";
 
 // The format that the request comes to. Throws UsageError for one that is unknown, not there yet, or needs a file.
 std::string formatOf(const OutputRequest& request);

@@ -49,6 +49,7 @@ void addPrintOptions(CLI::App& run, RunRequest& request) {
     run.add_option("--resolution", request.resolution, "Dots to the inch of a PNG")->check(CLI::Range(20.0, 1200.0));
     addPairs(run, "--setting", request.settings, "A numbered company setting for this run: 104=0");
     addPairs(run, "--parameter", request.parameters, "A company parameter for this run: UseAccountNumbers=False");
+    run.add_flag("--strict", request.strict, "Write nothing where the report shows failures");
     run.add_option("--max-pages", request.maxPages, "Stop a run that gives more pages")->check(CLI::Range(1, 10000000));
 }
 

@@ -131,7 +131,8 @@ private:
         output.title = output.frame.title;
         output.language = session_->language().code();
         output.sessionDate = session_->SessionDate();
-        output.failures = [this] { return messages_.shown(); };
+        output.failures = [this] { return failures(); };
+        output.strict = request_.strict;
         output.missing = [this](const std::string& failure) { missing_.push_back(failure); };
         return output;
     }
@@ -144,8 +145,20 @@ private:
             console_.complain("stopped; nothing was written");
             return ExitStatus::failures;
         }
-        writeComparable();
-        return messages_.shown().empty() ? ExitStatus::done : ExitStatus::failures;
+        const bool failed = !messages_.shown().empty();
+        if (failed && request_.strict) {
+            console_.complain(nothingWritten);
+        } else {
+            writeComparable();
+        }
+        return failed ? ExitStatus::failures : ExitStatus::done;
+    }
+
+    // Those of the output's own thread are known when it has ended.
+    std::vector<std::string> failures() const {
+        std::vector<std::string> all = messages_.shown();
+        all.insert(all.end(), missing_.begin(), missing_.end());
+        return all;
     }
 
     // Opened ahead of the run, which may be long.

@@ -37,6 +37,7 @@ struct RunRequest {
     std::string output;
     std::string traceSql;
     std::string comparable;
+    bool strict = false;  // failures leave no file behind
     NamedValues settings;
     NamedValues parameters;
     int maxPages = 100000;

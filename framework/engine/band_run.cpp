@@ -155,10 +155,23 @@ void BandRun::takeRecordset() {
     for (Group& group : groups_) group.expression = Expression::compile(group.header->DataField);
 }
 
-void BandRun::compile(FieldNotes& notes) const {
-    if (notes.source == notes.field->DataField) return;
-    notes.expression = Expression::compile(notes.field->DataField);
-    notes.source = notes.field->DataField;
+void BandRun::compile(const Section& section, FieldNotes& notes) {
+    const Field& field = *notes.field;
+    if (notes.source == field.DataField) return;
+    notes.expression = Expression::compile(field.DataField);
+    notes.source = field.DataField;
+    if (!field.OptionalColumn) tellMissing(section, field, notes.expression);
+}
+
+// A column that the rows lack prints empty, which a reader would take for its value: told once a run.
+void BandRun::tellMissing(const Section& section, const Control& control, const Expression& bound) {
+    if (rows_ == nullptr && !report_.fetchData) return;  // there is no result that could lack it
+    for (const Expression::Part& part : bound.parts()) {
+        if (!part.isColumn || findColumn(part.text) != missingColumn) continue;
+        const std::string place = section.Name() + "_Format, field " + control.Name();
+        if (state_.missingColumns.insert(report_.name() + '.' + place + ": " + part.text).second)
+            report_.showFailure("There is no column \"" + part.text + "\" to show", place, 0);
+    }
 }
 
 int BandRun::findColumn(std::string_view name) const {
@@ -203,19 +216,20 @@ void BandRun::fill(const Section& section) {
         guardedField(report_, section, *notes.control, [&] { fillLink(section, notes); });
 }
 
-std::string BandRun::tagOf(LinkNotes& notes) {
+std::string BandRun::tagOf(const Section& section, LinkNotes& notes) {
     if (notes.source.empty()) {
         notes.expression = Expression::compile(notes.control->LinkField);
         notes.source = notes.control->LinkField;
+        tellMissing(section, *notes.control, notes.expression);
     }
     return valueOf(notes.expression, joined_).textOrEmpty();
 }
 
 void BandRun::fillLink(const Section& section, LinkNotes& notes) {
     if (section.kind() == SectionKind::detail) {
-        notes.control->Hyperlink = tagOf(notes);
+        notes.control->Hyperlink = tagOf(section, notes);
     } else {
-        if (!isFooterKind(section.kind()) && live_) notes.shown = tagOf(notes);
+        if (!isFooterKind(section.kind()) && live_) notes.shown = tagOf(section, notes);
         notes.control->Hyperlink = notes.shown;
     }
 }
@@ -227,7 +241,7 @@ void BandRun::fillField(const Section& section, FieldNotes& notes) {
         notes.shown = notes.sum.exact ? Variant(notes.sum.money) : Variant(notes.sum.real);
         return show(notes);
     }
-    compile(notes);
+    compile(section, notes);
     if (section.kind() == SectionKind::detail)
         return field.Format.append(field.Text, valueOf(notes.expression, joined_), report_.context().locale());
     if (!isFooterKind(section.kind()) && live_) notes.shown = valueOf(notes.expression, joined_);
@@ -237,14 +251,14 @@ void BandRun::fillField(const Section& section, FieldNotes& notes) {
 // Footers print when the recordset has moved on: what they show of a row is kept here.
 void BandRun::capture() {
     for (const auto& [section, notes] : captured_) {
-        guardedField(report_, *section, *notes->field, [&, kept = notes] {
-            compile(*kept);
+        guardedField(report_, *section, *notes->field, [&, section = section, kept = notes] {
+            compile(*section, *kept);
             kept->shown = valueOf(kept->expression, joined_);
         });
     }
     for (const Section* section : linked_)
         for (LinkNotes& notes : notes_->of(*section).links)
-            guardedField(report_, *section, *notes.control, [&] { notes.shown = tagOf(notes); });
+            guardedField(report_, *section, *notes.control, [&] { notes.shown = tagOf(*section, notes); });
 }
 
 bool BandRun::formats(Section& section) {
@@ -375,12 +389,12 @@ void BandRun::close(std::size_t from) {
 void BandRun::addToSums() {
     for (Sum& sum : sums_) {
         sum.before = sum.field->sum;
-        guardedField(report_, *sum.section, *sum.field->field, [&] { addToSum(*sum.field); });
+        guardedField(report_, *sum.section, *sum.field->field, [&] { addToSum(*sum.section, *sum.field); });
     }
 }
 
-void BandRun::addToSum(FieldNotes& notes) {
-    compile(notes);
+void BandRun::addToSum(const Section& section, FieldNotes& notes) {
+    compile(section, notes);
     const ValueView value = valueOf(notes.expression, joined_);
     if (value.isNull()) return;  // adds nothing
     FieldNotes::Sum sum = notes.sum;

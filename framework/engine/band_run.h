@@ -76,7 +76,8 @@ private:
     void prepareFields();
     void checkGroupKeys();
     void takeRecordset();
-    void compile(FieldNotes& notes) const;
+    void compile(const Section& section, FieldNotes& notes);
+    void tellMissing(const Section& section, const Control& control, const Expression& bound);
     int findColumn(std::string_view name) const;
     ValueView columnValue(const Expression::Part& part) const;
     ValueView valueOf(Expression& expression, std::string& joined) const;
@@ -84,7 +85,7 @@ private:
     void fillField(const Section& section, FieldNotes& notes);
     void fillLink(const Section& section, LinkNotes& notes);
     void show(FieldNotes& notes) const;
-    std::string tagOf(LinkNotes& notes);
+    std::string tagOf(const Section& section, LinkNotes& notes);
     void capture();
     bool firstRow();
     bool nextRow();
@@ -97,7 +98,7 @@ private:
     void close(std::size_t from);
     void printDetail();
     void addToSums();
-    void addToSum(FieldNotes& notes);
+    void addToSum(const Section& section, FieldNotes& notes);
 
     Report& report_;
     RunState& state_;

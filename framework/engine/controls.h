@@ -56,7 +56,8 @@ private:
 
 struct TextControl : Control {
     StyleProperty Style;
-    bool CanGrow = false;  // grows with its text and pushes down what stands below
+    bool CanGrow = false;       // grows with its text and pushes down what stands below
+    std::size_t MostLines = 0;  // a wrapped text of more lines ends in an ellipsis; 0: all lines
     void setAlignment(Align align) { Style.edit().align = align; }
 };
 
@@ -72,7 +73,8 @@ struct Field : TextControl {
     NumberFormat Format;
     bool IsSum = false;  // a sum of the column over a group or the report, kept by the engine
     Running SumRunning = Running::none;
-    std::string SumGroup;  // name of the group's header; empty: over the report
+    std::string SumGroup;         // name of the group's header; empty: over the report
+    bool OptionalColumn = false;  // the rows may lack its column: the report fills it, or hides it
 };
 
 struct Line : Control {

@@ -37,11 +37,35 @@ constexpr std::string_view sectionKeys[] = {
     "name",     "kind",      "height",       "visible",      "keepTogether",
     "newPage",  "dataField", "repeat",       "underlayNext", "groupKeepTogether",
     "bookmark", "fill",      "onlyWithRows", "controls"};
-constexpr std::string_view controlKeys[] = {"kind",  "name",          "left",        "top",       "width",  "height",
-                                            "tag",   "caption",       "text",        "dataField", "format", "style",
-                                            "align", "canGrow",       "visible",     "x1",        "y1",     "x2",
-                                            "y2",    "lineWidth",     "fill",        "enabled",   "sum",    "running",
-                                            "link",  "onlyInRepeats", "notInRepeats"};
+constexpr std::string_view controlKeys[] = {"kind",
+                                            "name",
+                                            "left",
+                                            "top",
+                                            "width",
+                                            "height",
+                                            "tag",
+                                            "caption",
+                                            "text",
+                                            "dataField",
+                                            "format",
+                                            "style",
+                                            "align",
+                                            "canGrow",
+                                            "visible",
+                                            "x1",
+                                            "y1",
+                                            "x2",
+                                            "y2",
+                                            "lineWidth",
+                                            "fill",
+                                            "enabled",
+                                            "sum",
+                                            "running",
+                                            "link",
+                                            "onlyInRepeats",
+                                            "notInRepeats",
+                                            "mostLines",
+                                            "optionalColumn"};
 constexpr DesignKeys allKeys[] = {{"design", designRootKeys},
                                   {"page", pageKeys},
                                   {"style", styleKeys},
@@ -278,6 +302,10 @@ private:
         control.Style.edit().align = keys.choice<Align>("align", alignNames, found->second.align);
         keys.boolean("canGrow", control.CanGrow);
         if (control.CanGrow) control.Style.edit().wrap = true;
+        float lines = 0;
+        keys.number("mostLines", lines);
+        if (lines < 0 || lines != std::floor(lines)) here.fail("\"mostLines\" is a number of lines");
+        control.MostLines = static_cast<std::size_t>(lines);
     }
 
     std::unique_ptr<Control> make(const Keys& keys, const Place& here, SectionKind sectionKind) const {
@@ -330,6 +358,7 @@ private:
         readText(*field, keys, here);
         keys.text("text", field->Text);
         keys.text("dataField", field->DataField);
+        keys.boolean("optionalColumn", field->OptionalColumn);
         try {
             field->Format = NumberFormat::compile(keys.text("format"));
         } catch (const InputError& error) {

@@ -7,11 +7,13 @@
 #include "framework/engine/push_down.h"
 #include "framework/engine/rich_layout.h"
 #include "framework/richtext/rtf_reader.h"
+#include "framework/values/utf8.h"
 
 namespace quillo {
 namespace {
 
-constexpr float mostOfPage = 0.5F;  // for a picture within a text, so that it fits wherever the text is split
+constexpr std::size_t longestText = 10000;  // lines
+constexpr float mostOfPage = 0.5F;          // for a picture within a text, so that it fits wherever the text is split
 
 // Lays out the controls of one section.
 class SectionLayout {
@@ -184,10 +186,43 @@ private:
         if (!placed.style->wrap || text.empty()) return;
         run.lineStarts.clear();
         run.measure.breakLines(text, *placed.style, control.Width, run.lineStarts);
+        if (const std::size_t most = mostLines(control, run.lineStarts.size()); most < run.lineStarts.size())
+            cutBehind(most, control, text, placed);
         placed.lines = room_.arena.keep(run.lineStarts);
         if (!control.CanGrow) return;
         const float lines = static_cast<float>(run.lineStarts.size());
         placed.height = std::max(placed.height, lines * run.measure.lineHeight(*placed.style));
+    }
+
+    // Lines of a text that print. One that would fill pages by the hundred is damage, and is told.
+    std::size_t mostLines(const TextControl& control, std::size_t lines) const {
+        if (control.MostLines > 0) return control.MostLines;
+        if (lines > longestText)
+            room_.report.showFailure("A text has " + std::to_string(lines) + " lines, of which the first " +
+                                         std::to_string(longestText) + " print",
+                                     section_.Name() + "_Format, control " + control.Name(), 0);
+        return longestText;
+    }
+
+    // Ends the text in an ellipsis on the last line that it may have, behind a whole word where there is one.
+    void cutBehind(std::size_t most, const TextControl& control, std::string_view text, PlacedControl& placed) {
+        constexpr std::string_view blanks = " \t\r\n", ellipsis = "\xE2\x80\xA6";
+        RunState& run = room_.run;
+        const std::size_t start = run.lineStarts[most - 1];
+        std::size_t end = run.lineStarts[most];
+        run.lineStarts.resize(most);
+        const auto lineWith = [&](std::size_t to) {
+            const std::size_t last = text.substr(0, to).find_last_not_of(blanks);
+            return std::string(text.substr(start, last == text.npos || last < start ? 0 : last + 1 - start))
+                .append(ellipsis);
+        };
+        std::string line = lineWith(end);
+        while (end > start && run.measure.width(line, *placed.style) > control.Width) {
+            const std::size_t blank = text.substr(0, text.find_last_not_of(blanks, end - 1)).find_last_of(blanks);
+            end = blank == text.npos || blank < start ? startOfCharacter(text, start + (end - start) / 2) : blank;
+            line = lineWith(end);
+        }
+        placed.text = room_.arena.text(std::string(text.substr(0, start)) + line);
     }
 
     // Laid out as a sub-report is. Without room to grow, lines that do not fit are lost.

@@ -22,7 +22,7 @@ void fillPageHeader(BandRun& run) {
         if (control->kind() != ControlKind::subReport) continue;
         auto& sub = static_cast<SubReport&>(*control);
         if (!sub.Object) continue;
-        const auto sections = state.nested->run(*sub.Object, sub.Width, state.kept);
+        const auto sections = state.nested->run(*sub.Object, sub.Width, state.ground->kept);
         state.filled.emplace_back(&sub, sections);
         sub.Height = stackedHeight(sections);
     }

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <span>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -22,15 +24,23 @@ public:
     virtual std::span<const PlacedSection> run(Report& report, float width, Arena& arena) = 0;
 };
 
+// What the pages of a run point into beside their own arenas. A page's names keep all of it, for a sink may hold pages
+// when the run has ended.
+struct PageGround {
+    RunNames names;
+    Arena kept;  // the sub-reports of the page header
+};
+
 // What one run shares between its report and its sub-reports.
 struct RunState {
     TextMeasure& measure;
     const RunOptions& options;
     NestedRuns* nested = nullptr;
-    std::shared_ptr<RunNames> names = std::make_shared<RunNames>();
+    std::shared_ptr<PageGround> ground = std::make_shared<PageGround>();
+    std::shared_ptr<RunNames> names{ground, &ground->names};
     Progress progress{};
-    Arena kept{};  // what stays for the whole run: the sub-reports of the page header
     std::vector<std::pair<const SubReport*, std::span<const PlacedSection>>> filled{};
+    std::set<std::string> missingColumns{};   // those that were told, each with its report and control
     std::vector<std::uint32_t> lineStarts{};  // room that layout uses again for each text
 
     void askToProceed() const {

@@ -14,4 +14,8 @@ inline constexpr int between = 20110, notBetween = 20111, like = 20112, notLike 
                      atMost = 20121, above = 20122, atLeast = 20123, startsWith = 20124, contains = 20125, both = 20126,
                      either = 20127, negation = 20128, descending = 20129;
 
+// What stands behind the last page, and below each page of a report that has failures.
+inline constexpr int failureFoot = 20441, failures = 20442, failuresLead = 20443, moreFailures = 20444,
+                     failureTimes = 20445, wholeFilter = 20446;
+
 }  // namespace quillo::HostText

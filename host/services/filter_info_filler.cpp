@@ -1,6 +1,5 @@
 #include "host/services/filter_info_filler.h"
 
-#include "framework/engine/report.h"
 #include "host/language/host_texts.h"
 
 namespace quillo {
@@ -37,7 +36,17 @@ void FilterTextFiller::FillFilterInfo(SubReport& control, const FilterInfo& info
                                       std::string_view segments) {
     const std::string text = filterText(info, application, segments);
     control.Object = text.empty() ? nullptr : std::make_shared<FilterText>(context_, text, control.Width);
+    filled_ = control.Object;
     control.Height = lineHeight;  // also without a text, so that the dates beside it keep their line
+}
+
+std::string FilterTextFiller::cutText(TextMeasure& measure) const {
+    const auto filled = filled_.lock();
+    if (!filled) return {};
+    const auto& line = static_cast<const Label&>(*filled->section("Detail").find("lblFilter"));
+    std::vector<std::uint32_t> starts;
+    measure.breakLines(line.Caption, line.Style.value(), line.Width, starts);
+    return starts.size() > line.MostLines ? line.Caption : std::string();
 }
 
 }  // namespace quillo

@@ -54,7 +54,7 @@ HostSession::HostSession(const SessionOptions& options, Messages& messages)
       utils_(company_.DatabaseKind(), locale_, language_),
       localizer_(language_),
       filterInfoFiller_(*this),
-      messages_(messages) {}
+      failures_(messages) {}
 
 HostSession::Moment HostSession::momentOf(const SessionOptions& options) {
     if (options.sessionDate) return {*options.sessionDate, ""};

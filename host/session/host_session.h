@@ -11,6 +11,7 @@
 #include "host/services/filter_info_filler.h"
 #include "host/services/localizer.h"
 #include "host/services/report_utils.h"
+#include "host/session/failure_log.h"
 #include "host/session/session_company.h"
 
 namespace quillo {
@@ -44,7 +45,7 @@ public:
     const ReportUtils& utils() const override { return utils_; }
     ReportLocalizer& localizer() override { return localizer_; }
     FilterInfoFiller& filterInfoFiller() override { return filterInfoFiller_; }
-    Messages& messages() override { return messages_; }
+    Messages& messages() override { return failures_; }
 
     // Application
     CurrencyInfo& currencyInfo() override { return company_.currencies(); }
@@ -54,6 +55,9 @@ public:
     GeneralLedgerQueries& generalLedger() override { return company_.generalLedger(); }
 
     CompanyFile& file() { return file_; }
+    // The boxes that were shown through this session.
+    FailureLog& failures() { return failures_; }
+    const FilterTextFiller& filterTexts() const { return filterInfoFiller_; }
     const Language& language() const { return language_; }
     // The time of day, "14:05", where the clock gives the session's date; empty where the caller fixed it, so that the
     // same run gives the same pages.
@@ -78,7 +82,7 @@ private:
     HostReportUtils utils_;
     TagLocalizer localizer_;
     FilterTextFiller filterInfoFiller_;
-    Messages& messages_;
+    FailureLog failures_;
 };
 
 }  // namespace quillo

@@ -4,6 +4,8 @@
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
 #include "framework/values/text.h"
+#include "host/language/host_texts.h"
+#include "host/session/closing_notes.h"
 #include "host/session/option_setter.h"
 #include "host/session/rate_table.h"
 
@@ -32,6 +34,7 @@ std::vector<int> segmentIds(const std::string& list) {
 
 ReportJob::ReportJob(HostSession& session, const clsReport::Member& member, const ReportWish& wish)
     : session_(session), member_(member) {
+    session.failures().clear();
     clsReport factory(session);
     report_ = member.make(factory);
     contract_ = dynamic_cast<IReport*>(report_.get());
@@ -128,11 +131,17 @@ void ReportJob::giveFilter(const ReportWish& wish) {
     filterable->IFilterableReport_FilterTool(*filter_);
 }
 
-PageFrameTexts frameTexts(const HostSession& session, std::string title, std::string period) {
+PageFrameTexts frameTexts(HostSession& session, std::string title, std::string period) {
     std::string printed = session.GetText(printedOn) + " " + session.locale().shortDate(session.SessionDate());
     if (!session.clockTime().empty()) printed += " " + session.clockTime();
-    return {session.companyName(),     std::move(title),        std::move(printed),
-            session.GetText(pageWord), session.GetText(ofWord), std::move(period)};
+    return {session.companyName(),
+            std::move(title),
+            std::move(printed),
+            session.GetText(pageWord),
+            session.GetText(ofWord),
+            std::move(period),
+            session.GetText(HostText::failureFoot),
+            [&session] { return !session.failures().empty(); }};
 }
 
 PageFrameTexts ReportJob::pageTexts() const {
@@ -177,7 +186,7 @@ RunEnd ReportJob::run(PageSink& sink, TextMeasure& measure, RunOptions options) 
     const auto refusal = [this] { return filter_ ? filter_->failure() : std::string(); };
     const auto asked = std::move(options.proceed);
     options.proceed = [&](const Progress& progress) { return refusal().empty() && (!asked || asked(progress)); };
-    const RunEnd end = runReport(*report_, sink, measure, options);
+    const RunEnd end = runWithNotes(*report_, session_, sink, measure, options);
     if (!refusal().empty()) throw InputError(refusal());
     return end;
 }

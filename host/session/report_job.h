@@ -31,8 +31,9 @@ struct ReportWish {
     NamedValues rates{};  // currency code and rate to home currency
 };
 
-// What the host's frame says around the pages of a title.
-PageFrameTexts frameTexts(const HostSession& session, std::string title, std::string period = {});
+// What the host's frame says around the pages of a title. They ask the session for its failures, which must outlive
+// them.
+PageFrameTexts frameTexts(HostSession& session, std::string title, std::string period = {});
 
 // One report on its way from a wish to its pages: made by the factory, given its contract, properties, options,
 // segments, rates and filter, and run. Belongs to one session, which must outlive it; runs once.
@@ -48,7 +49,7 @@ public:
     Report& report() const { return *report_; }
     IReport& contract() const { return *contract_; }
 
-    // What the host's frame says around the pages.
+    // What the host's frame says around the pages, as frameTexts.
     PageFrameTexts pageTexts() const;
 
     // Has the report write its comparable tables too, while it runs. Throws InputError when it has none.
@@ -56,8 +57,8 @@ public:
     // The tables that were collected, with what is to be known beside them.
     ComparableTables comparableTables(const ComparableCollector& collector) const;
 
-    // Runs the report. Throws InputError when the filter was refused: then no page has left. Throws what runReport
-    // throws.
+    // Runs the report; runWithNotes tells what stands behind its last page. Throws InputError when the filter was
+    // refused: then no page has left. Throws what runReport throws.
     RunEnd run(PageSink& sink, TextMeasure& measure, RunOptions options = {});
 
 private:

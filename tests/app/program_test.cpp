@@ -229,8 +229,33 @@ TEST_F(Program, ShowsFailuresAndEndsWithStatusOne) {
         << outcome.err;
     const auto json = nlohmann::json::parse(outcome.out);
     ASSERT_EQ(json["failures"].size(), 1U);
-    ASSERT_EQ(json["pages"].size(), 1U);
+    ASSERT_EQ(json["pages"].size(), 2U);
     EXPECT_EQ(json["pages"][0]["sections"].back()["controls"].at(0)["text"], "0 payment term(s)");
+    EXPECT_EQ(json["pages"][1]["sections"].at(0)["controls"].at(0)["text"], "Failures of this report");
+}
+
+TEST_F(Program, WritesAReportWithFailuresUnlessItIsStrict) {
+    sqlite::Database(company.path(), sqlite::Open::readWrite).execute("ALTER TABLE Term DROP COLUMN Due");
+    const TemporaryFile folder("");
+    std::filesystem::create_directory(folder.path());
+    for (const char* name : {"a.pdf", "a.png", "a.json", "TermList.pdf"}) {
+        const std::string path = folder.path() + "/" + name;
+        std::ofstream(path) << "before";
+        const bool all = std::string_view(name).starts_with("Term");
+        std::vector<std::string> arguments = {"--company", company.path(), "--strict", "-o",
+                                              all ? folder.path() : path};
+        arguments.insert(arguments.begin(), {"run", all ? "--all" : "TermList"});
+        const auto strict = program(arguments);
+        EXPECT_EQ(strict.status, 1);
+        EXPECT_NE(strict.err.find("quillo: nothing was written, since the report has failures\n"), std::string::npos)
+            << strict.err;
+        EXPECT_EQ(bytesOf(path), "before");
+    }
+    EXPECT_TRUE(std::filesystem::exists(folder.path() + "/CustList.pdf")) << "what has no failures is written";
+    EXPECT_EQ(run({"--strict", "--format", "json"}).out, "");
+    EXPECT_EQ(run({"-o", folder.path() + "/a.pdf"}).status, 1);
+    EXPECT_TRUE(bytesOf(folder.path() + "/a.pdf").starts_with("%PDF-"));
+    std::filesystem::remove_all(folder.path());
 }
 
 TEST_F(Program, TellsWhatTheOutputsOwnThreadMet) {

@@ -193,6 +193,19 @@ TEST(Engine, ASectionHigherThanAPageIsSplitBetweenLinesAndLosesNothing) {
     EXPECT_TRUE(bench.pages.pages[1]->sections.at(0).continued);
 }
 
+TEST(Engine, ATextWithoutEndIsCutAndTold) {
+    Bench bench;
+    auto report = bench.report(
+        design(section("Detail", "detail", 300,
+                       R"({"kind": "Field", "name": "long", "width": 1000, "height": 200, "canGrow": true})")));
+    report->field("long").Text = std::string(1 << 20, 'x');
+    bench.run(*report);
+    EXPECT_EQ(bench.host.boxes, std::vector<std::string>{"A text has 104858 lines, of which the first 10000 print\r\n"
+                                                         "in Quillo.Sample.Detail_Format, control long"});
+    EXPECT_EQ(bench.pages.pages.size(), 1000U) << "ten lines a page";
+    EXPECT_TRUE(bench.pages.pages.back()->sections.at(0).controls[0].text.ends_with("\xE2\x80\xA6"));
+}
+
 TEST(Engine, APageThatCanPlaceNothingStopsTheRunByName) {
     Bench bench;
     auto report = bench.report(design(section(
@@ -347,17 +360,19 @@ TEST(Engine, HiddenSectionsAreFormattedAndMayShowThemselves) {
     EXPECT_EQ(text.find("gfInner B/2"), std::string::npos) << text;
 }
 
-TEST(Engine, BindingFindsQualifiedNamesAndPrintsMissingColumnsEmpty) {
+TEST(Engine, BindingFindsQualifiedNamesAndTellsOnceOfAColumnThatIsMissing) {
     Bench bench;
-    auto report = bench.report(
-        design(section("Detail", "detail", 100,
-                       bound("a", "InvoiHdr.ExCurrencyId") + "," + bound("b", "Nowhere") + "," +
-                           bound("c", "x", R"("format": "Currency")") + "," +
-                           bound("run", "x", R"("sum": "report", "running": "all")") + "," + dataControl)));
+    auto report = bench.report(design(section(
+        "Detail", "detail", 100,
+        bound("a", "InvoiHdr.ExCurrencyId") + "," + bound("b", "Nowhere") + "," +
+            bound("own", "Written", R"("optionalColumn": true)") + "," + bound("c", "x", R"("format": "Currency")") +
+            "," + bound("run", "x", R"("sum": "report", "running": "all")") + "," + dataControl)));
     report->dataControl()->Recordset =
         Bench::rows({"excurrencyid", "X"}, {{2, Money::fromDouble(1234.5)}, {3, Money::fromDouble(-0.004)}});
-    EXPECT_EQ(bench.run(*report), "-- 1\nDetail 2  $1,234.50 1234.5\nDetail 3  $0.00 1234.496\n");
-    EXPECT_TRUE(bench.host.boxes.empty()) << bench.host.boxes.front();
+    EXPECT_EQ(bench.run(*report), "-- 1\nDetail 2   $1,234.50 1234.5\nDetail 3   $0.00 1234.496\n");
+    EXPECT_EQ(
+        bench.host.boxes,
+        std::vector<std::string>{"There is no column \"Nowhere\" to show\r\nin Quillo.Sample.Detail_Format, field b"});
 }
 
 TEST(Engine, WhatAReportWritesInFormatPrintsAndARebindTakesTheOtherColumn) {
@@ -489,7 +504,9 @@ TEST(Engine, AGroupOverAColumnThatIsNotThereShowsABox) {
     report->dataControl()->Recordset = Bench::rows({"Outer", "Amount"}, {{"A", 1}, {"B", 2}});
     bench.run(*report);
     EXPECT_EQ(bench.host.boxes,
-              std::vector<std::string>{"There is no column \"Inner\" to group by\r\nin Quillo.Sample.ghInner_Format"});
+              (std::vector<std::string>{
+                  "There is no column \"Inner\" to group by\r\nin Quillo.Sample.ghInner_Format",
+                  "There is no column \"Inner\" to show\r\nin Quillo.Sample.gfInner_Format, field innerLast"}));
 }
 
 TEST(Engine, FetchDataBesideARecordsetIsToldOfEachRowAndOfTheEnd) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "output/font_measure.h"
 #include "output/text_layout.h"
 #include "tests/output/output_files.h"
@@ -73,6 +75,29 @@ TEST(TextMeasure, GrowsWithTheSizeAndKeepsDigitsInColumns) {
     EXPECT_NEAR(measure.width("AVAV", small), 2 * (measure.width("A", small) + measure.width("V", small)), 0.01)
         << "no kerning";
     EXPECT_GT(measure.width("Amount", bold), measure.width("Amount", TextStyle()));
+}
+
+// The least time of a few that a text takes to be measured, in seconds.
+double secondsFor(FontMeasure& measure, const string& text) {
+    double least = 1e9;
+    for (int i = 0; i < 3; ++i) {
+        Starts starts;
+        const auto start = std::chrono::steady_clock::now();
+        measure.breakLines(text, TextStyle(), 2000, starts);
+        least = std::min(least, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+    return least;
+}
+
+TEST(TextMeasure, ATextTwiceAsLongTakesTwiceTheTime) {
+    FontMeasure measure;
+    for (const char* part : {"\u200B", "\u0301", "x", "\u0628", "\n"}) {
+        string text;
+        while (text.size() < 100'000) text += part;
+        const double once = secondsFor(measure, text), twice = secondsFor(measure, text + text);
+        EXPECT_LT(twice, 3 * once + 0.01) << part << ": " << once << " s, then " << twice;
+        EXPECT_LT(once, 1) << part;
+    }
 }
 
 TEST(TextLayout, TellsNumbers) {

@@ -15,7 +15,8 @@ public:
         "ExCustId",     "CustId",       "Name",       "CustNameID",
         "ExCurrencyId", "CurrencyCode", "InInvoiId",  "InvoiType",
         "DocType",      "DocOrderDate", "DocOrderId", "Balance",
-        "ExchangeRate", "InvoiDate",    "InvoiId",    "PaymentCreditApplication"};
+        "ExchangeRate", "InvoiDate",    "InvoiId",    "PaymentCreditApplication",
+        "Contact",      "Tel1",         "Descr"};
     struct {
         bool includePaid = false;
         int customer = 0;
