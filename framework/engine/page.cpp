@@ -79,7 +79,8 @@ const SectionInfo* RunNames::section(const SectionInfo& info) {
 
 const ControlInfo* RunNames::control(const ControlInfo& info) {
     return intern(controls_, info, [](const ControlInfo& a, const ControlInfo& b) {
-        return a.kind == b.kind && a.thenPageCount == b.thenPageCount && a.name == b.name;
+        return a.kind == b.kind && a.thenPageCount == b.thenPageCount && a.notInRepeats == b.notInRepeats &&
+               a.name == b.name;
     });
 }
 
