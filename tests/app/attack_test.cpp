@@ -58,6 +58,9 @@ protected:
         fs::copy_file(company_.path(), folder_.file("plain.db"));
         fs::copy_file(company_.path(), folder_.file("wal.db"));
         sqlite::Database(folder_.file("wal.db"), sqlite::Open::readWrite).execute("PRAGMA journal_mode = WAL");
+        // The one thing that a report writes to a company is written before.
+        for (const char* name : {"plain.db", "wal.db"})
+            Child({"run", "SalesStatistic", "--company", folder_.file(name)}, "/dev/null").waitFor(60s);
     }
 
     std::size_t below(std::size_t end) { return random_() % end; }
@@ -156,9 +159,7 @@ protected:
         const string way = breakOff(child);
         SCOPED_TRACE(told + "> " + console + ": " + way + "\n" + child.complaints());
         const int signal = child.endingSignal();
-        EXPECT_TRUE(signal == 0 || signal == SIGKILL || signal == SIGQUIT || signal == SIGINT || signal == SIGTERM ||
-                    signal == SIGHUP)
-            << signal;
+        for (const int own : {SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL}) EXPECT_NE(signal, own);
         EXPECT_TRUE(signal != 0 || (child.exitStatus() >= 0 && child.exitStatus() <= 3)) << child.exitStatus();
         EXPECT_EQ(child.complaints().find("Sanitizer"), string::npos);
         EXPECT_EQ(child.complaints().find("damaged"), string::npos);
