@@ -80,6 +80,13 @@ Database::Database(const std::string& path, Open mode, const std::atomic<bool>* 
     if (mode == Open::readOnly) enterWal();
 }
 
+// The watch may be gone by now, where one database takes the place of another.
+void Database::Close::operator()(sqlite3* handle) const {
+    sqlite3_busy_handler(handle, nullptr, nullptr);
+    sqlite3_progress_handler(handle, 0, nullptr, nullptr);
+    sqlite3_close_v2(handle);
+}
+
 void Database::enterWal() {
     const WalReader file(path_, *watch_);
     while (file.isWal()) {

@@ -49,7 +49,7 @@ private:
     void enterWal();
 
     struct Close {
-        void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+        void operator()(sqlite3* handle) const;
     };
     std::string path_;
     bool inMemory_ = false;         // a copy of the file

@@ -119,7 +119,7 @@ protected:
         const int signal =
             one<int>({SIGINT, SIGTERM, SIGHUP, SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGXFSZ, SIGKILL, SIGQUIT});
         const bool ignored = signal == SIGPIPE || signal == SIGXFSZ;
-        const auto took = child.end(signal, ignored ? 60s : 20s);
+        const auto took = child.end(signal, ignored ? 500ms : 20s);
         if (ignored) child.closePipe();
         EXPECT_TRUE(child.waitFor(60s));
         if (signal == SIGINT || signal == SIGTERM || signal == SIGHUP) longest_ = std::max(longest_, took);
