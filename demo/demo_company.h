@@ -15,7 +15,7 @@ struct DemoOptions {
 
 // Writes the company file of a made-up trade from April 2022 to the end of 2025, whose books balance to the
 // cent. The file appears whole or not at all. Throws std::invalid_argument for a scale below 1,
-// std::runtime_error when the file is there already, sqlite::Error when it cannot be written.
+// std::runtime_error when the file is there already, std::system_error and sqlite::Error when it cannot be written.
 void writeDemoCompany(const std::string& path, const DemoOptions& options);
 
 }  // namespace quillo
