@@ -3,6 +3,8 @@
 #include "demo/counter.h"
 #include "demo/masters.h"
 #include "demo/treasury.h"
+#include "framework/values/errors.h"
+#include "host/company/new_company_file.h"
 #include "host/database/company_schema.h"
 
 #include <algorithm>
@@ -36,8 +38,9 @@ private:
 // The company day by day.
 class Years {
 public:
-    explicit Years(Trade& trade)
+    Years(Trade& trade, const sqlite::Watch& watch)
         : trade_(trade),
+          watch_(watch),
           rates_(trade),
           receivables_(trade),
           sales_(trade, receivables_),
@@ -49,6 +52,7 @@ public:
         rates_.openDay(firstDay);
         purchasing_.openBooks(firstDay);
         for (Day day = firstDay + 1; day <= lastDay; day = day + 1) {
+            if (watch_.stopped()) throw RunStopped();
             trade_.today = day;
             if (day.isWorkday()) workday(day);
             if (day.weekday() != 0) counter_.openDay(day);
@@ -85,6 +89,7 @@ private:
     }
 
     Trade& trade_;
+    const sqlite::Watch& watch_;
     RateBoard rates_;
     Receivables receivables_;
     Sales sales_;
@@ -107,7 +112,7 @@ std::vector<std::string> dropIndexes(sqlite::Database& database) {
 }
 
 void fill(const std::string& path, const DemoOptions& options) {
-    sqlite::Database database(path, sqlite::Open::create);
+    sqlite::Database database(path, sqlite::Open::readWrite, options.stop);
     database.execute(
         "PRAGMA page_size = 4096; PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA cache_size = -65536");
     database.execute("BEGIN");
@@ -119,7 +124,7 @@ void fill(const std::string& path, const DemoOptions& options) {
         writeGoods(trade);
         writeCustomers(trade);
         writePartners(trade);
-        Years(trade).run();
+        Years(trade, database.watch()).run();
     }
     for (const auto& text : indexes) database.execute(text);
     database.execute("COMMIT");
@@ -131,16 +136,9 @@ void fill(const std::string& path, const DemoOptions& options) {
 void writeDemoCompany(const std::string& path, const DemoOptions& options) {
     if (options.scale < 1) throw std::invalid_argument("the scale of the demo company must be 1 or more");
     if (std::filesystem::exists(path)) throw std::runtime_error(path + " is there already");
-    const std::string part = path + ".part";
-    std::filesystem::remove(part);
-    try {
-        demo::fill(part, options);
-        std::filesystem::rename(part, path);
-    } catch (...) {
-        std::error_code ignored;
-        std::filesystem::remove(part, ignored);
-        throw;
-    }
+    NewCompanyFile file(path);
+    demo::fill(file.name(), options);
+    file.publish();
 }
 
 }  // namespace quillo

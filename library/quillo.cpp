@@ -111,8 +111,10 @@ RunEnd print(ReportJob& job, const HostSession& host, Messages& messages, const 
 void checkPath(const char* path, const std::string& company) {
     if (path == nullptr) throw InputError("there is no path for the PDF");
     std::error_code none;
-    if (std::filesystem::equivalent(path, company, none))
-        throw InputError(std::string(path) + " is the company's own file");
+    for (const char* beside : {"", "-wal", "-shm", "-journal"})
+        if (std::filesystem::equivalent(path, company + beside, none) ||
+            writtenPath(path) == writtenPath(company) + beside)
+            throw InputError(std::string(path) + " is the company's own file");
 }
 
 quillo_status run(quillo_session& session, const char* member, const char* const* wishes, const char* path) {

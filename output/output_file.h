@@ -1,10 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
 
 namespace quillo {
+
+class UnlinkedFile;
 
 // Where an output's bytes go. write() throws OutputError; so does finish(), after which all is written.
 class Output {
@@ -14,9 +17,13 @@ public:
     virtual void finish() = 0;
 };
 
-// A file that appears whole or not at all: the bytes go to a file beside it, which takes the path's
-// place by finish() and is removed when this object goes without. A path that is no plain file (a
-// device, a pipe) is written directly. Neither copied nor moved.
+// What a path leads to, through links whose ends need not be there, and by its shortest spelling.
+std::string writtenPath(const std::string& path);
+
+// A file that appears whole or not at all: the bytes go to a file without a name, which takes the path's place by
+// finish(), with mode and owner of what it replaces; a file that has another owner or several names is written over
+// instead, once there is room. Without finish() nothing of it stays. A path that is no plain file (a device, a pipe)
+// is written directly. Neither copied nor moved.
 class OutputFile final : public Output {
 public:
     // Throws OutputError with path and reason when the path cannot be written.
@@ -31,12 +38,17 @@ public:
     void finish() override;
 
 private:
+    void openHidden(bool exists);
+    // Runs a step whose failure is told with the path.
+    template <class Step>
+    void guarded(Step step) const;
     [[noreturn]] void fail(int reason) const;
 
-    std::string path_;       // as the caller gave it
-    std::string target_;     // what it points to
-    std::string temporary_;  // empty: the target is written directly, or all is done
-    int file_ = -1;
+    std::string path_;                      // as the caller gave it
+    std::string target_;                    // what it leads to
+    std::unique_ptr<UnlinkedFile> hidden_;  // empty: the target is written directly, or all is done
+    bool beside_ = true;                    // the hidden file lies in the target's folder
+    int device_ = -1;
 };
 
 // A stream that the caller keeps alive, such as standard output.

@@ -1,33 +1,30 @@
 #include "apps/quillo/company_commands.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <iomanip>
 #include <ostream>
 
+#include "apps/quillo/output_guard.h"
 #include "demo/demo_company.h"
 #include "host/check/books_check.h"
 #include "host/check/company_check.h"
 #include "host/company/company_file.h"
+#include "host/company/new_company_file.h"
 #include "host/database/company_schema.h"
 #include "host/database/sqlite_handle.h"
+#include "output/output_file.h"
 
 namespace quillo::app {
 namespace {
 
 namespace fs = std::filesystem;
 
-void refuseExisting(const std::string& path) {
-    if (fs::exists(path)) throw UsageError(path + " is there already; nothing was changed");
-}
-
 sqlite::Database openToCheck(const std::string& path) {
     if (!fs::exists(path)) throw CompanyError(path + ": there is no such file");
     try {
-        return sqlite::Database(path, sqlite::Open::readOnly);
+        return sqlite::Database(path, sqlite::Open::readOnly, &interruptFlag());
     } catch (const std::exception& failure) {
         throw CompanyError(path + ": " + failure.what());
     }
@@ -48,19 +45,18 @@ int printBooks(const sqlite::Database& company, const Console& console) {
 
 }  // namespace
 
-// Written beside its place and moved there whole, so that a failure leaves nothing behind.
 void newCompany(const std::string& path, const Console& console) {
-    refuseExisting(path);
-    const std::string part = path + ".part" + std::to_string(getpid());
+    guardNewCompany(path);
     try {
-        sqlite::Database company(part, sqlite::Open::create);
-        company.execute("BEGIN");
-        company.execute(std::string(companySchema()));
-        company.execute("COMMIT");
-        fs::rename(part, path);
+        NewCompanyFile file(writtenPath(path));
+        {
+            sqlite::Database company(file.name(), sqlite::Open::readWrite, &interruptFlag());
+            company.execute("PRAGMA journal_mode = MEMORY; BEGIN");
+            company.execute(std::string(companySchema()));
+            company.execute("COMMIT");
+        }
+        file.publish();
     } catch (const std::exception& failure) {
-        std::error_code ignored;
-        fs::remove(part, ignored);
         throw UsageError(path + " cannot be written: " + failure.what());
     }
     console.out << path << '\n';
@@ -68,18 +64,19 @@ void newCompany(const std::string& path, const Console& console) {
 
 void demoCompany(const std::string& path, int scale, std::uint64_t seed, const std::string& language,
                  const Console& console) {
-    refuseExisting(path);
+    guardNewCompany(path);
     if (scale < 1) throw UsageError("--scale is 1 or more");
     if (language != "en" && language != "fr") throw UsageError("--language of the demo company is en or fr");
     try {
-        writeDemoCompany(path, {scale, seed, language == "fr"});
+        writeDemoCompany(writtenPath(path), {scale, seed, language == "fr", &interruptFlag()});
     } catch (const std::exception& failure) {
         throw UsageError(path + " cannot be written: " + failure.what());
     }
     console.out << path << '\n';
 }
 
-int checkCompanyFile(const std::string& path, bool books, const Console& console) {
+int checkCompanyFile(const std::string& path, bool books, const Console& console) try {
+    endAtInterrupts();
     const sqlite::Database company = openToCheck(path);
     const auto lacks = checkCompany(company);
     for (const std::string& line : lacks) console.out << line << '\n';
@@ -90,6 +87,8 @@ int checkCompanyFile(const std::string& path, bool books, const Console& console
     if (books) return printBooks(company, console);
     console.out << path << " is a company of version " << companyVersion << '\n';
     return ExitStatus::done;
+} catch (const sqlite::Error& failure) {
+    throw CompanyError(path + ": " + failure.what());
 }
 
 ScratchCompany::ScratchCompany() {

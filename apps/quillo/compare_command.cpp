@@ -4,11 +4,11 @@
 #include <array>
 #include <ostream>
 
+#include "apps/quillo/outlet.h"
 #include "apps/quillo/output_guard.h"
 #include "framework/values/errors.h"
 #include "host/comparable/comparable_tables.h"
 #include "output/output_error.h"
-#include "output/output_file.h"
 
 namespace quillo::app {
 namespace {
@@ -60,14 +60,16 @@ std::string quoted(const std::string& text) {
     return out + "\"";
 }
 
-void write(const std::vector<Line>& lines, const std::string& path) {
-    OutputFile file(path);
+void write(const std::vector<Line>& lines, const std::string& path, const Console& console) {
+    Outlet outlet(console);
+    const auto file = outlet.open(path);
     for (const Line& line : lines) {
         std::string text;
         for (const std::string& part : line) text += (text.empty() ? "" : ",") + quoted(part);
-        file.write(text + "\r\n");
+        file->write(text + "\r\n");
     }
-    file.finish();
+    file->finish();
+    outlet.deliver();
 }
 
 }  // namespace
@@ -78,7 +80,7 @@ void compareFiles(const std::string& left, const std::string& right, const std::
     try {
         const auto lines = linesOf(readComparable(left), readComparable(right));
         if (output.empty()) return print(lines, console.out);
-        write(lines, output);
+        write(lines, output, console);
     } catch (const InputError& failure) {
         throw UsageError(failure.what());
     } catch (const OutputError& failure) {

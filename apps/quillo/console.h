@@ -33,20 +33,30 @@ struct Console {
     void complain(std::string_view text) const;
 };
 
-// Message boxes as lines on standard error; kept for the exit status and the JSON pages.
+// Message boxes as lines on standard error; kept for the exit status and the JSON pages. They are told by tell() or at
+// the end, since whoever reads standard error may take his time while the run holds the company.
 class ConsoleMessages final : public Messages {
 public:
     explicit ConsoleMessages(const Console& console) : console_(console) {}
-    void Show(std::string_view text) override;
+    ~ConsoleMessages() { tell(); }
+    ConsoleMessages(const ConsoleMessages&) = delete;
+    ConsoleMessages& operator=(const ConsoleMessages&) = delete;
+    void Show(std::string_view text) override { shown_.emplace_back(text); }
+    void tell();
     const std::vector<std::string>& shown() const { return shown_; }
 
 private:
     const Console& console_;
     std::vector<std::string> shown_;
+    std::size_t told_ = 0;
 };
 
-// The one flag that a Ctrl-C sets. The second Ctrl-C ends the program at once.
+// The one flag that a Ctrl-C, a hangup or a plain kill sets; another one, a second later, ends the program at once. A
+// signal that was ignored when the program began stays so. A reader that is gone and a file that may not grow are
+// failures of writing, no signals.
 const std::atomic<bool>& interruptFlag();
 void catchInterrupts();
+// For a command that has nothing to tidy up: from now on a signal ends it at once.
+void endAtInterrupts();
 
 }  // namespace quillo::app

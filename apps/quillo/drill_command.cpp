@@ -60,30 +60,37 @@ OutputRequest outputRequest(const RunRequest& request, HostSession& session, con
     return output;
 }
 
-int printCards(const RecordTarget& target, const RunRequest& request, HostSession& session,
-               const ConsoleMessages& messages, const Console& console) {
+void printCards(const RecordTarget& target, const RunRequest& request, HostSession& session,
+                const ConsoleMessages& messages, Outlet& outlet) {
     auto cards = readRecordCards(target, session.file(), session);
     const OutputRequest output = outputRequest(request, session, cards.front().title, messages);
     const auto report = makeCardReport(session, std::move(cards));
     FontMeasure measure(makeTextShaper([](const std::string&) {}));
-    const auto sink = openOutput(output, console, measure);
+    const auto sink = openOutput(output, outlet, measure);
     RunOptions options;
     options.maxPages = request.maxPages;
-    runWithNotes(*report, session, *sink, measure, options);
-    if (messages.shown().empty()) return ExitStatus::done;
-    if (request.strict) console.complain(nothingWritten);
-    return ExitStatus::failures;
+    options.proceed = [](const Progress&) { return !interruptFlag(); };
+    if (runWithNotes(*report, session, *sink, measure, options) == RunEnd::stopped) throw RunStopped();
 }
 
 }  // namespace
 
 int drillCommand(const std::string& tag, const std::string& by, RunRequest request, const Console& console) {
-    guardOutputs({request.company}, {request.output});
+    guardOutputs(inputsOf(request.company, request.language), {request.output});
+    guardPages(request.format, request.output, {request.company});
     ConsoleMessages messages(console);
-    const auto session = openSession(request, messages);
+    auto session = openSession(request, messages);
     try {
         const DrillTarget target = targetOf(tag, by, *session);
-        if (!target.leadsToReport()) return printCards(target.records, request, *session, messages, console);
+        if (!target.leadsToReport()) {
+            Outlet outlet(console);
+            printCards(target.records, request, *session, messages, outlet);
+            session.reset();
+            messages.tell();
+            if (request.strict && !messages.shown().empty()) console.complain(nothingWritten);
+            outlet.deliver();
+            return messages.shown().empty() ? ExitStatus::done : ExitStatus::failures;
+        }
         checkSalesPerson(target.report, *session);
         request.member = target.report.member;
         request.foreign |= target.report.foreign;
@@ -94,6 +101,7 @@ int drillCommand(const std::string& tag, const std::string& by, RunRequest reque
     } catch (const InputError& failure) {
         throw UsageError(failure.what());
     }
+    session.reset();
     return runReportCommand(request, console);
 }
 

@@ -6,6 +6,7 @@
 #include <ostream>
 #include <set>
 
+#include "apps/quillo/output_guard.h"
 #include "apps/quillo/outputs.h"
 #include "apps/quillo/session_arguments.h"
 #include "framework/values/errors.h"
@@ -42,6 +43,7 @@ LetterTemplate readTemplate(const LettersRequest& request, const HostSession& se
 SessionOptions sessionOptions(const LettersRequest& request) {
     SessionOptions options;
     options.company = request.company;
+    options.stop = &interruptFlag();
     options.language = request.language;
     options.locale = request.locale;
     if (!request.to.empty()) options.sessionDate = readDate("--to", request.to);
@@ -84,8 +86,9 @@ public:
                               " days on " + at.isoText() + "; nothing was written");
             return ExitStatus::failures;
         }
-        for (const OverdueCustomer& customer : customers) {
-            if (!write(customer, at)) {
+        const auto paths = pathsOf(customers);
+        for (std::size_t i = 0; i < customers.size(); ++i) {
+            if (!write(customers[i], paths[i], at)) {
                 console_.complain("stopped; the letters named above are written");
                 return ExitStatus::failures;
             }
@@ -113,28 +116,49 @@ private:
         return wish;
     }
 
+    // All of them before the first is written.
+    std::vector<std::string> pathsOf(const std::vector<OverdueCustomer>& customers) const {
+        std::vector<std::string> paths;
+        FileNames names;
+        for (const OverdueCustomer& customer : customers)
+            paths.push_back((fs::path(request_.folder) / names.nameOf(customer)).string());
+        auto inputs = inputsOf(request_.company, request_.language);
+        inputs.insert(inputs.end(), {request_.letter, request_.logo});
+        guardOutputs(inputs, paths);
+        return paths;
+    }
+
     // False when the user stopped it.
-    bool write(const OverdueCustomer& customer, Date at) {
-        ReportJob job(*session_, member_, wish(customer, at));
-        if (!job.made()) return true;  // its box told why
+    bool write(const OverdueCustomer& customer, const std::string& path, Date at) {
         std::vector<std::string> missing;
-        const OutputRequest output = outputRequest(customer, job, missing);
-        {
-            const auto sink = openOutput(output, console_, measure_);
-            RunOptions options;
-            options.proceed = [](const Progress&) { return !interruptFlag(); };
-            if (job.run(*sink, measure_, options) == RunEnd::stopped || interruptFlag()) return false;
-        }
+        Outlet outlet(console_);
+        const auto end = print(customer, path, at, outlet, missing);
+        session_->file().handle().rest();
+        outlet.deliver();
         for (const std::string& failure : missing) messages_.Show(customer.name + ": " + failure);
-        console_.out << output.path << '\n';
+        messages_.tell();
+        if (!end) return true;  // its box told why
+        if (end == RunEnd::stopped || interruptFlag()) return false;
+        console_.out << path << std::endl;
         return true;
     }
 
-    OutputRequest outputRequest(const OverdueCustomer& customer, const ReportJob& job,
+    std::optional<RunEnd> print(const OverdueCustomer& customer, const std::string& path, Date at, Outlet& outlet,
+                                std::vector<std::string>& missing) {
+        ReportJob job(*session_, member_, wish(customer, at));
+        if (!job.made()) return std::nullopt;
+        const OutputRequest output = outputRequest(customer, path, job, missing);
+        const auto sink = openOutput(output, outlet, measure_);
+        RunOptions options;
+        options.proceed = [](const Progress&) { return !interruptFlag(); };
+        return job.run(*sink, measure_, options);
+    }
+
+    OutputRequest outputRequest(const OverdueCustomer& customer, const std::string& path, const ReportJob& job,
                                 std::vector<std::string>& missing) {
         OutputRequest output;
         output.format = "pdf";
-        output.path = (fs::path(request_.folder) / names_.nameOf(customer)).string();
+        output.path = path;
         output.report = member_.report;
         output.member = member_.name;
         output.frame = job.pageTexts();
@@ -152,7 +176,6 @@ private:
     std::unique_ptr<HostSession> session_;
     const LetterTemplate template_;
     FontMeasure measure_{makeTextShaper([](const std::string&) {})};
-    FileNames names_;
 };
 
 }  // namespace

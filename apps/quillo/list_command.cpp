@@ -6,6 +6,7 @@
 #include "apps/quillo/run_command.h"
 #include "framework/report_factory.h"
 #include "framework/run_frame.h"
+#include "framework/values/errors.h"
 #include "host/session/host_session.h"
 
 namespace quillo::app {
@@ -82,6 +83,7 @@ private:
 void listMembers(const std::string& language, const Console& console) {
     Catalog catalog(language);
     for (const clsReport::Member& member : clsReport::members()) {
+        if (interruptFlag()) throw RunStopped();
         console.out << std::left << std::setw(32) << member.name;
         if (!member.written) {
             console.out << "(still to come)\n";

@@ -5,7 +5,6 @@
 
 #include "framework/values/names.h"
 #include "output/json/json_sink.h"
-#include "output/output_file.h"
 #include "output/pdf/pdf_sink.h"
 #include "output/png/png_sink.h"
 #include "output/queued_sink.h"
@@ -29,38 +28,17 @@ private:
     std::function<std::vector<std::string>()> failures_;
 };
 
-// A stream that gets its bytes all at once, in the end.
-class HeldStream final : public Output {
-public:
-    explicit HeldStream(std::ostream& stream) : stream_(stream) {}
-    void write(std::string_view bytes) override { held_ += bytes; }
-    void finish() override {
-        stream_.write(held_);
-        stream_.finish();
-    }
-
-private:
-    OutputStream stream_;
-    std::string held_;
-};
-
 constexpr std::string_view known[] = {"pdf", "png", "json"};
 constexpr std::string_view toCome[] = {"svg", "html", "csv", "xlsx"};
 
-std::unique_ptr<Output> fileOrStream(const OutputRequest& request, const Console& console) {
-    if (request.path.empty() && request.strict) return std::make_unique<HeldStream>(console.out);
-    if (request.path.empty()) return std::make_unique<OutputStream>(console.out);
-    return std::make_unique<OutputFile>(request.path);
-}
-
-std::unique_ptr<PageSink> openFormat(const std::string& format, const OutputRequest& request, const Console& console) {
+std::unique_ptr<PageSink> openFormat(const std::string& format, const OutputRequest& request, Outlet& outlet) {
     if (format == "json")
-        return std::make_unique<JsonSink>(fileOrStream(request, console), request.report, request.member, request.title,
+        return std::make_unique<JsonSink>(outlet.open(request.path), request.report, request.member, request.title,
                                           request.failures);
     const auto shaper = makeTextShaper(request.missing);
     if (format == "png") return std::make_unique<PngSink>(request.path, request.resolution, shaper);
     return std::make_unique<PdfSink>(
-        std::make_unique<OutputFile>(request.path),
+        outlet.open(request.path),
         PdfOptions{request.title, request.language, request.frame.company, request.sessionDate}, shaper);
 }
 
@@ -83,10 +61,10 @@ std::string formatOf(const OutputRequest& request) {
     return format;
 }
 
-std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console, TextMeasure& measure) {
+std::unique_ptr<PageSink> openOutput(const OutputRequest& request, Outlet& outlet, TextMeasure& measure) {
     const std::string format = formatOf(request);
     try {
-        auto sink = openFormat(format, request, console);
+        auto sink = openFormat(format, request, outlet);
         if (request.strict) sink = std::make_unique<StrictSink>(std::move(sink), request.failures);
         if (!request.path.empty()) sink = std::make_unique<QueuedSink>(std::move(sink));
         if (format == "json") return sink;

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "apps/quillo/console.h"
+#include "apps/quillo/outlet.h"
 #include "framework/engine/page.h"
 #include "framework/values/date.h"
 #include "output/page_frame.h"
@@ -35,7 +35,8 @@ inline constexpr std::string_view nothingWritten = "nothing was written, since t
 std::string formatOf(const OutputRequest& request);
 
 // The sink that takes the pages, the host's frame included where the format has one. A file is painted
-// and written on a thread of its own; measure must outlive the sink. Throws UsageError when the file cannot be written.
-std::unique_ptr<PageSink> openOutput(const OutputRequest& request, const Console& console, TextMeasure& measure);
+// and written on a thread of its own; measure and outlet must outlive the sink. Throws UsageError when the file cannot
+// be written.
+std::unique_ptr<PageSink> openOutput(const OutputRequest& request, Outlet& outlet, TextMeasure& measure);
 
 }  // namespace quillo::app

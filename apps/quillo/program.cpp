@@ -9,6 +9,7 @@
 #include "apps/quillo/letters_command.h"
 #include "apps/quillo/run_all_command.h"
 #include "apps/quillo/run_command.h"
+#include "framework/values/errors.h"
 
 namespace quillo::app {
 namespace {
@@ -190,6 +191,9 @@ int runProgram(const std::vector<std::string>& arguments, const Console& console
     } catch (const CompanyError& failure) {
         console.complain(failure.what());
         return ExitStatus::noCompany;
+    } catch (const RunStopped&) {
+        console.complain("stopped; nothing was written");
+        return ExitStatus::failures;
     } catch (const std::exception& failure) {
         console.complain(failure.what());
         return ExitStatus::failures;

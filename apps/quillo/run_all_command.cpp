@@ -8,7 +8,9 @@
 #include <sstream>
 #include <thread>
 
+#include "apps/quillo/output_guard.h"
 #include "framework/report_factory.h"
+#include "framework/values/errors.h"
 
 namespace quillo::app {
 namespace {
@@ -39,6 +41,7 @@ public:
     }
 
     int go() {
+        guard();
         makeFolder();
         {
             const unsigned count = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
@@ -55,6 +58,19 @@ private:
         bool ran = false;
     };
 
+    std::string pathOf(const std::string& member) const {
+        return (fs::path(request_.output) / (member + "." + (request_.format.empty() ? "pdf" : request_.format)))
+            .string();
+    }
+
+    // All of them before the first is printed.
+    void guard() const {
+        std::vector<std::string> paths;
+        for (const std::string& member : members_) paths.push_back(pathOf(member));
+        guardOutputs(inputsOf(request_.company, request_.language), paths);
+        for (const std::string& path : paths) guardPages(request_.format, path, {request_.company});
+    }
+
     void makeFolder() const {
         std::error_code failure;
         fs::create_directories(request_.output, failure);
@@ -70,8 +86,7 @@ private:
     void run(std::size_t index) {
         RunRequest one = request_;
         one.member = members_[index];
-        const std::string format = request_.format.empty() ? "pdf" : request_.format;
-        one.output = (fs::path(request_.output) / (one.member + "." + format)).string();
+        one.output = pathOf(one.member);
         std::ostringstream out, err;
         Result& result = results_[index];
         try {
@@ -82,6 +97,8 @@ private:
         } catch (const CompanyError& failure) {
             result.status = ExitStatus::noCompany;
             err << failure.what() << '\n';
+        } catch (const RunStopped&) {
+            return;
         } catch (const std::exception& failure) {
             result.status = ExitStatus::failures;
             err << failure.what() << '\n';

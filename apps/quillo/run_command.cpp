@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <fstream>
 #include <ostream>
 
 #include "apps/quillo/company_commands.h"
@@ -14,7 +13,6 @@
 #include "host/session/report_job.h"
 #include "output/font_measure.h"
 #include "output/output_error.h"
-#include "output/output_file.h"
 #include "output/shaper.h"
 
 namespace quillo::app {
@@ -29,6 +27,7 @@ int readDialect(const std::string& text) {
 SessionOptions sessionOptions(const RunRequest& request) {
     SessionOptions options;
     options.company = request.company;
+    options.stop = &interruptFlag();
     options.language = request.language;
     options.locale = request.locale;
     if (!request.dialect.empty()) options.dialect = readDialect(request.dialect);
@@ -78,7 +77,8 @@ public:
           console_(console),
           member_(memberOf(request.member)),
           messages_(console),
-          session_(openSession(request, messages_)) {}
+          session_(openSession(request, messages_)),
+          outlet_(console) {}
 
     int go() {
         try {
@@ -115,9 +115,8 @@ private:
 
     void openTrace() {
         if (request_.traceSql.empty()) return;
-        trace_.open(request_.traceSql, std::ios::binary);
-        if (!trace_) throw UsageError(request_.traceSql + " cannot be written");
-        session_->file().database().setTrace(&trace_);
+        trace_ = std::make_unique<OutletStream>(openFile(request_.traceSql));
+        session_->file().database().setTrace(&trace_->stream());
     }
 
     OutputRequest outputRequest() {
@@ -145,12 +144,12 @@ private:
             console_.complain("stopped; nothing was written");
             return ExitStatus::failures;
         }
-        const bool failed = !messages_.shown().empty();
-        if (failed && request_.strict) {
-            console_.complain(nothingWritten);
-        } else {
-            writeComparable();
-        }
+        const bool failed = !messages_.shown().empty(), kept = !(failed && request_.strict);
+        if (kept) writeComparable();
+        if (trace_) trace_->finish();
+        letGo();
+        if (!kept) console_.complain(nothingWritten);
+        outlet_.deliver();
         return failed ? ExitStatus::failures : ExitStatus::done;
     }
 
@@ -161,14 +160,24 @@ private:
         return all;
     }
 
-    // Opened ahead of the run, which may be long.
-    void openComparable() {
-        if (request_.comparable.empty()) return;
+    // What waits for a reader must not keep others from the company.
+    void letGo() {
+        job_.reset();
+        session_.reset();
+        messages_.tell();
+    }
+
+    std::unique_ptr<Output> openFile(const std::string& path) {
         try {
-            comparableFile_ = std::make_unique<OutputFile>(request_.comparable);
+            return outlet_.open(path);
         } catch (const OutputError& failure) {
             throw UsageError(failure.what());
         }
+    }
+
+    // Opened ahead of the run, which may be long.
+    void openComparable() {
+        if (!request_.comparable.empty()) comparableFile_ = openFile(request_.comparable);
     }
 
     void writeComparable() {
@@ -180,7 +189,7 @@ private:
     RunEnd printPages() {
         // A character that no font has prints as a box; what paints it tells of it.
         FontMeasure measure(makeTextShaper([](const std::string&) {}));
-        const auto sink = openOutput(outputRequest(), console_, measure);
+        const auto sink = openOutput(outputRequest(), outlet_, measure);
         ProgressLine line(console_);
         RunOptions options;
         options.maxPages = request_.maxPages;
@@ -188,7 +197,6 @@ private:
             line.show(progress);
             return !interruptFlag();
         };
-        session_->file().database().setStopFlag(&interruptFlag());
         try {
             return job_->run(*sink, measure, options);
         } catch (const InputError& refusal) {
@@ -201,9 +209,10 @@ private:
     const clsReport::Member& member_;
     ConsoleMessages messages_;
     std::unique_ptr<HostSession> session_;
-    std::ofstream trace_;
+    Outlet outlet_;
+    std::unique_ptr<OutletStream> trace_;
     ComparableCollector comparable_;  // the report writes to it
-    std::unique_ptr<OutputFile> comparableFile_;
+    std::unique_ptr<Output> comparableFile_;
     std::unique_ptr<ReportJob> job_;
     std::vector<std::string> missing_;  // characters that no font has: the output's thread adds them while it lives
 };
@@ -215,7 +224,8 @@ std::unique_ptr<HostSession> openSession(const RunRequest& request, Messages& me
 }
 
 int runReportCommand(const RunRequest& request, const Console& console) {
-    guardOutputs({request.company}, {request.output, request.comparable, request.traceSql});
+    guardOutputs(inputsOf(request.company, request.language), {request.output, request.comparable, request.traceSql});
+    guardPages(request.format, request.output, {request.company, request.comparable, request.traceSql});
     return Run(request, console).go();
 }
 

@@ -4,9 +4,9 @@ namespace quillo::app {
 namespace {
 
 // A company that cannot be opened is not the fault of the other arguments.
-void requireCompany(const std::string& path) {
+void requireCompany(const SessionOptions& options) {
     try {
-        CompanyFile company(path);
+        CompanyFile company(options.company, options.stop);
     } catch (const std::exception& failure) {
         throw CompanyError(failure.what());
     }
@@ -21,7 +21,7 @@ Date readDate(const std::string& option, const std::string& text) {
 }
 
 std::unique_ptr<HostSession> openSession(const SessionOptions& options, Messages& messages) {
-    requireCompany(options.company);
+    requireCompany(options);
     try {
         return std::make_unique<HostSession>(options, messages);
     } catch (const std::exception& failure) {

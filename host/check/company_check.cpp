@@ -107,6 +107,7 @@ std::vector<std::string> checkCompany(const sqlite::Database& database) {
         if (sound.step() && sound.text(0) != "ok") return {"the file is damaged: " + std::string(sound.text(0))};
         return compare(database);
     } catch (const sqlite::Error& error) {
+        if (error.isLock()) throw;
         return {std::string("the file is damaged or no company: ") + error.what()};
     }
 }

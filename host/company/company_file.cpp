@@ -17,13 +17,28 @@ std::optional<std::string> firstText(sqlite::Statement& statement) {
     return std::string(statement.text(0));
 }
 
-// Looks into the file before reports may, because only this connection may ask for its version.
-Catalogue examined(const std::string& path) {
+// Runs a step over a company file; its failures name the file.
+template <class Step>
+auto told(const std::string& path, Step step) {
     const auto refuse = [&](const std::string& what) { return InputError("The company file " + path + " " + what); };
-    if (!std::filesystem::exists(path)) throw refuse("does not exist");
-    if (!std::filesystem::is_regular_file(path)) throw refuse("is not a file");
     try {
-        sqlite::Database database(path, sqlite::Open::readOnly);
+        return step(refuse);
+    } catch (const sqlite::Error& failure) {
+        throw refuse(std::string("cannot be read: ") + failure.what());
+    }
+}
+
+sqlite::Database openCompany(const std::string& path, const std::atomic<bool>* stop) {
+    return told(path, [&](const auto& refuse) {
+        if (!std::filesystem::exists(path)) throw refuse("does not exist");
+        if (!std::filesystem::is_regular_file(path)) throw refuse("is not a file");
+        return sqlite::Database(path, sqlite::Open::readOnly, stop);
+    });
+}
+
+// Looks into the file before reports may, because they cannot ask for its version.
+Catalogue examined(const std::string& path, sqlite::Database& database) {
+    return told(path, [&](const auto& refuse) {
         Catalogue catalogue(database);
         if (!catalogue.hasTable("CompanyFact")) throw refuse("is not a company: it has no table CompanyFact");
         const auto version = database.integer("PRAGMA user_version");
@@ -33,15 +48,18 @@ Catalogue examined(const std::string& path) {
         for (const auto table : hostTables)
             if (!catalogue.hasTable(table)) throw refuse("lacks the table " + std::string(table));
         return catalogue;
-    } catch (const sqlite::Error& failure) {
-        throw refuse(std::string("cannot be read: ") + failure.what());
-    }
+    });
 }
 
 }  // namespace
 
-CompanyFile::CompanyFile(const std::string& path)
-    : path_(path), catalogue_(examined(path)), database_(std::make_unique<SqliteDatabase>(path)) {}
+CompanyFile::CompanyFile(const std::string& path, const std::atomic<bool>* stop)
+    : CompanyFile(path, openCompany(path, stop)) {}
+
+CompanyFile::CompanyFile(const std::string& path, sqlite::Database database)
+    : path_(path),
+      catalogue_(examined(path, database)),
+      database_(std::make_unique<SqliteDatabase>(std::move(database), path)) {}
 
 std::string CompanyFile::folder() const {
     return std::filesystem::absolute(path_).parent_path().string();

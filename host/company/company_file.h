@@ -20,10 +20,12 @@ inline constexpr int companyVersion = 1;
 class CompanyFile {
 public:
     // Throws InputError that names the file and what is wrong with it: missing, no database, damaged, of
-    // another version, or without a table that every company has.
-    explicit CompanyFile(const std::string& path);
+    // another version, or without a table that every company has. Throws RunStopped when the stop flag ends it.
+    explicit CompanyFile(const std::string& path, const std::atomic<bool>* stop = nullptr);
 
     const std::string& path() const { return path_; }
+    // What ends its work early.
+    const std::atomic<bool>* stopFlag() const { return handle().watch().stopFlag(); }
     // The folder in which the file lies.
     std::string folder() const;
     SqliteDatabase& database() { return *database_; }
@@ -42,6 +44,8 @@ public:
     std::vector<std::pair<int, std::string>> textOverrides(std::string_view language) const;
 
 private:
+    CompanyFile(const std::string& path, sqlite::Database database);
+
     std::string path_;
     Catalogue catalogue_;
     std::unique_ptr<SqliteDatabase> database_;

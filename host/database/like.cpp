@@ -2,6 +2,8 @@
 
 #include <unicode/uchar.h>
 
+#include "framework/values/errors.h"
+
 namespace quillo {
 namespace {
 
@@ -23,7 +25,9 @@ UChar32 next(std::string_view& text) {
 
 }  // namespace
 
-bool matchesLike(std::string_view text, std::string_view pattern, std::string_view escape) {
+bool matchesLike(std::string_view text, std::string_view pattern, std::string_view escape, const sqlite::Watch* watch) {
+    constexpr unsigned charactersBetweenLooks = 1 << 20;
+    unsigned looked = 0;
     std::string_view escapeText = escape;
     const UChar32 escapeMark = next(escapeText);
     // Where the last % was, to try again with one character more behind it.
@@ -31,6 +35,7 @@ bool matchesLike(std::string_view text, std::string_view pattern, std::string_vi
     std::string_view retryText;
     std::string_view retryPattern;
     while (true) {
+        if (++looked % charactersBetweenLooks == 0 && watch != nullptr && watch->over()) throw RunStopped();
         std::string_view patternRest = pattern;
         UChar32 wanted = next(patternRest);
         if (wanted == '%' && escapeMark != '%') {

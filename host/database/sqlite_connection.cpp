@@ -10,8 +10,6 @@
 namespace quillo {
 namespace {
 
-constexpr int stepsBetweenLooks = 20000;
-
 int authorize(void*, int action, const char*, const char* name, const char*, const char*) {
     switch (action) {
         case SQLITE_SELECT:
@@ -22,14 +20,6 @@ int authorize(void*, int action, const char*, const char* name, const char*, con
             return equalNames(name, "load_extension") ? SQLITE_DENY : SQLITE_OK;
         default:
             return SQLITE_DENY;
-    }
-}
-
-sqlite::Database open(const std::string& path) {
-    try {
-        return {path, sqlite::Open::readOnly};
-    } catch (const sqlite::Error& failure) {
-        throw DatabaseError(failure.what());
     }
 }
 
@@ -54,27 +44,25 @@ nlohmann::ordered_json jsonOf(const Variant& value) {
 
 }  // namespace
 
-SqliteConnection::SqliteConnection(const std::string& path) : database_(open(path)) {
+SqliteConnection::SqliteConnection(sqlite::Database database) : database_(std::move(database)) {
     sqlite3* handle = database_.get();
-    sqlite::registerFunctions(handle);
+    sqlite::registerFunctions(handle, database_.watch());
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_progress_handler(handle, stepsBetweenLooks, progress, this);
     sqlite3_set_authorizer(handle, authorize, nullptr);
 }
 
-int SqliteConnection::progress(void* connection) {
-    const auto& self = *static_cast<const SqliteConnection*>(connection);
-    const bool late = self.deadline_ != Clock::time_point::max() && Clock::now() > self.deadline_;
-    return late || self.stopped() ? 1 : 0;
+void SqliteConnection::reread() {
+    sqlite3_set_authorizer(database_.get(), nullptr, nullptr);
+    database_.reread();
+    sqlite3_set_authorizer(database_.get(), authorize, nullptr);
 }
 
-SqliteConnection::Limit::Limit(SqliteConnection& connection, int seconds) : connection_(connection) {
-    if (seconds > 0) connection_.deadline_ = Clock::now() + std::chrono::seconds(seconds);
+SqliteConnection::Limit::Limit(sqlite::Watch& watch, int seconds) : watch_(watch) {
+    if (seconds > 0) watch_.setDeadline(sqlite::Watch::Clock::now() + std::chrono::seconds(seconds));
 }
 
-void SqliteConnection::fail(const sqlite::Error& failure) const {
+void SqliteConnection::fail(const sqlite::Error& failure) {
     if ((failure.code & 0xFF) != SQLITE_INTERRUPT) throw DatabaseError(failure.what());
-    if (stopped()) throw RunStopped();
     throw DatabaseError("The query took longer than its time limit");
 }
 

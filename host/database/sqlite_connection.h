@@ -1,7 +1,5 @@
 #pragma once
 
-#include <atomic>
-#include <chrono>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -18,16 +16,16 @@ namespace quillo {
 // the report texts. Belongs to one thread; only the stop flag may be set from elsewhere.
 class SqliteConnection {
 public:
-    // Throws DatabaseError with SQLite's text.
-    explicit SqliteConnection(const std::string& path);
+    // The database is open for reading. Throws DatabaseError with SQLite's text.
+    explicit SqliteConnection(sqlite::Database database);
     SqliteConnection(const SqliteConnection&) = delete;
     SqliteConnection& operator=(const SqliteConnection&) = delete;
 
     const sqlite::Database& database() const { return database_; }
     SqlRewriter& rewriter() { return rewriter_; }
 
-    // While the flag is true, running statements end with a failure. nullptr: none.
-    void setStopFlag(const std::atomic<bool>* stop) { stop_ = stop; }
+    // What others have written meanwhile, where the company was read from memory.
+    void reread();
     // One JSON object a line for each text executed, as it was written. nullptr: no trace.
     void setTrace(std::ostream* trace) { trace_ = trace; }
     void trace(std::string_view text, const std::vector<Variant>& parameters);
@@ -35,7 +33,7 @@ public:
     // Runs a step that may take long. Failures become DatabaseError; seconds 0: no limit.
     template <class Step>
     auto run(int seconds, Step step) {
-        const Limit limit(*this, seconds);
+        const Limit limit(database_.watch(), seconds);
         try {
             return step();
         } catch (const sqlite::Error& failure) {
@@ -44,28 +42,22 @@ public:
     }
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     class Limit {
     public:
-        Limit(SqliteConnection& connection, int seconds);
-        ~Limit() { connection_.deadline_ = Clock::time_point::max(); }
+        Limit(sqlite::Watch& watch, int seconds);
+        ~Limit() { watch_.setDeadline(sqlite::Watch::Clock::time_point::max()); }
         Limit(const Limit&) = delete;
         Limit& operator=(const Limit&) = delete;
 
     private:
-        SqliteConnection& connection_;
+        sqlite::Watch& watch_;
     };
 
-    static int progress(void* connection);
-    bool stopped() const { return stop_ != nullptr && stop_->load(std::memory_order_relaxed); }
-    [[noreturn]] void fail(const sqlite::Error& failure) const;
+    [[noreturn]] static void fail(const sqlite::Error& failure);
 
     sqlite::Database database_;
     SqlRewriter rewriter_;
-    const std::atomic<bool>* stop_ = nullptr;
     std::ostream* trace_ = nullptr;
-    Clock::time_point deadline_ = Clock::time_point::max();
 };
 
 }  // namespace quillo

@@ -16,6 +16,8 @@ class SqliteDatabase final : public HostDatabase {
 public:
     // Throws DatabaseError with SQLite's text.
     explicit SqliteDatabase(const std::string& path);
+    // One that is open for reading.
+    SqliteDatabase(sqlite::Database database, const std::string& path);
 
     std::string ConnectionString() const override { return connectionString_; }
     std::unique_ptr<Command> newCommand() override;
@@ -25,10 +27,12 @@ public:
                                                  const std::vector<Variant>& parameters, int flag = 0) override;
 
     // While the flag is true, running statements end with a failure; it must outlive the database.
-    void setStopFlag(const std::atomic<bool>* stop) { connection_->setStopFlag(stop); }
+    void setStopFlag(const std::atomic<bool>* stop) { connection_->database().watch().setStopFlag(stop); }
     // One JSON object a line for each text of a report that is executed:
     // {"text":...,"parameters":[...]}. The stream must outlive the database; nullptr: no trace.
     void setTrace(std::ostream* trace) { connection_->setTrace(trace); }
+    // What a service wrote over a connection of its own is seen.
+    void reread() { connection_->reread(); }
     // For the host's own questions; not traced.
     const sqlite::Database& handle() const { return connection_->database(); }
 

@@ -38,6 +38,8 @@ void guarded(Context* context, Body body) {
         body();
     } catch (const std::bad_alloc&) {
         sqlite3_result_error_nomem(context);
+    } catch (const RunStopped&) {
+        sqlite3_result_error_code(context, SQLITE_INTERRUPT);
     } catch (const std::exception& failure) {
         sqlite3_result_error(context, failure.what(), -1);
     }
@@ -106,7 +108,9 @@ void like(Context* context, int count, Value** values) {
     for (int i = 0; i < count; ++i)
         if (isNull(values[i])) return;
     guarded(context, [&] {
-        const bool match = matchesLike(textOf(values[1]), textOf(values[0]), count == 3 ? textOf(values[2]) : "");
+        const auto* watch = static_cast<const Watch*>(sqlite3_user_data(context));
+        const bool match =
+            matchesLike(textOf(values[1]), textOf(values[0]), count == 3 ? textOf(values[2]) : "", watch);
         sqlite3_result_int(context, match ? 1 : 0);
     });
 }
@@ -169,12 +173,13 @@ constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 
 }  // namespace
 
-void registerFunctions(sqlite3* handle) {
+void registerFunctions(sqlite3* handle, const Watch& watch) {
+    auto* const given = const_cast<Watch*>(&watch);  // SQLite hands it on as it got it
     const auto check = [handle](int code) {
         if (code != SQLITE_OK) throw Error(code, sqlite3_errmsg(handle));
     };
     for (const Function& one : functions)
-        check(sqlite3_create_function_v2(handle, one.name, one.arguments, flags, nullptr, one.run, nullptr, nullptr,
+        check(sqlite3_create_function_v2(handle, one.name, one.arguments, flags, given, one.run, nullptr, nullptr,
                                          nullptr));
     check(sqlite3_create_function_v2(handle, "sum", 1, flags, nullptr, nullptr, sumStep, sumFinal, nullptr));
 }

@@ -1,16 +1,47 @@
 #include "host/database/sqlite_handle.h"
 
+#include "framework/values/errors.h"
+#include "host/database/wal_reader.h"
+
 namespace quillo::sqlite {
 namespace {
 
-constexpr int busyMilliseconds = 10000;  // a writer of the file gets this long to finish
+constexpr int stepsBetweenLooks = 20000;
+constexpr std::chrono::milliseconds patienceForRepair{500};  // another program may be at it
 
-[[noreturn]] void fail(sqlite3* handle, int code) {
-    throw Error(code, handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(code));
+int primary(int code) {
+    return code & 0xFF;
 }
 
-void check(sqlite3* handle, int code) {
-    if (code != SQLITE_OK) fail(handle, code);
+std::string textOf(sqlite3* handle, int code) {
+    if (code == SQLITE_READONLY_ROLLBACK)
+        return "a program broke off while it wrote to the file; a program that writes to it must open it first";
+    if (primary(code) == SQLITE_BUSY || code == SQLITE_PROTOCOL)
+        return "another program writes to the file and kept it locked";
+    return handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(code);
+}
+
+[[noreturn]] void fail(sqlite3* handle, const Watch& watch, int code) {
+    const bool ended = primary(code) == SQLITE_INTERRUPT || primary(code) == SQLITE_BUSY;
+    if (ended && watch.stopped()) throw RunStopped();
+    throw Error(code, textOf(handle, code));
+}
+
+void check(sqlite3* handle, const Watch& watch, int code) {
+    if (code != SQLITE_OK) fail(handle, watch, code);
+}
+
+// Some locks are told without SQLite's own waiting: a log that is just recovered, a journal that is just rolled back.
+template <class Attempt>
+int patiently(sqlite3* handle, const Watch& watch, Attempt attempt) {
+    const auto since = Watch::Clock::now();
+    while (true) {
+        const int code = attempt();
+        const bool repair = code == SQLITE_READONLY_ROLLBACK;
+        if (!repair && primary(code) != SQLITE_BUSY && code != SQLITE_PROTOCOL) return code;
+        if (sqlite3_get_autocommit(handle) == 0) return code;  // its own transaction stands in the way
+        if (!(repair ? watch.wait(since, patienceForRepair) : watch.wait(since))) return code;
+    }
 }
 
 int flagsOf(Open mode) {
@@ -27,18 +58,67 @@ int flagsOf(Open mode) {
 
 }  // namespace
 
-Database::Database(const std::string& path, Open mode) {
+bool Error::isLock() const {
+    return primary(code) == SQLITE_BUSY || primary(code) == SQLITE_LOCKED || code == SQLITE_PROTOCOL ||
+           code == SQLITE_READONLY_ROLLBACK;
+}
+
+Database::Database(const std::string& path, Open mode, const std::atomic<bool>* stop)
+    : path_(path), watch_(std::make_unique<Watch>()) {
+    watch_->setStopFlag(stop);
     sqlite3* handle = nullptr;
     const int code =
         sqlite3_open_v2(path.c_str(), &handle, flagsOf(mode) | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     handle_.reset(handle);
-    if (code != SQLITE_OK) fail(handle, code);
+    if (code != SQLITE_OK) fail(handle, *watch_, code);
     registerCollation(handle);
-    sqlite3_busy_timeout(handle, busyMilliseconds);
+    sqlite3_busy_handler(
+        handle, [](void* watch, int turn) { return static_cast<Watch*>(watch)->wait(turn) ? 1 : 0; }, watch_.get());
+    sqlite3_progress_handler(
+        handle, stepsBetweenLooks, [](void* watch) { return static_cast<Watch*>(watch)->over() ? 1 : 0; },
+        watch_.get());
+    if (mode == Open::readOnly) enterWal();
+}
+
+// The watch may be gone by now, where one database takes the place of another.
+void Database::Close::operator()(sqlite3* handle) const {
+    sqlite3_busy_handler(handle, nullptr, nullptr);
+    sqlite3_progress_handler(handle, 0, nullptr, nullptr);
+    sqlite3_close_v2(handle);
+}
+
+void Database::enterWal() {
+    const WalReader file(path_, *watch_);
+    while (file.isWal()) {
+        if (file.isOpenElsewhere()) {
+            // While the reader holds its lock, nobody takes the files beside away, so that none is made anew.
+            Statement(*this, "SELECT 1 FROM sqlite_master").step();
+            return;
+        }
+        auto copy = file.copy();
+        if (!copy) continue;
+        constexpr unsigned flags = SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY;
+        const auto size = static_cast<sqlite3_int64>(copy->size);
+        check(get(), *watch_, sqlite3_deserialize(get(), "main", copy->bytes.release(), size, size, flags));
+        inMemory_ = true;
+        return;
+    }
+}
+
+void Database::rest() const {
+    for (auto* one = sqlite3_next_stmt(get(), nullptr); one != nullptr; one = sqlite3_next_stmt(get(), one))
+        sqlite3_reset(one);
+}
+
+void Database::reread() {
+    if (!inMemory_) return;
+    rest();
+    inMemory_ = false;
+    enterWal();
 }
 
 void Database::execute(const char* sql) {
-    check(get(), sqlite3_exec(get(), sql, nullptr, nullptr, nullptr));
+    check(get(), *watch_, sqlite3_exec(get(), sql, nullptr, nullptr, nullptr));
 }
 
 std::int64_t Database::integer(const std::string& sql) {
@@ -46,41 +126,51 @@ std::int64_t Database::integer(const std::string& sql) {
     return statement.step() ? statement.integer(0) : 0;
 }
 
-Statement::Statement(const Database& database, std::string_view sql) : database_(database.get()) {
+Statement::Statement(const Database& database, std::string_view sql)
+    : database_(database.get()), watch_(&database.watch()) {
     sqlite3_stmt* handle = nullptr;
-    check(database_, sqlite3_prepare_v2(database_, sql.data(), static_cast<int>(sql.size()), &handle, nullptr));
+    check(patiently(database_, *watch_, [&] {
+        return sqlite3_prepare_v2(database_, sql.data(), static_cast<int>(sql.size()), &handle, nullptr);
+    }));
     handle_.reset(handle);
 }
 
 Statement& Statement::bind(int index, std::nullptr_t) {
-    check(database_, sqlite3_bind_null(get(), index));
+    check(sqlite3_bind_null(get(), index));
     return *this;
 }
 
 Statement& Statement::bind(int index, std::int64_t value) {
-    check(database_, sqlite3_bind_int64(get(), index, value));
+    check(sqlite3_bind_int64(get(), index, value));
     return *this;
 }
 
 Statement& Statement::bind(int index, double value) {
-    check(database_, sqlite3_bind_double(get(), index, value));
+    check(sqlite3_bind_double(get(), index, value));
     return *this;
 }
 
 Statement& Statement::bind(int index, std::string_view value) {
-    check(database_, sqlite3_bind_text64(get(), index, value.data(), value.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
+    check(sqlite3_bind_text64(get(), index, value.data(), value.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
     return *this;
 }
 
 bool Statement::step() {
-    const int code = sqlite3_step(get());
+    const auto step = [this] { return sqlite3_step(get()); };
+    const int code = begun_ ? step() : patiently(database_, *watch_, step);
+    begun_ = code == SQLITE_ROW;
     if (code == SQLITE_ROW) return true;
-    if (code != SQLITE_DONE) fail(database_, code);
+    if (code != SQLITE_DONE) fail(database_, *watch_, code);
     return false;
 }
 
 void Statement::reset() {
     sqlite3_reset(get());
+    begun_ = false;
+}
+
+void Statement::check(int code) const {
+    sqlite::check(database_, *watch_, code);
 }
 
 void Statement::run() {

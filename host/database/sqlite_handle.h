@@ -8,22 +8,36 @@
 #include <string>
 #include <string_view>
 
+#include "host/database/watch.h"
+
 // Thin owners of SQLite's handles. They are move-only, belong to one thread at a time, and every
-// failure is an Error whose text is SQLite's own.
+// failure is an Error whose text is SQLite's own, but for a lock. What the stop flag ends throws RunStopped.
 namespace quillo::sqlite {
 
 struct Error : std::runtime_error {
     Error(int resultCode, const std::string& text) : std::runtime_error(text), code(resultCode) {}
+    // Another program keeps the file from being read or written now; nothing is wrong with it.
+    bool isLock() const;
     int code;  // SQLite's extended result code
 };
 
 enum class Open { readOnly, readWrite, create };
 
-// One connection to one file. The collation QUILLO is registered on every connection.
+// One connection to one file. The collation QUILLO is registered on every connection. Whatever meets a lock waits for
+// it, up to Watch::patience.
+//
+// A reader leaves nothing behind. A file in WAL mode that no program has open is read from memory, as it was when it
+// was opened, because SQLite would else make files beside it that a mere reader cannot take away, and that lock others
+// out.
 class Database {
 public:
-    Database(const std::string& path, Open mode);
+    Database(const std::string& path, Open mode, const std::atomic<bool>* stop = nullptr);
 
+    Watch& watch() const { return *watch_; }
+    // Ends the statements that are under way, and so every lock.
+    void rest() const;
+    // What others have written meanwhile, where the file was read from memory.
+    void reread();
     sqlite3* get() const { return handle_.get(); }
     // Runs one or more statements that give no rows.
     void execute(const char* sql);
@@ -32,9 +46,14 @@ public:
     std::int64_t integer(const std::string& sql);
 
 private:
+    void enterWal();
+
     struct Close {
-        void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+        void operator()(sqlite3* handle) const;
     };
+    std::string path_;
+    bool inMemory_ = false;         // a copy of the file
+    std::unique_ptr<Watch> watch_;  // SQLite's callbacks know its address
     std::unique_ptr<sqlite3, Close> handle_;
 };
 
@@ -67,7 +86,11 @@ private:
     struct Finalize {
         void operator()(sqlite3_stmt* handle) const { sqlite3_finalize(handle); }
     };
+    void check(int code) const;
+
     sqlite3* database_;
+    const Watch* watch_;
+    bool begun_ = false;  // it may have given rows
     std::unique_ptr<sqlite3_stmt, Finalize> handle_;
 };
 

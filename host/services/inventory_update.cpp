@@ -9,8 +9,6 @@
 namespace quillo {
 namespace {
 
-constexpr int busyMilliseconds = 1000;  // another writer gets this long to finish
-
 // Whether it is the file that does not take any change now.
 bool refusesToBeWritten(const sqlite::Error& failure) {
     const int codes[] = {SQLITE_BUSY, SQLITE_LOCKED, SQLITE_READONLY, SQLITE_CANTOPEN, SQLITE_PERM, SQLITE_FULL};
@@ -62,11 +60,11 @@ std::optional<Date> dayOf(const sqlite::Database& database, std::string_view que
 bool SqliteInventoryUpdate::Update(int, bool) {
     if (IsUpToDate()) return true;
     try {
-        sqlite::Database database(file_.path(), sqlite::Open::readWrite);
-        sqlite3_busy_timeout(database.get(), busyMilliseconds);
+        sqlite::Database database(file_.path(), sqlite::Open::readWrite, file_.stopFlag());
         database.execute("BEGIN IMMEDIATE");
         fillIn(database);
         database.execute("COMMIT");
+        file_.database().reread();
         return true;
     } catch (const sqlite::Error& failure) {
         if (!refusesToBeWritten(failure)) throw;

@@ -45,7 +45,7 @@ Date dayOf(const std::tm& local) {
 }  // namespace
 
 HostSession::HostSession(const SessionOptions& options, Messages& messages)
-    : file_(options.company),
+    : file_(options.company, options.stop),
       language_(companyLanguage(file_, options.language)),
       localeName_(options.locale.empty() ? file_.fact("Locale", "en_CA") : options.locale),
       locale_(companyLocale(file_, localeName_)),

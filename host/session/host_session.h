@@ -25,6 +25,7 @@ struct SessionOptions {
     std::optional<Date> sessionDate;                // empty: today
     std::map<int, std::string> settings;            // numbered settings for this run alone
     std::map<std::string, std::string> parameters;  // named parameters for this run alone
+    const std::atomic<bool>* stop = nullptr;        // while it is true, whatever asks the company ends with RunStopped
 };
 
 // Everything that reports ask of their host, for one company and one run. It must outlive the reports

@@ -117,5 +117,12 @@ TEST_F(LettersCommand, RefusesBeforeItWritesAnything) {
     EXPECT_EQ(program({"letters", "--company", company.path(), "--to", "2024-02-30", "-o", target}).status, 2);
 }
 
+TEST_F(LettersCommand, WritesNoLetterOverItsTemplate) {
+    const std::string own = write("3.pdf", "{\\rtf1 Dear {Name}}");
+    const auto outcome = letters({"--template", own, "--min-days", "1", "-o", folder.file("")});
+    EXPECT_EQ(outcome.status, 2) << outcome.err;
+    EXPECT_EQ(folder.count(), 1U) << "before the first is written";
+}
+
 }  // namespace
 }  // namespace quillo::test

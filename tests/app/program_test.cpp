@@ -145,6 +145,47 @@ TEST_F(Program, WritesNothingOverWhatItReads) {
     EXPECT_FALSE(fs::exists(company.path() + "-wal"));
 }
 
+// Nor where the company is told by a link, nor over another database, nor where a picture's pages would lie.
+TEST_F(Program, WritesNothingOverADatabaseNorOneOverAnotherOutput) {
+    namespace fs = std::filesystem;
+    const TemporaryFile link(".db"), other(".db"), dangling(".pdf"), pages("-1.png");
+    fs::create_symlink(company.path(), link.path());
+    fs::create_symlink(company.path() + "-wal", dangling.path());
+    ASSERT_EQ(program({"new", other.path()}).status, 0);
+    fs::copy_file(company.path(), pages.path());
+    const std::string picture = pages.path().substr(0, pages.path().size() - 6) + ".png";
+    const auto refused = [](const std::vector<std::string>& arguments) { return program(arguments).status == 2; };
+    const auto onto = [&](const std::string& company_, const std::string& output) {
+        return refused({"run", "TermList", "--company", company_, "--format", "json", "-o", output});
+    };
+    EXPECT_TRUE(onto(link.path(), company.path() + "-shm")) << "the database lies where the link leads";
+    EXPECT_TRUE(onto(company.path(), dangling.path()));
+    EXPECT_TRUE(onto(company.path(), other.path()));
+    EXPECT_TRUE(onto(company.path(), other.path() + "-journal"));
+    EXPECT_TRUE(refused({"run", "TermList", "--company", pages.path(), "-o", picture}));
+    EXPECT_TRUE(refused({"new", company.path() + "-wal"}));
+    EXPECT_TRUE(refused({"demo", company.path() + "-journal"}));
+    const TemporaryFile orphan(".db");
+    std::ofstream(orphan.path() + "-wal") << "of a company that was here";
+    EXPECT_TRUE(refused({"new", orphan.path()}));
+    const TemporaryFile folder("");
+    fs::create_directory(folder.path());
+    const std::string inside = folder.path() + "/TermList.pdf";
+    fs::copy_file(company.path(), inside);
+    EXPECT_TRUE(refused({"run", "--all", "--company", inside, "-o", folder.path()}));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1) << "before the first is printed";
+    fs::remove_all(folder.path());
+}
+
+TEST_F(Program, LeavesAFileOfTheUsersBesideANewCompany) {
+    const TemporaryFile made;
+    const std::string own = made.path() + ".part";
+    std::ofstream(own) << "mine";
+    EXPECT_EQ(program({"demo", made.path()}).status, 0);
+    EXPECT_EQ(bytesOf(own), "mine");
+    std::filesystem::remove(own);
+}
+
 TEST_F(Program, TracesWhatTheReportAsked) {
     const TemporaryFile trace(".jsonl");
     EXPECT_EQ(run({"--where", "Due = 30", "--trace-sql", trace.path()}).status, 0);

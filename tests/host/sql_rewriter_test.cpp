@@ -110,7 +110,7 @@ TEST(Rewriter, RemembersTexts) {
 // The texts as SQLite runs them: one column, rows joined by "|", NULL as "~".
 std::string run(const std::string& text) {
     sqlite::Database database(":memory:", sqlite::Open::create);
-    sqlite::registerFunctions(database.get());
+    sqlite::registerFunctions(database.get(), database.watch());
     database.execute(
         "CREATE TABLE C (Id INTEGER PRIMARY KEY, Code TEXT COLLATE QUILLO, Name TEXT COLLATE QUILLO, Amount MONEY "
         "REAL, Rate INTEGER);"

@@ -10,6 +10,7 @@
 
 #include "framework/values/errors.h"
 #include "host/database/decimal_sum.h"
+#include "host/database/like.h"
 #include "tests/host/temporary_file.h"
 
 namespace quillo {
@@ -200,6 +201,86 @@ TEST_F(SqliteDatabaseTest, ALongQueryCanBeStopped) {
     user.join();
     stop = false;
     EXPECT_EQ(failure("SELECT 1"), "");
+}
+
+TEST_F(SqliteDatabaseTest, AHardPatternAndALockEndWithTheStopFlagToo) {
+    std::atomic<bool> stop = false;
+    sqlite::Watch watch;
+    watch.setStopFlag(&stop);
+    const auto stoppedSoon = [&](const auto& work) {
+        stop = false;
+        std::thread user([&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            stop = true;
+        });
+        const auto since = sqlite::Watch::Clock::now();
+        EXPECT_THROW(work(), RunStopped);
+        user.join();
+        return sqlite::Watch::Clock::now() - since < std::chrono::seconds(1);
+    };
+    const std::string text(1 << 20, 'a'), pattern = "%" + std::string(1 << 18, 'a') + "b";
+    EXPECT_TRUE(stoppedSoon([&] { matchesLike(text, pattern, "", &watch); }));
+    sqlite::Database writer(file_.path(), sqlite::Open::readWrite);
+    writer.execute("BEGIN EXCLUSIVE");
+    EXPECT_TRUE(
+        stoppedSoon([&] { sqlite::Database(file_.path(), sqlite::Open::readOnly, &stop).integer("SELECT 1 FROM T"); }));
+}
+
+// Two programs that take turns: nobody is refused, in either way of writing.
+TEST(SqliteLocks, AWriterAndReadersTakeTurns) {
+    for (const char* mode : {"DELETE", "WAL"}) {
+        const test::TemporaryFile file;
+        sqlite::Database(file.path(), sqlite::Open::create)
+            .execute(std::string("PRAGMA journal_mode = ") + mode +
+                     "; CREATE TABLE T (N); INSERT INTO T VALUES (1), (1)");
+        std::atomic<bool> over = false;
+        std::thread other([&] {
+            for (int i = 2; !over; ++i) {
+                sqlite::Database writer(file.path(), sqlite::Open::readWrite);
+                writer.execute("PRAGMA synchronous = OFF; BEGIN EXCLUSIVE; UPDATE T SET N = " + std::to_string(i));
+                std::this_thread::sleep_for(std::chrono::milliseconds(i % 5));
+                writer.execute("COMMIT");
+            }
+        });
+        for (int i = 0; i < 300; ++i) {
+            const sqlite::Database reader(file.path(), sqlite::Open::readOnly);
+            EXPECT_NO_THROW({
+                sqlite::Statement rows(reader, "SELECT MIN(N) = MAX(N) FROM T");
+                ASSERT_TRUE(rows.step());
+                EXPECT_EQ(rows.integer(0), 1) << "half of a change was read";
+            }) << mode;
+        }
+        over = true;
+        other.join();
+        EXPECT_FALSE(std::filesystem::exists(file.path() + "-shm")) << "the writer was the last, and found no reader";
+    }
+}
+
+// A reader makes nothing beside a company in WAL mode, whether its log was left, half written, or went without its
+// index.
+TEST(SqliteLocks, AReaderLeavesNothingBehind) {
+    namespace fs = std::filesystem;
+    const test::TemporaryFile file, copy;
+    const auto read = [&](const std::string& path) {
+        return sqlite::Database(path, sqlite::Open::readOnly).integer("SELECT SUM(N) FROM T");
+    };
+    sqlite::Database writer(file.path(), sqlite::Open::create);
+    writer.execute(
+        "PRAGMA journal_mode = WAL; PRAGMA wal_autocheckpoint = 0; CREATE TABLE T (N); INSERT INTO T VALUES (1)");
+    writer.execute(
+        "INSERT INTO T WITH RECURSIVE C(N) AS (VALUES(1) UNION ALL SELECT N + 1 FROM C WHERE N < 3000) SELECT 2 FROM "
+        "C");
+    EXPECT_EQ(read(file.path()), 6001) << "what is in the log of an open company";
+    fs::copy_file(file.path(), copy.path());
+    fs::copy_file(file.path() + "-wal", copy.path() + "-wal");
+    EXPECT_EQ(read(copy.path()), 6001) << "the same from a copy without the index";
+    fs::resize_file(copy.path() + "-wal", fs::file_size(copy.path() + "-wal") - 5000);
+    EXPECT_EQ(read(copy.path()), 1) << "a transaction that is not whole does not count";
+    EXPECT_FALSE(fs::exists(copy.path() + "-shm"));
+    fs::remove(copy.path() + "-wal");
+    writer = sqlite::Database(":memory:", sqlite::Open::create);
+    EXPECT_EQ(read(file.path()), 6001);
+    for (const char* ending : {"-wal", "-shm"}) EXPECT_FALSE(fs::exists(file.path() + ending)) << ending;
 }
 
 TEST_F(SqliteDatabaseTest, ACommandKeepsToItsTimeLimit) {

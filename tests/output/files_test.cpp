@@ -49,6 +49,38 @@ TEST(OutputFile, AppearsWholeOrNotAtAll) {
     EXPECT_FALSE(std::filesystem::is_regular_file("/dev/null"));
 }
 
+// What a user made of a file stays: who may read it, its other names, the link that leads to it.
+TEST(OutputFile, TakesAPlaceAsItIs) {
+    const TestFolder folder;
+    const auto write = [](const string& path, const string& text) {
+        OutputFile file(path);
+        file.write(text);
+        file.finish();
+    };
+    const string path = folder.file("a.txt");
+    write(path, "old and longer");
+    ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+    const uid_t owner = geteuid() == 0 ? 65534 : geteuid();
+    ASSERT_EQ(chown(path.c_str(), owner, static_cast<gid_t>(-1)), 0);
+    write(path, "new");
+    struct stat status {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640U);
+    EXPECT_EQ(status.st_uid, owner);
+    std::filesystem::create_hard_link(path, folder.file("other"));
+    write(path, "newer");
+    EXPECT_EQ(read(folder.file("other")), "newer");
+    std::filesystem::create_symlink("to be", folder.file("dangling"));
+    write(folder.file("dangling"), "through");
+    EXPECT_EQ(read(folder.file("to be")), "through");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.file("dangling")));
+    const string longest = folder.file(string(255, 'n'));
+    write(longest, "first");
+    write(longest, "second");
+    EXPECT_EQ(read(longest), "second");
+    EXPECT_EQ(folder.count(), 5U);
+}
+
 TEST(OutputFile, SaysWhyItCannotBeWritten) {
     const TestFolder folder;
     const auto failure = [](const string& path) -> string {
@@ -201,6 +233,18 @@ TEST(Png, NamesItsFilesByTheNumberOfPages) {
         EXPECT_EQ(darkest(path, 0, 0.2, 1, 1), 255U) << "and nothing elsewhere";
     }
     EXPECT_EQ(folder.count(), 3U);
+
+    // A run of another length takes its older pages away, and no picture of the user's.
+    std::filesystem::copy_file(folder.file("more-2.png"), folder.file("more-3.png"));
+    std::filesystem::copy_file(folder.file("more-2.png"), folder.file("more-03.png"));
+    std::ofstream(folder.file("more-4.png"))
+        << "the user's own picture, of a longer name than it needs, to be read whole";
+    PngSink single(folder.file("more.png"), 50);
+    single.page(builder.page());
+    single.finish();
+    for (const char* name : {"more-1.png", "more-2.png", "more-3.png"})
+        EXPECT_FALSE(std::filesystem::exists(folder.file(name))) << name;
+    EXPECT_EQ(folder.count(), 4U) << "one.png, more.png, more-03.png, more-4.png";
 }
 
 TEST(Pictures, ReadTheSizeOfAJpegAndRefuseDamage) {
