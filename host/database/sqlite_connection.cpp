@@ -29,7 +29,7 @@ sqlite::Database open(const std::string& path) {
     try {
         return {path, sqlite::Open::readOnly};
     } catch (const sqlite::Error& failure) {
-        throw DatabaseError(failure.what());
+        throw DatabaseError(sqlite::inWords(failure, path));
     }
 }
 
@@ -52,11 +52,25 @@ nlohmann::ordered_json jsonOf(const Variant& value) {
     return nullptr;
 }
 
+// Temporary views go before those of the file, and fail for a text among its amounts.
+void guardViews(sqlite::Database& database) {
+    std::vector<std::string> texts;
+    sqlite::Statement views(database, "SELECT sql FROM sqlite_schema WHERE type = 'view'");
+    while (views.step()) texts.push_back(guardedView(views.text(0)));
+    for (const std::string& text : texts)
+        if (!text.empty()) sqlite::Statement(database, text).run();
+}
+
 }  // namespace
 
-SqliteConnection::SqliteConnection(const std::string& path) : database_(open(path)) {
+SqliteConnection::SqliteConnection(const std::string& path) : path_(path), database_(open(path)) {
     sqlite3* handle = database_.get();
     sqlite::registerFunctions(handle);
+    try {
+        guardViews(database_);
+    } catch (const sqlite::Error& failure) {
+        fail(failure);
+    }
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_progress_handler(handle, stepsBetweenLooks, progress, this);
     sqlite3_set_authorizer(handle, authorize, nullptr);
@@ -73,7 +87,10 @@ SqliteConnection::Limit::Limit(SqliteConnection& connection, int seconds) : conn
 }
 
 void SqliteConnection::fail(const sqlite::Error& failure) const {
-    if ((failure.code & 0xFF) != SQLITE_INTERRUPT) throw DatabaseError(failure.what());
+    if ((failure.code & 0xFF) != SQLITE_INTERRUPT) {
+        faulty_ = faulty_ || sqlite::tellsOfTheFile(failure);
+        throw DatabaseError(sqlite::inWords(failure, path_));
+    }
     if (stopped()) throw RunStopped();
     throw DatabaseError("The query took longer than its time limit");
 }

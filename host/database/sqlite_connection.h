@@ -18,12 +18,14 @@ namespace quillo {
 // the report texts. Belongs to one thread; only the stop flag may be set from elsewhere.
 class SqliteConnection {
 public:
-    // Throws DatabaseError with SQLite's text.
+    // Throws DatabaseError.
     explicit SqliteConnection(const std::string& path);
     SqliteConnection(const SqliteConnection&) = delete;
     SqliteConnection& operator=(const SqliteConnection&) = delete;
 
     const sqlite::Database& database() const { return database_; }
+    // A statement found the file damaged, or without what every company has.
+    bool faulty() const { return faulty_; }
     SqlRewriter& rewriter() { return rewriter_; }
 
     // While the flag is true, running statements end with a failure. nullptr: none.
@@ -61,7 +63,9 @@ private:
     bool stopped() const { return stop_ != nullptr && stop_->load(std::memory_order_relaxed); }
     [[noreturn]] void fail(const sqlite::Error& failure) const;
 
+    std::string path_;
     sqlite::Database database_;
+    mutable bool faulty_ = false;
     SqlRewriter rewriter_;
     const std::atomic<bool>* stop_ = nullptr;
     std::ostream* trace_ = nullptr;

@@ -14,7 +14,7 @@ namespace quillo {
 // A company file for reading. Commands and recordsets keep the connection alive beyond it. One thread.
 class SqliteDatabase final : public HostDatabase {
 public:
-    // Throws DatabaseError with SQLite's text.
+    // Throws DatabaseError.
     explicit SqliteDatabase(const std::string& path);
 
     std::string ConnectionString() const override { return connectionString_; }
@@ -29,6 +29,8 @@ public:
     // One JSON object a line for each text of a report that is executed:
     // {"text":...,"parameters":[...]}. The stream must outlive the database; nullptr: no trace.
     void setTrace(std::ostream* trace) { connection_->setTrace(trace); }
+    // A report's text found the file damaged, or without what every company has.
+    bool faulty() const { return connection_->faulty(); }
     // For the host's own questions; not traced.
     const sqlite::Database& handle() const { return connection_->database(); }
 

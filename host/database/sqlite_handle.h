@@ -17,11 +17,18 @@ struct Error : std::runtime_error {
     int code;  // SQLite's extended result code
 };
 
+// A failure in a sentence that says what is the matter with the file, where SQLite only has a term for it; else its own
+// text, which then is about a statement.
+std::string inWords(const Error& failure, const std::string& path);
+// Whether the file is to blame: damaged, unreadable, or without a table or column that was asked for.
+bool tellsOfTheFile(const Error& failure);
+
 enum class Open { readOnly, readWrite, create };
 
 // One connection to one file. The collation QUILLO is registered on every connection.
 class Database {
 public:
+    // The path is a file's name, also where it begins like an address ("file:...").
     Database(const std::string& path, Open mode);
 
     sqlite3* get() const { return handle_.get(); }
@@ -60,7 +67,8 @@ public:
 
     bool isNull(int column) const { return sqlite3_column_type(get(), column) == SQLITE_NULL; }
     std::int64_t integer(int column) const { return sqlite3_column_int64(get(), column); }
-    double real(int column) const { return sqlite3_column_double(get(), column); }
+    // Throws Error for a text or bytes, which SQLite would give as 0.
+    double real(int column) const;
     std::string_view text(int column) const;
 
 private:
