@@ -20,8 +20,9 @@ std::optional<std::string> firstText(sqlite::Statement& statement) {
 // Looks into the file before reports may, because only this connection may ask for its version.
 Catalogue examined(const std::string& path) {
     const auto refuse = [&](const std::string& what) { return InputError("The company file " + path + " " + what); };
-    if (!std::filesystem::exists(path)) throw refuse("does not exist");
-    if (!std::filesystem::is_regular_file(path)) throw refuse("is not a file");
+    std::error_code ignored;
+    if (!std::filesystem::exists(path, ignored)) throw refuse("does not exist");
+    if (!std::filesystem::is_regular_file(path, ignored)) throw refuse("is not a file");
     try {
         sqlite::Database database(path, sqlite::Open::readOnly);
         Catalogue catalogue(database);
@@ -34,7 +35,7 @@ Catalogue examined(const std::string& path) {
             if (!catalogue.hasTable(table)) throw refuse("lacks the table " + std::string(table));
         return catalogue;
     } catch (const sqlite::Error& failure) {
-        throw refuse(std::string("cannot be read: ") + failure.what());
+        throw InputError(sqlite::inWords(failure, path));
     }
 }
 
@@ -44,7 +45,8 @@ CompanyFile::CompanyFile(const std::string& path)
     : path_(path), catalogue_(examined(path)), database_(std::make_unique<SqliteDatabase>(path)) {}
 
 std::string CompanyFile::folder() const {
-    return std::filesystem::absolute(path_).parent_path().string();
+    const auto folder = std::filesystem::path(path_).parent_path();
+    return folder.empty() ? "." : folder.string();
 }
 
 std::string CompanyFile::fact(std::string_view name, std::string_view fallback) const {

@@ -24,7 +24,7 @@ public:
     explicit CompanyFile(const std::string& path);
 
     const std::string& path() const { return path_; }
-    // The folder in which the file lies.
+    // The folder in which the file lies, as the caller named it.
     std::string folder() const;
     SqliteDatabase& database() { return *database_; }
     const sqlite::Database& handle() const { return database_->handle(); }

@@ -35,7 +35,7 @@ void HeadlessFilterTool::GetFilter(const std::string& Tables, bool, bool, bool& 
 std::string HeadlessFilterTool::checked(const std::string& tables) {
     if (trimmed(choice_.where).empty() && trimmed(choice_.order).empty()) return {};
     const FilterScope scope(tables, catalogue_);
-    const auto where = parseFilterCondition(choice_.where, scope);
+    const auto where = parseFilterCondition(choice_.where, scope, context_.locale());
     const auto columns = parseFilterOrder(choice_.order, scope);
     info_.where = where ? conditionInWords(where->condition, context_) : "";
     info_.order = orderInWords(columns, context_);
