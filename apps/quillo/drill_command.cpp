@@ -4,6 +4,7 @@
 
 #include "apps/quillo/output_guard.h"
 #include "apps/quillo/outputs.h"
+#include "apps/quillo/session_arguments.h"
 #include "framework/drill_tags.h"
 #include "framework/values/errors.h"
 #include "host/drill/drill_target.h"
@@ -75,10 +76,7 @@ int printCards(const RecordTarget& target, const RunRequest& request, HostSessio
     return ExitStatus::failures;
 }
 
-}  // namespace
-
-int drillCommand(const std::string& tag, const std::string& by, RunRequest request, const Console& console) {
-    guardOutputs({request.company}, {request.output});
+int follow(const std::string& tag, const std::string& by, RunRequest& request, const Console& console) {
     ConsoleMessages messages(console);
     const auto session = openSession(request, messages);
     try {
@@ -86,6 +84,7 @@ int drillCommand(const std::string& tag, const std::string& by, RunRequest reque
         if (!target.leadsToReport()) return printCards(target.records, request, *session, messages, console);
         checkSalesPerson(target.report, *session);
         request.member = target.report.member;
+        request.datesAreCommon = true;
         request.foreign |= target.report.foreign;
         request.properties.insert(request.properties.end(), target.report.properties.begin(),
                                   target.report.properties.end());
@@ -95,6 +94,13 @@ int drillCommand(const std::string& tag, const std::string& by, RunRequest reque
         throw UsageError(failure.what());
     }
     return runReportCommand(request, console);
+}
+
+}  // namespace
+
+int drillCommand(const std::string& tag, const std::string& by, RunRequest request, const Console& console) {
+    guardOutputs({request.company}, {request.output});
+    return onCompany(request.company, [&] { return follow(tag, by, request, console); });
 }
 
 }  // namespace quillo::app

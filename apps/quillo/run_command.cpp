@@ -11,6 +11,7 @@
 #include "apps/quillo/session_arguments.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "framework/values/nearest_name.h"
 #include "host/session/report_job.h"
 #include "output/font_measure.h"
 #include "output/output_error.h"
@@ -19,6 +20,12 @@
 
 namespace quillo::app {
 namespace {
+
+std::vector<std::string> memberNames() {
+    std::vector<std::string> names;
+    for (const auto& member : clsReport::members()) names.emplace_back(member.name);
+    return names;
+}
 
 int readDialect(const std::string& text) {
     if (equalNames(text, "sqlserver")) return 0;
@@ -43,9 +50,16 @@ SessionOptions sessionOptions(const RunRequest& request) {
     return options;
 }
 
-const clsReport::Member& memberOf(const std::string& name) {
-    if (const auto* member = clsReport::findMember(name)) return *member;
-    throw UsageError("there is no report \"" + name + "\"; \"quillo list\" names them all");
+// Where one report was asked for, a day that it does not look at is a mistake; common to all of them, it is not.
+void refuseDates(IReport& report, const RunRequest& request) {
+    const int takes = report.IReport_DateDisplayOptions();
+    const auto refuse = [&](const char* option, const std::string& given, bool taken) {
+        if (!given.empty() && !taken)
+            throw UsageError(request.member + " takes no " + option + ": \"quillo run " + request.member +
+                             " --help\" tells its dates");
+    };
+    refuse("--from", request.from, takes == DateDisplay::range);
+    refuse("--to", request.to, takes != DateDisplay::none);
 }
 
 // One line that follows a long run on a terminal.
@@ -84,6 +98,7 @@ public:
         try {
             job_ = std::make_unique<ReportJob>(*session_, member_, wish());
             if (job_->made() && !request_.comparable.empty()) job_->collectInto(comparable_);
+            if (job_->made() && !request_.datesAreCommon) refuseDates(job_->contract(), request_);
         } catch (const InputError& refusal) {
             throw UsageError(refusal.what());
         }
@@ -145,13 +160,16 @@ private:
             console_.complain("stopped; nothing was written");
             return ExitStatus::failures;
         }
-        const bool failed = !messages_.shown().empty();
-        if (failed && request_.strict) {
+        if (!messages_.shown().empty() && request_.strict) {
             console_.complain(nothingWritten);
         } else {
             writeComparable();
         }
-        return failed ? ExitStatus::failures : ExitStatus::done;
+        closeTrace();
+        if (session_->file().database().faulty())
+            throw CompanyError("The company file " + request_.company +
+                               " is damaged or lacks what the report asks; \"quillo check\" tells more");
+        return messages_.shown().empty() ? ExitStatus::done : ExitStatus::failures;
     }
 
     // Those of the output's own thread are known when it has ended.
@@ -159,6 +177,13 @@ private:
         std::vector<std::string> all = messages_.shown();
         all.insert(all.end(), missing_.begin(), missing_.end());
         return all;
+    }
+
+    void closeTrace() {
+        if (request_.traceSql.empty()) return;
+        session_->file().database().setTrace(nullptr);
+        trace_.close();
+        if (!trace_) messages_.Show(request_.traceSql + " cannot be written");
     }
 
     // Opened ahead of the run, which may be long.
@@ -193,6 +218,8 @@ private:
             return job_->run(*sink, measure, options);
         } catch (const InputError& refusal) {
             throw UsageError(refusal.what());
+        } catch (const PageLimitError& limit) {
+            throw PageLimitError(limit.what() + std::string("; --max-pages allows more"));
         }
     }
 
@@ -210,13 +237,19 @@ private:
 
 }  // namespace
 
+const clsReport::Member& memberOf(const std::string& name) {
+    if (const auto* member = clsReport::findMember(name)) return *member;
+    throw UsageError("there is no report \"" + name + "\"" + didYouMean(name, memberNames()) +
+                     "; \"quillo list\" names them all");
+}
+
 std::unique_ptr<HostSession> openSession(const RunRequest& request, Messages& messages) {
     return openSession(sessionOptions(request), messages);
 }
 
 int runReportCommand(const RunRequest& request, const Console& console) {
     guardOutputs({request.company}, {request.output, request.comparable, request.traceSql});
-    return Run(request, console).go();
+    return onCompany(request.company, [&] { return Run(request, console).go(); });
 }
 
 }  // namespace quillo::app
