@@ -31,7 +31,7 @@ std::string nearestName(std::string_view written, const std::vector<std::string>
     constexpr std::size_t longest = 64;  // of a name that somebody types
     if (written.size() > longest) return {};
     const std::string wanted = foldedName(written);
-    std::size_t least = written.size() / 3 + 1;  // farther ones are other names
+    std::size_t least = std::max<std::size_t>(written.size() / 3, 1);  // farther ones are other names
     std::string nearest;
     for (const std::string& candidate : candidates) {
         const std::size_t far = distance(wanted, foldedName(candidate));

@@ -47,7 +47,7 @@ std::string inWords(const Error& failure, const std::string& path) {
         case SQLITE_READONLY:
             return file +
                    "was being written when a program ended, and cannot be put in order by one that only reads: open it "
-                   "once with what writes it";
+                   "once with the program that writes it";
         case SQLITE_FULL:
             return file + "cannot be written: the disk is full";
         default:

@@ -35,7 +35,7 @@ void FilterScope::add(std::string_view entry, const Catalogue& catalogue) {
     entry = entry.substr(0, entry.find(' '));  // without the name that the result gives the column
     const auto point = entry.find('.');
     const std::string table(entry.substr(0, point));
-    if (!catalogue.hasTable(table)) throw InputError("The company has no table " + table + " to filter by");
+    if (!catalogue.hasTable(table)) throw DatabaseError("The company has no table " + table + " to filter by");
     const auto known =
         std::find_if(entries_.begin(), entries_.end(), [&](const Entry& one) { return equalNames(one.table, table); });
     Entry& target = known != entries_.end() ? *known : entries_.emplace_back(Entry{table, {}});
@@ -46,7 +46,7 @@ void FilterScope::add(std::string_view entry, const Catalogue& catalogue) {
         return;
     }
     const std::string_view column = catalogue.column(table, entry.substr(point + 1));
-    if (column.empty()) throw InputError("The company has no column " + std::string(entry) + " to filter by");
+    if (column.empty()) throw DatabaseError("The company has no column " + std::string(entry) + " to filter by");
     target.columns.push_back({table, std::string(column), kindOf(catalogue.type(table, column))});
 }
 

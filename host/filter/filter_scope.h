@@ -26,7 +26,7 @@ struct FilterColumn {
 // "InvoiHdr, Cust, WorldCurrency.Descr".
 class FilterScope {
 public:
-    // Throws InputError for a table or a column that the catalogue does not have.
+    // Throws DatabaseError for a table or a column that the catalogue does not have.
     FilterScope(std::string_view list, const Catalogue& catalogue);
 
     // Finds "Table.Column", or a column that stands alone when only one table has it. Throws InputError

@@ -29,6 +29,9 @@ void HeadlessFilterTool::GetFilter(const std::string& Tables, bool, bool, bool& 
     } catch (const InputError& refusal) {
         failure_ = refusal.what();
         Cancel = true;
+    } catch (const DatabaseError& lack) {
+        failure_ = lack.what();
+        companyLacks_ = Cancel = true;
     }
 }
 
