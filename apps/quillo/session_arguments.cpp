@@ -10,19 +10,19 @@ CompanyError named(const std::string& path, const std::string& text) {
     return CompanyError(text.find(path) == text.npos ? "The company file " + path + ": " + text : text);
 }
 
-// A company that cannot be opened is not the fault of the other arguments.
-void requireCompany(const std::string& path) {
+// The folder of a company. One that cannot be opened is not the fault of the other arguments.
+std::string companyFolder(const std::string& path) {
     try {
-        CompanyFile company(path);
+        return CompanyFile(path).folder();
     } catch (const std::exception& failure) {
         throw named(path, failure.what());
     }
 }
 
 // The language and the locale that the user names; those of the company are its own affair.
-void requireFormats(const SessionOptions& options) {
+void requireFormats(const SessionOptions& options, const std::string& folder) {
     try {
-        if (!options.language.empty()) Language::load(options.language, {CompanyFile(options.company).folder()});
+        if (!options.language.empty()) Language::load(options.language, {folder});
         if (!options.locale.empty()) makeLocaleFormat(options.locale, "CAD");
     } catch (const InputError& failure) {
         throw UsageError(failure.what());
@@ -48,8 +48,7 @@ Date readDate(const std::string& option, const std::string& text) {
 }
 
 std::unique_ptr<HostSession> openSession(const SessionOptions& options, Messages& messages) {
-    requireCompany(options.company);
-    requireFormats(options);
+    requireFormats(options, companyFolder(options.company));
     try {
         return std::make_unique<HostSession>(options, messages);
     } catch (const InputError& failure) {

@@ -63,8 +63,10 @@ void toMoney(Context* context, int, Value** values) {
 }
 
 void toNumber(Context* context, int, Value** values) {
+    const int type = sqlite3_value_type(values[0]);
+    if (type != SQLITE_TEXT && type != SQLITE_BLOB) return sqlite3_result_value(context, values[0]);
     guarded(context, [&] {
-        if (!isNull(values[0])) numberType(values[0]);
+        numberType(values[0]);
         sqlite3_result_value(context, values[0]);
     });
 }
