@@ -315,14 +315,14 @@ TEST_F(Program, WritesAReportWithFailuresUnlessItIsStrict) {
                                               all ? folder.path() : path};
         arguments.insert(arguments.begin(), {"run", all ? "--all" : "TermList"});
         const auto strict = program(arguments);
-        EXPECT_EQ(strict.status, 1);
+        EXPECT_EQ(strict.status, 3);
         EXPECT_NE(strict.err.find("quillo: nothing was written, since the report has failures\n"), std::string::npos)
             << strict.err;
         EXPECT_EQ(bytesOf(path), "before");
     }
     EXPECT_TRUE(std::filesystem::exists(folder.path() + "/CustList.pdf")) << "what has no failures is written";
     EXPECT_EQ(run({"--strict", "--format", "json"}).out, "");
-    EXPECT_EQ(run({"-o", folder.path() + "/a.pdf"}).status, 1);
+    EXPECT_EQ(run({"-o", folder.path() + "/a.pdf"}).status, 3);
     EXPECT_TRUE(bytesOf(folder.path() + "/a.pdf").starts_with("%PDF-"));
     std::filesystem::remove_all(folder.path());
 }
