@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/values/names.h"
+#include "framework/values/nearest_name.h"
 
 namespace quillo {
 namespace {
@@ -71,7 +72,8 @@ void DialogForm::setOption(std::string_view name, const std::string& value) {
         if (isShown(*box, name)) return setBox(*box, value);
     for (const OptionGroup* group : optionGroups())
         if (equalNames(group->Name, name)) return setGroup(*group, value);
-    throw NameError("there is no option \"" + std::string(name) + "\"; the form has " + joined(optionNames()));
+    throw NameError("there is no option \"" + std::string(name) + "\"; the form has " + joined(optionNames()) +
+                    didYouMean(name, optionNames()));
 }
 
 void DialogForm::setBox(const CheckBox& box, const std::string& value) {

@@ -36,7 +36,8 @@ inline void link(std::string_view tag, std::initializer_list<Control*> controls)
     for (Control* control : controls) control->Hyperlink = tag;
 }
 
-// A web page: the address as it stands when it names its scheme, in any case of letters.
+// A web page: the address as it stands when it names its scheme, in any case of letters. Empty, and so no link, for an
+// address with control characters or of a scheme that runs something ("javascript:"); so is a mail's.
 std::string webTag(std::string_view address);
 std::string mailTag(std::string_view address);
 

@@ -4,9 +4,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iomanip>
-#include <ostream>
+#include <sstream>
 
 #include "apps/quillo/output_guard.h"
+#include "apps/quillo/session_arguments.h"
 #include "demo/demo_company.h"
 #include "host/check/books_check.h"
 #include "host/check/company_check.h"
@@ -21,26 +22,63 @@ namespace {
 
 namespace fs = std::filesystem;
 
-sqlite::Database openToCheck(const std::string& path) {
-    if (!fs::exists(path)) throw CompanyError(path + ": there is no such file");
-    try {
-        return sqlite::Database(path, sqlite::Open::readOnly, &interruptFlag());
-    } catch (const std::exception& failure) {
-        throw CompanyError(path + ": " + failure.what());
+// Of a file that cannot be made.
+std::string reasonOf(const std::exception& failure) {
+    if (const auto* files = dynamic_cast<const fs::filesystem_error*>(&failure)) return files->code().message();
+    const auto* database = dynamic_cast<const sqlite::Error*>(&failure);
+    switch (database == nullptr ? SQLITE_OK : database->code & 0xFF) {
+        case SQLITE_CANTOPEN:
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+            return "there is no such folder, or nothing may be written there";
+        case SQLITE_FULL:
+        case SQLITE_IOERR:
+            return "the disk is full or failed";
+        default:
+            return failure.what();
     }
+}
+
+sqlite::Database openToCheck(const std::string& path) {
+    std::error_code ignored;
+    if (!fs::exists(path, ignored)) throw CompanyError(path + ": there is no such file");
+    if (!fs::is_regular_file(path, ignored)) throw CompanyError(path + " is not a file");
+    return {path, sqlite::Open::readOnly, &interruptFlag()};
+}
+
+std::string booksText(const BooksLine& line, std::size_t width) {
+    std::ostringstream text;
+    text << std::left << std::setw(static_cast<int>(width)) << line.name << std::right;
+    if (!line.failure.empty()) {
+        text << "  " << line.failure;
+    } else {
+        text << std::setw(20) << line.left.toText() << std::setw(20) << line.right.toText()
+             << (line.ok() ? "  ok" : "  DIFFERS");
+    }
+    return text.str();
 }
 
 int printBooks(const sqlite::Database& company, const Console& console) {
     const auto lines = checkBooks(company);
     std::size_t width = 0;
     for (const BooksLine& line : lines) width = std::max(width, line.name.size());
-    for (const BooksLine& line : lines)
-        console.out << std::left << std::setw(static_cast<int>(width) + 2) << line.name << std::right << std::setw(20)
-                    << line.left.toText() << std::setw(20) << line.right.toText() << (line.ok() ? "  ok" : "  DIFFERS")
-                    << '\n';
+    for (const BooksLine& line : lines) console.print(booksText(line, width + 2));
     const bool allEqual = std::all_of(lines.begin(), lines.end(), [](const BooksLine& line) { return line.ok(); });
     if (!allEqual) console.complain("the books do not agree");
     return allEqual ? ExitStatus::done : ExitStatus::failures;
+}
+
+int check(const std::string& path, bool books, const Console& console) {
+    const sqlite::Database company = openToCheck(path);
+    const auto lacks = checkCompany(company);
+    for (const std::string& line : lacks) console.print(line);
+    if (!lacks.empty()) {
+        console.complain(path + " is no complete company");
+        return ExitStatus::noCompany;
+    }
+    if (books) return printBooks(company, console);
+    console.print(path + " is a company of version " + std::to_string(companyVersion));
+    return ExitStatus::done;
 }
 
 }  // namespace
@@ -57,9 +95,9 @@ void newCompany(const std::string& path, const Console& console) {
         }
         file.publish();
     } catch (const std::exception& failure) {
-        throw UsageError(path + " cannot be written: " + failure.what());
+        throw UsageError(path + " cannot be written: " + reasonOf(failure));
     }
-    console.out << path << '\n';
+    console.print(path);
 }
 
 void demoCompany(const std::string& path, int scale, std::uint64_t seed, const std::string& language,
@@ -70,25 +108,14 @@ void demoCompany(const std::string& path, int scale, std::uint64_t seed, const s
     try {
         writeDemoCompany(writtenPath(path), {scale, seed, language == "fr", &interruptFlag()});
     } catch (const std::exception& failure) {
-        throw UsageError(path + " cannot be written: " + failure.what());
+        throw UsageError(path + " cannot be written: " + reasonOf(failure));
     }
-    console.out << path << '\n';
+    console.print(path);
 }
 
-int checkCompanyFile(const std::string& path, bool books, const Console& console) try {
+int checkCompanyFile(const std::string& path, bool books, const Console& console) {
     endAtInterrupts();
-    const sqlite::Database company = openToCheck(path);
-    const auto lacks = checkCompany(company);
-    for (const std::string& line : lacks) console.out << line << '\n';
-    if (!lacks.empty()) {
-        console.complain(path + " is no complete company");
-        return ExitStatus::noCompany;
-    }
-    if (books) return printBooks(company, console);
-    console.out << path << " is a company of version " << companyVersion << '\n';
-    return ExitStatus::done;
-} catch (const sqlite::Error& failure) {
-    throw CompanyError(path + ": " + failure.what());
+    return onCompany(path, [&] { return check(path, books, console); });
 }
 
 ScratchCompany::ScratchCompany() {

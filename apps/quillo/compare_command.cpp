@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ostream>
 
 #include "apps/quillo/outlet.h"
 #include "apps/quillo/output_guard.h"
@@ -39,7 +38,7 @@ std::size_t lengthOf(const std::string& text) {
         std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
 }
 
-void print(const std::vector<Line>& lines, std::ostream& out) {
+void print(const std::vector<Line>& lines, const Console& console) {
     std::array<std::size_t, columnCount> widths{};
     for (const Line& line : lines)
         for (std::size_t i = 0; i < columnCount; ++i) widths[i] = std::max(widths[i], lengthOf(line[i]));
@@ -49,7 +48,7 @@ void print(const std::vector<Line>& lines, std::ostream& out) {
             const std::string blanks(widths[i] - lengthOf(line[i]), ' ');
             text += (i == 0 ? "" : "  ") + (i < firstAmount ? line[i] + blanks : blanks + line[i]);
         }
-        out << text.substr(0, text.find_last_not_of(' ') + 1) << '\n';
+        console.print(text.substr(0, text.find_last_not_of(' ') + 1));
     }
 }
 
@@ -79,14 +78,14 @@ void compareFiles(const std::string& left, const std::string& right, const std::
     guardOutputs({left, right}, {output});
     try {
         const auto lines = linesOf(readComparable(left), readComparable(right));
-        if (output.empty()) return print(lines, console.out);
+        if (output.empty()) return print(lines, console);
         write(lines, output, console);
     } catch (const InputError& failure) {
         throw UsageError(failure.what());
     } catch (const OutputError& failure) {
         throw UsageError(failure.what());
     }
-    console.out << output << '\n';
+    console.print(output);
 }
 
 }  // namespace quillo::app

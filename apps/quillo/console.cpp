@@ -1,9 +1,13 @@
 #include "apps/quillo/console.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <ctime>
+#include <iterator>
 #include <ostream>
+
+#include "framework/values/printable.h"
 
 namespace quillo::app {
 namespace {
@@ -36,20 +40,20 @@ void handle(void (*handler)(int)) {
     }
 }
 
-// A box of several lines as one line.
-std::string oneLine(std::string_view text) {
-    std::string line;
-    for (const char letter : text) {
-        if (letter == '\r') continue;
-        line += letter == '\n' ? ' ' : letter;
-    }
-    return line;
+std::string withoutReturns(std::string_view text) {
+    std::string result;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(result), [](char letter) { return letter != '\r'; });
+    return result;
 }
 
 }  // namespace
 
 void Console::complain(std::string_view text) const {
-    err << (terminal ? "\r\033[K" : "") << "quillo: " << oneLine(text) << '\n';
+    err << (terminal ? "\r\033[K" : "") << "quillo: " << printable(withoutReturns(text)) << '\n';
+}
+
+void Console::print(std::string_view line) const {
+    out << printable(line) << '\n';
 }
 
 void ConsoleMessages::tell() {

@@ -29,8 +29,10 @@ struct Console {
     std::ostream& out;
     std::ostream& err;
     bool terminal = false;  // err is read by a person: a progress line is welcome
-    // One line on err, "quillo: " in front.
+    // One line on err, "quillo: " in front; a box of several lines as one.
     void complain(std::string_view text) const;
+    // One line on out. Like complain it lets no control character through: a terminal would obey it.
+    void print(std::string_view line) const;
 };
 
 // Message boxes as lines on standard error; kept for the exit status and the JSON pages. They are told by tell() or at

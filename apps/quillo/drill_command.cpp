@@ -4,6 +4,7 @@
 
 #include "apps/quillo/output_guard.h"
 #include "apps/quillo/outputs.h"
+#include "apps/quillo/session_arguments.h"
 #include "framework/drill_tags.h"
 #include "framework/values/errors.h"
 #include "host/drill/drill_target.h"
@@ -73,11 +74,7 @@ void printCards(const RecordTarget& target, const RunRequest& request, HostSessi
     if (runWithNotes(*report, session, *sink, measure, options) == RunEnd::stopped) throw RunStopped();
 }
 
-}  // namespace
-
-int drillCommand(const std::string& tag, const std::string& by, RunRequest request, const Console& console) {
-    guardOutputs(inputsOf(request.company, request.language), {request.output});
-    guardPages(request.format, request.output, {request.company});
+int follow(const std::string& tag, const std::string& by, RunRequest& request, const Console& console) {
     ConsoleMessages messages(console);
     auto session = openSession(request, messages);
     try {
@@ -93,6 +90,7 @@ int drillCommand(const std::string& tag, const std::string& by, RunRequest reque
         }
         checkSalesPerson(target.report, *session);
         request.member = target.report.member;
+        request.datesAreCommon = true;
         request.foreign |= target.report.foreign;
         request.properties.insert(request.properties.end(), target.report.properties.begin(),
                                   target.report.properties.end());
@@ -103,6 +101,14 @@ int drillCommand(const std::string& tag, const std::string& by, RunRequest reque
     }
     session.reset();
     return runReportCommand(request, console);
+}
+
+}  // namespace
+
+int drillCommand(const std::string& tag, const std::string& by, RunRequest request, const Console& console) {
+    guardOutputs(inputsOf(request.company, request.language), {request.output});
+    guardPages(request.format, request.output, {request.company});
+    return onCompany(request.company, [&] { return follow(tag, by, request, console); });
 }
 
 }  // namespace quillo::app

@@ -24,7 +24,8 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string fileText(const std::string& path) {
-    if (!fs::is_regular_file(path)) throw UsageError("the template " + path + " does not exist");
+    std::error_code ignored;
+    if (!fs::is_regular_file(path, ignored)) throw UsageError("the template " + path + " does not exist");
     std::ifstream file(path, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(file), {}};
     if (!file) throw UsageError("the template " + path + " cannot be read");
@@ -99,7 +100,9 @@ public:
 private:
     // Before anything is written.
     void refuse() const {
-        if (!fs::is_directory(request_.folder)) throw UsageError("the folder " + request_.folder + " does not exist");
+        std::error_code ignored;
+        if (!fs::is_directory(request_.folder, ignored))
+            throw UsageError("the folder " + request_.folder + " does not exist");
         if (request_.logo.empty()) return;
         try {
             loadPicture(request_.logo);
@@ -139,7 +142,8 @@ private:
         messages_.tell();
         if (!end) return true;  // its box told why
         if (end == RunEnd::stopped || interruptFlag()) return false;
-        console_.out << path << std::endl;
+        console_.print(path);
+        console_.out.flush();
         return true;
     }
 
@@ -181,7 +185,7 @@ private:
 }  // namespace
 
 int writeLetters(const LettersRequest& request, const Console& console) {
-    return Letters(request, console).go();
+    return onCompany(request.company, [&] { return Letters(request, console).go(); });
 }
 
 }  // namespace quillo::app

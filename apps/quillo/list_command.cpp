@@ -1,9 +1,9 @@
-#include <iomanip>
-#include <ostream>
+#include <algorithm>
 
 #include "apps/quillo/company_commands.h"
 #include "apps/quillo/option_list.h"
 #include "apps/quillo/run_command.h"
+#include "apps/quillo/session_arguments.h"
 #include "framework/report_factory.h"
 #include "framework/run_frame.h"
 #include "framework/values/errors.h"
@@ -37,15 +37,16 @@ std::string datesOf(int option) {
 
 class Catalog {
 public:
-    explicit Catalog(const std::string& language) : session_(optionsFor(scratch_.path(), language), messages_) {}
+    explicit Catalog(const std::string& language)
+        : session_(openSession(optionsFor(scratch_.path(), language), messages_)) {}
 
     Description describe(const clsReport::Member& member) {
         Description text;
-        clsReport factory(session_);
+        clsReport factory(*session_);
         const auto report = member.make(factory);
         auto* contract = dynamic_cast<IReport*>(report.get());
         if (contract == nullptr) return text;
-        contract->IReport_Application(session_);
+        contract->IReport_Application(*session_);
         contract->IReport_Initialize();
         text.title = contract->IReport_ReportTitle();
         text.dates = datesOf(contract->IReport_DateDisplayOptions());
@@ -75,8 +76,14 @@ private:
     }
     ScratchCompany scratch_;
     NoMessages messages_;
-    HostSession session_;
+    std::unique_ptr<HostSession> session_;
 };
+
+std::string padded(std::string name) {
+    constexpr std::size_t width = 32;
+    name.resize(std::max(name.size(), width), ' ');
+    return name;
+}
 
 }  // namespace
 
@@ -84,36 +91,32 @@ void listMembers(const std::string& language, const Console& console) {
     Catalog catalog(language);
     for (const clsReport::Member& member : clsReport::members()) {
         if (interruptFlag()) throw RunStopped();
-        console.out << std::left << std::setw(32) << member.name;
+        const std::string name = padded(std::string(member.name));
         if (!member.written) {
-            console.out << "(still to come)\n";
+            console.print(name + "(still to come)");
             continue;
         }
         const Description text = catalog.describe(member);
-        console.out << text.title << "  [dates: " << text.dates << (text.abilities.empty() ? "" : ";") << text.abilities
-                    << "]\n";
+        console.print(name + text.title + "  [dates: " + text.dates + (text.abilities.empty() ? "" : ";") +
+                      text.abilities + "]");
         for (const auto& option : text.options)
-            console.out << std::setw(32) << ""
-                        << "--option " << option.name << "=" << option.now << "  " << option.caption << '\n';
+            console.print(padded("") + "--option " + option.name + "=" + option.now + "  " + option.caption);
     }
 }
 
 void describeMember(const std::string& name, const std::string& language, const Console& console) {
-    const clsReport::Member* member = clsReport::findMember(name);
-    if (member == nullptr) throw UsageError("there is no report \"" + name + "\"; \"quillo list\" names them all");
-    console.out << member->name << " (" << member->report << ")";
-    if (!member->written) {
-        console.out << ": still to come\n";
-        return;
-    }
-    const Description text = Catalog(language).describe(*member);
-    console.out << ": " << text.title << "\n  dates       " << text.dates << '\n';
-    if (!text.tables.empty()) console.out << "  filter over " << text.tables << '\n';
-    if (!text.abilities.empty()) console.out << "  takes      " << text.abilities << '\n';
-    for (const auto& property : text.properties) console.out << "  --set " << property << "=...\n";
+    const clsReport::Member& member = memberOf(name);
+    const std::string head = std::string(member.name) + " (" + std::string(member.report) + "): ";
+    if (!member.written) return console.print(head + "still to come");
+    const Description text = Catalog(language).describe(member);
+    console.print(head + text.title);
+    console.print("  dates       " + text.dates);
+    if (!text.tables.empty()) console.print("  filter over " + text.tables);
+    if (!text.abilities.empty()) console.print("  takes      " + text.abilities);
+    for (const auto& property : text.properties) console.print("  --set " + property + "=...");
     for (const auto& option : text.options)
-        console.out << "  --option " << option.name << "=" << option.values << "  " << option.caption << " (now "
-                    << option.now << ")\n";
+        console.print("  --option " + option.name + "=" + option.values + "  " + option.caption + " (now " +
+                      option.now + ")");
 }
 
 }  // namespace quillo::app

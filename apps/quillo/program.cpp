@@ -1,7 +1,11 @@
 #include "apps/quillo/program.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <new>
 #include <ostream>
+#include <sstream>
 
 #include "apps/quillo/company_commands.h"
 #include "apps/quillo/compare_command.h"
@@ -10,6 +14,8 @@
 #include "apps/quillo/run_all_command.h"
 #include "apps/quillo/run_command.h"
 #include "framework/values/errors.h"
+#include "framework/values/nearest_name.h"
+#include "framework/values/text.h"
 
 namespace quillo::app {
 namespace {
@@ -33,21 +39,46 @@ void addPairs(CLI::App& command, const std::string& name, NamedValues& target, c
         ->expected(1);
 }
 
+// An option that takes one text; what is given empty is a mistake, in a script a variable that has no value.
+CLI::Option* addText(CLI::App& command, const std::string& name, std::string& target, const std::string& description,
+                     const std::string& type) {
+    const auto given = [](const std::string& text) { return text.empty() ? "takes a value, not nothing" : ""; };
+    return command.add_option(name, target, description)->type_name(type)->check(CLI::Validator(given, ""));
+}
+
+// A number between two bounds, which what is no number is not.
+CLI::Validator between(double least, double most) {
+    return {[=](const std::string& text) -> std::string {
+                double value = 0;
+                if (CLI::detail::lexical_cast(text, value) && value >= least && value <= most) return {};
+                std::ostringstream refusal;
+                refusal << "takes a number from " << least << " to " << most << ", not \"" << text << '"';
+                return refusal.str();
+            },
+            ""};
+}
+
+CLI::Validator digits() {
+    return {[](const std::string& text) -> std::string {
+                constexpr std::size_t most = 18;
+                const bool is = !text.empty() && text.size() <= most && std::all_of(text.begin(), text.end(), isDigit);
+                return is ? std::string() : "takes a whole number from 0, not \"" + text + "\"";
+            },
+            ""};
+}
+
 // What a report and a record are printed with.
 void addPrintOptions(CLI::App& run, RunRequest& request) {
-    run.add_option("--company", request.company, "The company file")->type_name("DB");
-    run.add_option("--from", request.from, "First day, 2024-01-01; without it there is no limit")->type_name("DATE");
-    run.add_option("--to", request.to, "Last day")->type_name("DATE");
-    run.add_option("--language", request.language, "en, fr, a file of texts, or ids to see each text's number")
-        ->type_name("L");
-    run.add_option("--locale", request.locale, "Formats of dates, numbers and money: fr_CA")->type_name("L");
-    run.add_option("--dialect", request.dialect, "sqlserver (default) or jet")->type_name("D");
-    run.add_option("--session-date", request.sessionDate, "The date of the session, printed as today's")
-        ->type_name("DATE");
-    run.add_option("--format", request.format, "pdf, png or json; else by the file's ending")->type_name("F");
-    run.add_option("-o,--output", request.output, "The file to write; JSON goes to standard output without it")
-        ->type_name("FILE");
-    run.add_option("--resolution", request.resolution, "Dots to the inch of a PNG")->check(CLI::Range(20.0, 1200.0));
+    addText(run, "--company", request.company, "The company file", "DB");
+    addText(run, "--from", request.from, "First day, 2024-01-01; without it there is no limit", "DATE");
+    addText(run, "--to", request.to, "Last day", "DATE");
+    addText(run, "--language", request.language, "en, fr, a file of texts, or ids to see each text's number", "L");
+    addText(run, "--locale", request.locale, "Formats of dates, numbers and money: fr_CA", "L");
+    addText(run, "--dialect", request.dialect, "sqlserver (default) or jet", "D");
+    addText(run, "--session-date", request.sessionDate, "The date of the session, printed as today's", "DATE");
+    addText(run, "--format", request.format, "pdf, png or json; else by the file's ending", "F");
+    addText(run, "-o,--output", request.output, "The file to write; JSON goes to standard output without it", "FILE");
+    run.add_option("--resolution", request.resolution, "Dots to the inch of a PNG")->check(between(20, 1200));
     addPairs(run, "--setting", request.settings, "A numbered company setting for this run: 104=0");
     addPairs(run, "--parameter", request.parameters, "A company parameter for this run: UseAccountNumbers=False");
     run.add_flag("--strict", request.strict, "Write nothing where the report shows failures");
@@ -62,34 +93,31 @@ void addRunOptions(CLI::App& run, RunRequest& request) {
         ->type_name("CONDITION");
     run.add_option("--order", request.order, "Order: \"Cust.Name, InvoiDate DESC\"")->type_name("COLUMNS");
     run.add_flag("--cancel-filter", request.cancelFilter, "Behave as a user who cancels the filter");
-    run.add_option("--segments", request.segments, "Segments by id: 1,2")->type_name("IDS");
+    addText(run, "--segments", request.segments, "Segments by id: 1,2", "IDS");
     run.add_flag("--no-segment", request.noSegment, "Include rows without segment");
     addPairs(run, "--set", request.properties, "A property of the report: InvoiceType=51");
     addPairs(run, "--option", request.options, "An option of the report's dialog: chkIncludeZeroOrders=false");
     run.add_flag("--reevaluate", request.reevaluate, "Re-evaluate foreign balances");
-    run.add_option("--rates-date", request.ratesDate, "Date of the rates")->type_name("DATE");
+    addText(run, "--rates-date", request.ratesDate, "Date of the rates", "DATE");
     addPairs(run, "--rate", request.rates, "A rate to home currency: USD=1.35");
-    run.add_option("--trace-sql", request.traceSql, "Write every SQL text with its parameters, a JSON object a line")
-        ->type_name("FILE");
-    run.add_option("--comparable", request.comparable, "Write the comparable tables (XML) of a report that has them")
-        ->type_name("FILE");
+    addText(run, "--trace-sql", request.traceSql, "Write every SQL text with its parameters, a JSON object a line",
+            "FILE");
+    addText(run, "--comparable", request.comparable, "Write the comparable tables (XML) of a report that has them",
+            "FILE");
 }
 
 void addLettersOptions(CLI::App& letters, LettersRequest& request) {
-    letters.add_option("--company", request.company, "The company file")->type_name("DB")->required();
-    letters.add_option("-o,--output", request.folder, "The folder that takes the letters, a PDF a customer")
-        ->type_name("FOLDER")
+    addText(letters, "--company", request.company, "The company file", "DB")->required();
+    addText(letters, "-o,--output", request.folder, "The folder that takes the letters, a PDF a customer", "FOLDER")
         ->required();
-    letters.add_option("--template", request.letter, "The letter as RTF with fields; else the program's own")
-        ->type_name("FILE");
-    letters.add_option("--to", request.to, "The day that balances are of, and the letter's date; else today")
-        ->type_name("DATE");
+    addText(letters, "--template", request.letter, "The letter as RTF with fields; else the program's own", "FILE");
+    addText(letters, "--to", request.to, "The day that balances are of, and the letter's date; else today", "DATE");
     letters.add_option("--min-days", request.minDays, "Days that a balance must be past due")
         ->check(CLI::Range(0, 36500));
-    letters.add_option("--logo", request.logo, "A PNG or JPEG that prints above the letter")->type_name("FILE");
+    addText(letters, "--logo", request.logo, "A PNG or JPEG that prints above the letter", "FILE");
     letters.add_flag("--no-address", request.noAddress, "Leave the company's address out");
-    letters.add_option("--language", request.language, "en, fr or a file of texts")->type_name("L");
-    letters.add_option("--locale", request.locale, "Formats of dates and amounts: fr_CA")->type_name("L");
+    addText(letters, "--language", request.language, "en, fr or a file of texts", "L");
+    addText(letters, "--locale", request.locale, "Formats of dates and amounts: fr_CA", "L");
 }
 
 // "quillo run MEMBER --help" tells of the report, not only of the command.
@@ -97,6 +125,31 @@ bool asksForMember(const std::vector<std::string>& arguments) {
     if (arguments.size() < 3 || arguments[0] != "run" || arguments[1].starts_with("-")) return false;
     return std::find(arguments.begin(), arguments.end(), "--help") != arguments.end() ||
            std::find(arguments.begin(), arguments.end(), "-h") != arguments.end();
+}
+
+void refuseUnknownCommand(const CLI::App& program, const std::vector<std::string>& arguments) {
+    std::vector<std::string> names;
+    for (const CLI::App* command : program.get_subcommands({})) names.push_back(command->get_name());
+    const bool known = arguments.empty() || arguments.front().starts_with("-") ||
+                       std::find(names.begin(), names.end(), arguments.front()) != names.end();
+    if (!known)
+        throw UsageError("there is no command \"" + arguments.front() + "\"" + didYouMean(arguments.front(), names) +
+                         "; \"quillo --help\" names them all");
+}
+
+// What somebody who wrote an option wrong may have meant.
+std::string hint(const CLI::App& program, const std::vector<std::string>& arguments) {
+    const auto commands = program.get_subcommands();
+    std::vector<std::string> names;
+    if (commands.empty()) return {};
+    for (const CLI::Option* option : commands.front()->get_options())
+        for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    for (const std::string& argument : arguments) {
+        const std::string written = argument.substr(0, argument.find('='));
+        if (written.starts_with("--") && std::find(names.begin(), names.end(), written) == names.end())
+            return didYouMean(written, names);
+    }
+    return {};
 }
 
 int dispatch(const std::vector<std::string>& arguments, const Console& console) {
@@ -116,17 +169,17 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     auto* demo = program.add_subcommand("demo", "Make the demo company: some years of a made-up trade");
     demo->add_option("file", path, "The company file to make")->required();
     demo->add_option("--scale", scale, "Multiplies the documents")->check(CLI::Range(1, 1000));
-    demo->add_option("--seed", seed, "The same seed gives the same company");
-    demo->add_option("--language", language, "The company's own words: en or fr");
+    demo->add_option("--seed", seed, "The same seed gives the same company")->check(digits());
+    addText(*demo, "--language", language, "The company's own words: en or fr", "L");
     auto* list = program.add_subcommand("list", "Name the reports and what each takes");
-    list->add_option("--language", language, "en, fr, ids or a file of texts");
+    addText(*list, "--language", language, "en, fr, ids or a file of texts", "L");
     auto* check = program.add_subcommand("check", "Tell what a company file lacks");
     check->add_option("company", path, "The company file")->required();
     check->add_flag("--books", books, "Prove the books: ledger against documents");
     auto* compare = program.add_subcommand("compare", "Lay the comparable tables of two runs side by side");
     compare->add_option("left", path, "A file that \"quillo run --comparable\" wrote")->required();
     compare->add_option("right", other, "The other one: another day, another company")->required();
-    compare->add_option("-o,--output", output, "A CSV file; without it a table")->type_name("FILE");
+    addText(*compare, "-o,--output", output, "A CSV file; without it a table", "FILE");
     auto* run = program.add_subcommand("run", "Print a report");
     addRunOptions(*run, request);
     run->add_flag("--all", all, "Every report into the folder -o, a file each");
@@ -143,6 +196,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
         ->check(CLI::IsMember({"user", "register"}));
     addPrintOptions(*drill, request);
 
+    refuseUnknownCommand(program, arguments);
     try {
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
         program.parse(reversed);
@@ -154,7 +208,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
             }
             return program.exit(failure, console.out, console.err) == 0 ? ExitStatus::done : ExitStatus::wrongArguments;
         }
-        throw UsageError(std::string(failure.what()) + " (\"quillo --help\" tells more)");
+        throw UsageError(failure.what() + hint(program, arguments) + " (\"quillo --help\" tells more)");
     }
 
     if (*create) {
@@ -180,9 +234,7 @@ int dispatch(const std::vector<std::string>& arguments, const Console& console) 
     return ExitStatus::done;
 }
 
-}  // namespace
-
-int runProgram(const std::vector<std::string>& arguments, const Console& console) {
+int tellingFailures(const std::vector<std::string>& arguments, const Console& console) {
     try {
         return dispatch(arguments, console);
     } catch (const UsageError& failure) {
@@ -194,10 +246,26 @@ int runProgram(const std::vector<std::string>& arguments, const Console& console
     } catch (const RunStopped&) {
         console.complain("stopped; nothing was written");
         return ExitStatus::failures;
+    } catch (const std::filesystem::filesystem_error& failure) {
+        console.complain(failure.path1().string() + ": " + failure.code().message());
+        return ExitStatus::failures;
+    } catch (const std::bad_alloc&) {
+        console.complain("there is not enough memory");
+        return ExitStatus::failures;
     } catch (const std::exception& failure) {
         console.complain(failure.what());
         return ExitStatus::failures;
     }
+}
+
+}  // namespace
+
+int runProgram(const std::vector<std::string>& arguments, const Console& console) {
+    const int status = tellingFailures(arguments, console);
+    console.out.flush();
+    if (console.out || status != ExitStatus::done) return status;
+    console.complain("standard output cannot be written");
+    return ExitStatus::failures;
 }
 
 }  // namespace quillo::app

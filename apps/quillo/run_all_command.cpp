@@ -74,7 +74,8 @@ private:
     void makeFolder() const {
         std::error_code failure;
         fs::create_directories(request_.output, failure);
-        if (!fs::is_directory(request_.output))
+        std::error_code ignored;
+        if (!fs::is_directory(request_.output, ignored))
             throw UsageError(request_.output + " cannot be made a folder" +
                              (failure ? ": " + failure.message() : std::string()));
     }
@@ -87,21 +88,22 @@ private:
         RunRequest one = request_;
         one.member = members_[index];
         one.output = pathOf(one.member);
+        one.datesAreCommon = true;
         std::ostringstream out, err;
         Result& result = results_[index];
         try {
             result.status = runReportCommand(one, Console{out, err});
         } catch (const UsageError& failure) {
             result.status = ExitStatus::wrongArguments;
-            err << failure.what() << '\n';
+            Console{out, err}.complain(failure.what());
         } catch (const CompanyError& failure) {
             result.status = ExitStatus::noCompany;
-            err << failure.what() << '\n';
+            Console{out, err}.complain(failure.what());
         } catch (const RunStopped&) {
             return;
         } catch (const std::exception& failure) {
             result.status = ExitStatus::failures;
-            err << failure.what() << '\n';
+            Console{out, err}.complain(failure.what());
         }
         result.messages = err.str();
         result.ran = true;
@@ -111,8 +113,9 @@ private:
     void tellProgress(const std::string& file, const Result& result) {
         const std::lock_guard lock(mutex_);
         ++done_;
-        console_.out << done_ << '/' << members_.size() << ' ' << file
-                     << (result.status == ExitStatus::done ? "" : " (failures)") << std::endl;
+        console_.print(std::to_string(done_) + "/" + std::to_string(members_.size()) + " " + file +
+                       (result.status == ExitStatus::done ? "" : " (failures)"));
+        console_.out.flush();
     }
 
     int tellEnd() const {

@@ -10,6 +10,7 @@
 #include "apps/quillo/session_arguments.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "framework/values/nearest_name.h"
 #include "host/session/report_job.h"
 #include "output/font_measure.h"
 #include "output/output_error.h"
@@ -17,6 +18,12 @@
 
 namespace quillo::app {
 namespace {
+
+std::vector<std::string> memberNames() {
+    std::vector<std::string> names;
+    for (const auto& member : clsReport::members()) names.emplace_back(member.name);
+    return names;
+}
 
 int readDialect(const std::string& text) {
     if (equalNames(text, "sqlserver")) return 0;
@@ -42,9 +49,16 @@ SessionOptions sessionOptions(const RunRequest& request) {
     return options;
 }
 
-const clsReport::Member& memberOf(const std::string& name) {
-    if (const auto* member = clsReport::findMember(name)) return *member;
-    throw UsageError("there is no report \"" + name + "\"; \"quillo list\" names them all");
+// Where one report was asked for, a day that it does not look at is a mistake; common to all of them, it is not.
+void refuseDates(IReport& report, const RunRequest& request) {
+    const int takes = report.IReport_DateDisplayOptions();
+    const auto refuse = [&](const char* option, const std::string& given, bool taken) {
+        if (!given.empty() && !taken)
+            throw UsageError(request.member + " takes no " + option + ": \"quillo run " + request.member +
+                             " --help\" tells its dates");
+    };
+    refuse("--from", request.from, takes == DateDisplay::range);
+    refuse("--to", request.to, takes != DateDisplay::none);
 }
 
 // One line that follows a long run on a terminal.
@@ -84,6 +98,7 @@ public:
         try {
             job_ = std::make_unique<ReportJob>(*session_, member_, wish());
             if (job_->made() && !request_.comparable.empty()) job_->collectInto(comparable_);
+            if (job_->made() && !request_.datesAreCommon) refuseDates(job_->contract(), request_);
         } catch (const InputError& refusal) {
             throw UsageError(refusal.what());
         }
@@ -144,13 +159,17 @@ private:
             console_.complain("stopped; nothing was written");
             return ExitStatus::failures;
         }
-        const bool failed = !messages_.shown().empty(), kept = !(failed && request_.strict);
+        const bool kept = messages_.shown().empty() || !request_.strict;
         if (kept) writeComparable();
-        if (trace_) trace_->finish();
+        closeTrace();
+        const bool faulty = session_->file().database().faulty();
         letGo();
         if (!kept) console_.complain(nothingWritten);
         outlet_.deliver();
-        return failed ? ExitStatus::failures : ExitStatus::done;
+        if (faulty)
+            throw CompanyError("The company file " + request_.company +
+                               " is damaged or lacks what the report asks; \"quillo check\" tells more");
+        return messages_.shown().empty() ? ExitStatus::done : ExitStatus::failures;
     }
 
     // Those of the output's own thread are known when it has ended.
@@ -158,6 +177,16 @@ private:
         std::vector<std::string> all = messages_.shown();
         all.insert(all.end(), missing_.begin(), missing_.end());
         return all;
+    }
+
+    void closeTrace() {
+        if (!trace_) return;
+        session_->file().database().setTrace(nullptr);
+        try {
+            trace_->finish();
+        } catch (const OutputError& failure) {
+            messages_.Show(failure.what());
+        }
     }
 
     // What waits for a reader must not keep others from the company.
@@ -201,6 +230,8 @@ private:
             return job_->run(*sink, measure, options);
         } catch (const InputError& refusal) {
             throw UsageError(refusal.what());
+        } catch (const PageLimitError& limit) {
+            throw PageLimitError(limit.what() + std::string("; --max-pages allows more"));
         }
     }
 
@@ -219,6 +250,12 @@ private:
 
 }  // namespace
 
+const clsReport::Member& memberOf(const std::string& name) {
+    if (const auto* member = clsReport::findMember(name)) return *member;
+    throw UsageError("there is no report \"" + name + "\"" + didYouMean(name, memberNames()) +
+                     "; \"quillo list\" names them all");
+}
+
 std::unique_ptr<HostSession> openSession(const RunRequest& request, Messages& messages) {
     return openSession(sessionOptions(request), messages);
 }
@@ -226,7 +263,7 @@ std::unique_ptr<HostSession> openSession(const RunRequest& request, Messages& me
 int runReportCommand(const RunRequest& request, const Console& console) {
     guardOutputs(inputsOf(request.company, request.language), {request.output, request.comparable, request.traceSql});
     guardPages(request.format, request.output, {request.company, request.comparable, request.traceSql});
-    return Run(request, console).go();
+    return onCompany(request.company, [&] { return Run(request, console).go(); });
 }
 
 }  // namespace quillo::app

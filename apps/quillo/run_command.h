@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "apps/quillo/console.h"
+#include "framework/report_factory.h"
 #include "host/session/host_session.h"
 
 namespace quillo::app {
@@ -18,7 +19,8 @@ using NamedValues = std::vector<std::pair<std::string, std::string>>;
 struct RunRequest {
     std::string member;
     std::string company;
-    std::string from, to;  // ISO dates; empty: no limit
+    std::string from, to;         // ISO dates; empty: no limit
+    bool datesAreCommon = false;  // to many reports, or of a link: one that takes none may leave them
     bool foreign = false;
     std::string where, order;
     bool cancelFilter = false;
@@ -43,6 +45,9 @@ struct RunRequest {
     int maxPages = 100000;
     double resolution = 110;
 };
+
+// The report of that name. Throws UsageError that offers the nearest.
+const clsReport::Member& memberOf(const std::string& name);
 
 // The session that a request asks for. Throws UsageError for what it cannot be, CompanyError when the company cannot be
 // opened. messages must outlive it.

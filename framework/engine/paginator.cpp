@@ -68,8 +68,8 @@ std::unique_ptr<Page> Paginator::sparePage() {
 
 void Paginator::openPage(std::unique_ptr<Page> page) {
     if (pages_ >= state_.options.maxPages)
-        throw EngineError("Report " + report_.name() + " gives more than " + std::to_string(state_.options.maxPages) +
-                          " pages");
+        throw PageLimitError("Report " + report_.name() + " gives more than " +
+                             std::to_string(state_.options.maxPages) + " pages");
     current_ = std::move(page);
     current_->number = ++pages_;
     current_->setup = setup_;

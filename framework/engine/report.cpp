@@ -1,8 +1,11 @@
 #include "framework/engine/report.h"
 
+#include <cmath>
+
 #include "framework/engine/design_reader.h"
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "framework/values/nearest_name.h"
 
 namespace quillo {
 
@@ -95,6 +98,12 @@ std::vector<std::string> Report::propertyNames() const {
     return names;
 }
 
+int Report::wholeNumber(const Variant& value) {
+    if (value.toDouble() != std::floor(value.toDouble()))
+        throw ConversionError("Type mismatch: \"" + value.toText() + "\" is not a whole number");
+    return value.toInt32();
+}
+
 void Report::setProperty(std::string_view property, const Variant& value) {
     std::string names;
     for (const auto& known : properties_) {
@@ -102,7 +111,7 @@ void Report::setProperty(std::string_view property, const Variant& value) {
         names += (names.empty() ? "" : ", ") + known.name;
     }
     throw NameError(name_ + " has no property \"" + std::string(property) + "\"; " +
-                    (names.empty() ? "it has none" : "it has " + names));
+                    (names.empty() ? "it has none" : "it has " + names) + didYouMean(property, propertyNames()));
 }
 
 void Report::showFailure(std::string_view description, std::string_view procedure, int line) const {

@@ -120,11 +120,13 @@ protected:
 
     // Makes a field of the report a public property.
     void property(std::string name, std::function<void(const Variant&)> set);
+    // A key or a choice, which no text with decimals is. Throws ConversionError.
+    static int wholeNumber(const Variant& value);
     void property(std::string name, bool& target) {
         property(std::move(name), [&target](const Variant& v) { target = v.toBool(); });
     }
     void property(std::string name, int& target) {
-        property(std::move(name), [&target](const Variant& v) { target = v.toInt32(); });
+        property(std::move(name), [&target](const Variant& v) { target = wholeNumber(v); });
     }
     void property(std::string name, std::string& target) {
         property(std::move(name), [&target](const Variant& v) { target = v.toText(); });

@@ -110,7 +110,8 @@ PictureHeader readPictureHeader(Bytes file) {
 }
 
 std::vector<std::byte> loadPicture(const std::string& path) {
-    if (!std::filesystem::is_regular_file(path)) refuse(path + ": there is no such file");
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(path, ignored)) refuse(path + ": there is no such file");
     std::ifstream file(path, std::ios::binary);
     const std::string content{std::istreambuf_iterator<char>(file), {}};
     if (!file) refuse(path + " cannot be read");

@@ -1,5 +1,7 @@
 #include "host/check/books_check.h"
 
+#include "host/database/sqlite_functions.h"
+
 namespace quillo {
 namespace {
 
@@ -7,13 +9,12 @@ using Text = std::string;
 
 // SQL: an amount as whole cents.
 Text cents(const Text& amount) {
-    return "CAST(ROUND(COALESCE(" + amount + ", 0) * 100) AS INTEGER)";
+    return "quillo_cents(" + amount + ")";
 }
 
 // SQL: an amount in home currency as whole cents, half a cent away from zero. A missing rate is 1.
 Text homeOf(const Text& wholeCents, const Text& rate) {
-    const Text product = "(" + wholeCents + " * CAST(ROUND(COALESCE(" + rate + ", 1) * 1000000) AS INTEGER))";
-    return "((" + product + " + CASE WHEN " + product + " < 0 THEN -500000 ELSE 500000 END) / 1000000)";
+    return "quillo_home_cents(" + wholeCents + ", " + rate + ")";
 }
 Text home(const Text& amount, const Text& rate) {
     return homeOf(cents(amount), rate);
@@ -57,22 +58,41 @@ const Text openBalances = "(SELECT ExCurrencyId, ExchangeRate, Open FROM " + ope
 
 class Checker {
 public:
-    explicit Checker(const sqlite::Database& database) : database_(database) {}
+    explicit Checker(const sqlite::Database& database) : database_(database) {
+        sqlite::registerFunctions(database.get(), database.watch());
+    }
 
     void equal(const Text& name, const Text& leftSql, const Text& rightSql) {
-        lines_.push_back({name, amount(leftSql), amount(rightSql)});
+        add(name, [&](BooksLine& line) {
+            line.left = amount(leftSql);
+            line.right = amount(rightSql);
+        });
     }
     // Both numbers by one pass: the statement gives two columns.
     void equalPair(const Text& name, const Text& sql) {
-        sqlite::Statement statement(database_, sql);
-        statement.step();
-        lines_.push_back({name, money(statement.integer(0)), money(statement.integer(1))});
+        add(name, [&](BooksLine& line) {
+            sqlite::Statement statement(database_, sql);
+            statement.step();
+            line.left = money(statement.integer(0));
+            line.right = money(statement.integer(1));
+        });
     }
     const sqlite::Database& database() const { return database_; }
     std::vector<BooksLine> take() { return std::move(lines_); }
 
 private:
-    static Money money(std::int64_t wholeCents) { return Money::fromRaw(wholeCents * (Money::scale / 100)); }
+    // A sum that cannot be made is told in its line, and the other sums are still proved.
+    template <class Sums>
+    void add(const Text& name, Sums sums) {
+        BooksLine line{name, {}, {}, {}};
+        try {
+            sums(line);
+        } catch (const std::exception& failure) {
+            line.failure = failure.what();
+        }
+        lines_.push_back(std::move(line));
+    }
+    static Money money(std::int64_t wholeCents) { return Money::fromRaw(wholeCents) * Money::fromInteger(100); }
     Money amount(const Text& sql) {
         sqlite::Statement statement(database_, sql);
         return money(statement.step() ? statement.integer(0) : 0);

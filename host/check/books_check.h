@@ -13,7 +13,8 @@ namespace quillo {
 struct BooksLine {
     std::string name;
     Money left, right;
-    bool ok() const { return left == right; }
+    std::string failure;  // why a sum cannot be made: an amount that is none, or beyond all bounds
+    bool ok() const { return failure.empty() && left == right; }
 };
 
 // Proves a company's books by sums over its tables: each transaction and the trial balance, the

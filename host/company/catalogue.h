@@ -20,20 +20,24 @@ public:
     // All that the file has. Throws sqlite::Error.
     explicit Catalogue(const sqlite::Database& database);
 
-    // Also for row lists that are no table of the file.
-    void add(std::string table, std::vector<std::string> columns) { tables_[std::move(table)] = std::move(columns); }
     bool hasTable(std::string_view table) const { return tables_.find(table) != tables_.end(); }
     // Empty when there is no such table.
     const std::vector<std::string>& columns(std::string_view table) const;
     // The column as the table spells it; empty when there is none.
     std::string_view column(std::string_view table, std::string_view name) const;
+    // The type that a column is declared with, as its table spells both; empty for what a view reckons.
+    std::string_view type(std::string_view table, std::string_view column) const;
+    std::vector<std::string> tableNames() const;
 
 private:
+    struct Table {
+        std::vector<std::string> columns, types;
+    };
     struct Less {
         using is_transparent = void;
         bool operator()(std::string_view a, std::string_view b) const { return foldedName(a) < foldedName(b); }
     };
-    std::map<std::string, std::vector<std::string>, Less> tables_;
+    std::map<std::string, Table, Less> tables_;
 };
 
 }  // namespace quillo

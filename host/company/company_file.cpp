@@ -24,14 +24,15 @@ auto told(const std::string& path, Step step) {
     try {
         return step(refuse);
     } catch (const sqlite::Error& failure) {
-        throw refuse(std::string("cannot be read: ") + failure.what());
+        throw InputError(sqlite::inWords(failure, path));
     }
 }
 
 sqlite::Database openCompany(const std::string& path, const std::atomic<bool>* stop) {
     return told(path, [&](const auto& refuse) {
-        if (!std::filesystem::exists(path)) throw refuse("does not exist");
-        if (!std::filesystem::is_regular_file(path)) throw refuse("is not a file");
+        std::error_code ignored;
+        if (!std::filesystem::exists(path, ignored)) throw refuse("does not exist");
+        if (!std::filesystem::is_regular_file(path, ignored)) throw refuse("is not a file");
         return sqlite::Database(path, sqlite::Open::readOnly, stop);
     });
 }
@@ -62,7 +63,8 @@ CompanyFile::CompanyFile(const std::string& path, sqlite::Database database)
       database_(std::make_unique<SqliteDatabase>(std::move(database), path)) {}
 
 std::string CompanyFile::folder() const {
-    return std::filesystem::absolute(path_).parent_path().string();
+    const auto folder = std::filesystem::path(path_).parent_path();
+    return folder.empty() ? "." : folder.string();
 }
 
 std::string CompanyFile::fact(std::string_view name, std::string_view fallback) const {

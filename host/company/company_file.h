@@ -26,7 +26,7 @@ public:
     const std::string& path() const { return path_; }
     // What ends its work early.
     const std::atomic<bool>* stopFlag() const { return handle().watch().stopFlag(); }
-    // The folder in which the file lies.
+    // The folder in which the file lies, as the caller named it.
     std::string folder() const;
     SqliteDatabase& database() { return *database_; }
     const sqlite::Database& handle() const { return database_->handle(); }

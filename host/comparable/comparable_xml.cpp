@@ -1,4 +1,5 @@
 #include <cstring>
+#include <filesystem>
 #include <pugixml.hpp>
 #include <sstream>
 
@@ -65,6 +66,8 @@ std::string comparableXml(const ComparableTables& tables) {
 }
 
 ComparableTables readComparable(const std::string& path) {
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(path, ignored)) throw InputError(path + ": there is no such file");
     pugi::xml_document document;
     const pugi::xml_parse_result result = document.load_file(path.c_str());
     if (!result) throw InputError(path + ": " + result.description());

@@ -26,7 +26,7 @@ Wide partsOf(double value) {
 
 void DecimalSum::add(std::int64_t value) {
     std::int64_t sum = 0;
-    if (__builtin_add_overflow(ones_, value, &sum)) throw OverflowError("integer overflow");
+    if (__builtin_add_overflow(ones_, value, &sum)) throw OverflowError("Overflow: the sum is too large");
     ones_ = sum;
 }
 
@@ -36,7 +36,9 @@ void DecimalSum::add(double value) {
         add(static_cast<std::int64_t>(parts / partsOfOne));
         parts_ = static_cast<std::int64_t>(parts % partsOfOne);
     } else {
-        beyond_ += value;
+        const double sum = beyond_ + value;
+        if (!std::isfinite(sum)) throw OverflowError("Overflow: the sum is too large");
+        beyond_ = sum;
     }
     fractions_ = true;
 }

@@ -6,8 +6,8 @@ namespace quillo {
 
 // Adds amounts without the errors of binary fractions: 0.1 + 0.2 - 0.3 is 0. Each double counts as the
 // decimal that it stands for, to the fourth decimal when it has no more and to the tenth otherwise.
-// Values beyond a quadrillion are added as they are. Throws OverflowError when the sum leaves 64 bits, and keeps
-// what it had.
+// Values beyond a quadrillion are added as they are. Throws OverflowError when the sum leaves 64 bits, or for a value
+// that is not finite, and keeps what it had.
 class DecimalSum {
 public:
     void add(double value);

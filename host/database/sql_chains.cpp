@@ -14,10 +14,7 @@ bool isChainOperator(const Node& node) {
 bool endsChain(const Node& node) {
     if (node.isGroup()) return false;
     if (node.kind == TokenKind::symbol) return !isChainOperator(node) && !node.isSymbol(".");
-    return node.isOneOf({"SELECT", "DISTINCT", "ALL",     "AS",    "FROM",  "WHERE", "AND",  "OR",    "NOT",
-                         "ON",     "BETWEEN",  "LIKE",    "IN",    "IS",    "GROUP", "BY",   "ORDER", "HAVING",
-                         "UNION",  "WHEN",     "THEN",    "ELSE",  "ASC",   "DESC",  "JOIN", "INNER", "LEFT",
-                         "RIGHT",  "OUTER",    "COLLATE", "CROSS", "LIMIT", "ESCAPE"});
+    return isKeyword(node);
 }
 
 bool isTextType(const Node& node) {
@@ -145,6 +142,13 @@ void renameFunctions(Nodes& nodes) {
 }
 
 }  // namespace
+
+bool isKeyword(const Node& node) {
+    return node.isOneOf({"SELECT", "DISTINCT", "ALL",     "AS",    "FROM",  "WHERE", "AND",  "OR",    "NOT",
+                         "ON",     "BETWEEN",  "LIKE",    "IN",    "IS",    "GROUP", "BY",   "ORDER", "HAVING",
+                         "UNION",  "WHEN",     "THEN",    "ELSE",  "ASC",   "DESC",  "JOIN", "INNER", "LEFT",
+                         "RIGHT",  "OUTER",    "COLLATE", "CROSS", "LIMIT", "ESCAPE"});
+}
 
 void rewriteChains(Nodes& nodes) {
     for (Node& node : nodes) rewriteChains(node.children);

@@ -8,4 +8,7 @@ namespace quillo::sql {
 // list and in all groups below it.
 void rewriteChains(Nodes& nodes);
 
+// A word that ends an expression, and is no name of a column or a function.
+bool isKeyword(const Node& node);
+
 }  // namespace quillo::sql

@@ -6,6 +6,7 @@
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
 #include "host/database/sql_chains.h"
+#include "host/database/sql_numbers.h"
 #include "host/database/sql_tree.h"
 
 namespace quillo {
@@ -169,9 +170,22 @@ std::string rewriteSql(std::string_view text) {
     refuseEmptyLists(*nodes);
     refuseSecondStatement(*nodes);
     rewriteChains(*nodes);
+    guardNumbers(*nodes);
     sayIsNotNull(*nodes);
     unwrapMembers(*nodes, true);
     sortText(*nodes);
+    std::string result;
+    append(result, *nodes);
+    return result;
+}
+
+std::string guardedView(std::string_view text) {
+    auto nodes = sql::parse(text);
+    if (!nodes) return {};
+    const auto view = std::find_if(nodes->begin(), nodes->end(), [](const Node& node) { return node.is("VIEW"); });
+    if (view == nodes->end()) return {};
+    view->text = "TEMP VIEW";
+    guardNumbers(*nodes);
     std::string result;
     append(result, *nodes);
     return result;

@@ -10,6 +10,7 @@ namespace quillo {
 // never inside a literal or a quoted name:
 //   - IsNull( and LEFT( call functions of our own;
 //   - a chain of + with a text in it joins texts, a chain of & joins them and reads NULL as '';
+//   - what is added, subtracted, multiplied or divided fails when it is no number;
 //   - <> NULL asks whether there is a value, as those who wrote it meant;
 //   - the members of a union lose their parentheses;
 //   - the outer ORDER BY sorts text by the collation QUILLO, also where an expression has lost it, and
@@ -18,7 +19,11 @@ namespace quillo {
 // IN ( ) and a second statement, which SQLite would pass over, throw DatabaseError here.
 std::string rewriteSql(std::string_view text);
 
-// The same with a memory of the texts seen. Belongs to one connection.
+// A view's CREATE VIEW as a temporary view of the same name, whose arithmetic fails for what is no number. Empty when
+// it is no such text.
+std::string guardedView(std::string_view text);
+
+// rewriteSql with a memory of the texts seen. Belongs to one connection.
 class SqlRewriter {
 public:
     const std::string& rewrite(const std::string& text);  // valid until the next call

@@ -42,11 +42,26 @@ nlohmann::ordered_json jsonOf(const Variant& value) {
     return nullptr;
 }
 
+// Temporary views go before those of the file, and fail for a text among its amounts.
+void guardViews(sqlite::Database& database) {
+    std::vector<std::string> texts;
+    sqlite::Statement views(database, "SELECT sql FROM sqlite_schema WHERE type = 'view'");
+    while (views.step()) texts.push_back(guardedView(views.text(0)));
+    for (const std::string& text : texts)
+        if (!text.empty()) sqlite::Statement(database, text).run();
+}
+
 }  // namespace
 
-SqliteConnection::SqliteConnection(sqlite::Database database) : database_(std::move(database)) {
+SqliteConnection::SqliteConnection(sqlite::Database database, std::string path)
+    : path_(std::move(path)), database_(std::move(database)) {
     sqlite3* handle = database_.get();
     sqlite::registerFunctions(handle, database_.watch());
+    try {
+        guardViews(database_);
+    } catch (const sqlite::Error& failure) {
+        fail(failure);
+    }
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_set_authorizer(handle, authorize, nullptr);
 }
@@ -61,8 +76,11 @@ SqliteConnection::Limit::Limit(sqlite::Watch& watch, int seconds) : watch_(watch
     if (seconds > 0) watch_.setDeadline(sqlite::Watch::Clock::now() + std::chrono::seconds(seconds));
 }
 
-void SqliteConnection::fail(const sqlite::Error& failure) {
-    if ((failure.code & 0xFF) != SQLITE_INTERRUPT) throw DatabaseError(failure.what());
+void SqliteConnection::fail(const sqlite::Error& failure) const {
+    if ((failure.code & 0xFF) != SQLITE_INTERRUPT) {
+        faulty_ = faulty_ || sqlite::tellsOfTheFile(failure);
+        throw DatabaseError(sqlite::inWords(failure, path_));
+    }
     throw DatabaseError("The query took longer than its time limit");
 }
 

@@ -16,12 +16,14 @@ namespace quillo {
 // the report texts. Belongs to one thread; only the stop flag may be set from elsewhere.
 class SqliteConnection {
 public:
-    // The database is open for reading. Throws DatabaseError with SQLite's text.
-    explicit SqliteConnection(sqlite::Database database);
+    // The database, which lies at the path, is open for reading. Throws DatabaseError.
+    SqliteConnection(sqlite::Database database, std::string path);
     SqliteConnection(const SqliteConnection&) = delete;
     SqliteConnection& operator=(const SqliteConnection&) = delete;
 
     const sqlite::Database& database() const { return database_; }
+    // A statement found the file damaged, or without what every company has.
+    bool faulty() const { return faulty_; }
     SqlRewriter& rewriter() { return rewriter_; }
 
     // What others have written meanwhile, where the company was read from memory.
@@ -53,9 +55,11 @@ private:
         sqlite::Watch& watch_;
     };
 
-    [[noreturn]] static void fail(const sqlite::Error& failure);
+    [[noreturn]] void fail(const sqlite::Error& failure) const;
 
+    std::string path_;
     sqlite::Database database_;
+    mutable bool faulty_ = false;
     SqlRewriter rewriter_;
     std::ostream* trace_ = nullptr;
 };

@@ -51,7 +51,7 @@ sqlite::Database open(const std::string& path) {
     try {
         return {path, sqlite::Open::readOnly};
     } catch (const sqlite::Error& failure) {
-        throw DatabaseError(failure.what());
+        throw DatabaseError(sqlite::inWords(failure, path));
     }
 }
 
@@ -60,7 +60,7 @@ sqlite::Database open(const std::string& path) {
 SqliteDatabase::SqliteDatabase(const std::string& path) : SqliteDatabase(open(path), path) {}
 
 SqliteDatabase::SqliteDatabase(sqlite::Database database, const std::string& path)
-    : connection_(std::make_shared<SqliteConnection>(std::move(database))), connectionString_("SQLite;" + path) {}
+    : connection_(std::make_shared<SqliteConnection>(std::move(database), path)), connectionString_("SQLite;" + path) {}
 
 std::unique_ptr<Command> SqliteDatabase::newCommand() {
     return std::make_unique<SqliteCommand>(connection_, connectionString_);

@@ -14,7 +14,7 @@ namespace quillo {
 // A company file for reading. Commands and recordsets keep the connection alive beyond it. One thread.
 class SqliteDatabase final : public HostDatabase {
 public:
-    // Throws DatabaseError with SQLite's text.
+    // Throws DatabaseError.
     explicit SqliteDatabase(const std::string& path);
     // One that is open for reading.
     SqliteDatabase(sqlite::Database database, const std::string& path);
@@ -33,6 +33,8 @@ public:
     void setTrace(std::ostream* trace) { connection_->setTrace(trace); }
     // What a service wrote over a connection of its own is seen.
     void reread() { connection_->reread(); }
+    // A report's text found the file damaged, or without what every company has.
+    bool faulty() const { return connection_->faulty(); }
     // For the host's own questions; not traced.
     const sqlite::Database& handle() const { return connection_->database(); }
 

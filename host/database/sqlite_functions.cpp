@@ -16,6 +16,7 @@ namespace {
 
 using Context = sqlite3_context;
 using Value = sqlite3_value;
+__extension__ using Wide = __int128;
 
 bool isNull(Value* value) {
     return sqlite3_value_type(value) == SQLITE_NULL;
@@ -29,6 +30,19 @@ std::string_view textOf(Value* value) {
 
 void resultText(Context* context, std::string_view text) {
     sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+// Fails for what SQLite by itself would count as 0.
+int numberType(Value* value) {
+    const int type = sqlite3_value_numeric_type(value);
+    if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) return type;
+    if (type == SQLITE_BLOB) throw ConversionError("Type mismatch: bytes are not a number");
+    throw ConversionError("Type mismatch: \"" + std::string(textOf(value)) + "\" is not a number");
+}
+
+double numberOf(Value* value) {
+    numberType(value);
+    return sqlite3_value_double(value);
 }
 
 // No failure may leave a function that SQLite calls.
@@ -47,8 +61,42 @@ void guarded(Context* context, Body body) {
 
 void toMoney(Context* context, int, Value** values) {
     if (isNull(values[0])) return;
-    guarded(context,
-            [&] { sqlite3_result_double(context, Money::fromDouble(sqlite3_value_double(values[0])).toDouble()); });
+    guarded(context, [&] { sqlite3_result_double(context, Money::fromDouble(numberOf(values[0])).toDouble()); });
+}
+
+void toNumber(Context* context, int, Value** values) {
+    const int type = sqlite3_value_type(values[0]);
+    if (type != SQLITE_TEXT && type != SQLITE_BLOB) return sqlite3_result_value(context, values[0]);
+    guarded(context, [&] {
+        numberType(values[0]);
+        sqlite3_result_value(context, values[0]);
+    });
+}
+
+// Whole hundredths, of an amount or of a quantity.
+std::int64_t centsOf(double value) {
+    return roundAmount(value, 2).raw() / (Money::scale / 100);
+}
+
+void cents(Context* context, int, Value** values) {
+    guarded(context, [&] { sqlite3_result_int64(context, isNull(values[0]) ? 0 : centsOf(numberOf(values[0]))); });
+}
+
+// Whole cents in home currency: an amount in cents and its rate, to the sixth decimal; half a cent goes away from zero.
+// A missing rate is 1.
+void homeCents(Context* context, int, Value** values) {
+    guarded(context, [&] {
+        constexpr std::int64_t parts = 1'000'000;
+        constexpr double mostRate = 1e12;
+        if (sqlite3_value_type(values[0]) != SQLITE_INTEGER) throw OverflowError("Overflow: the amount is too large");
+        const double rate = isNull(values[1]) ? 1 : numberOf(values[1]);
+        if (!(std::fabs(rate) < mostRate)) throw OverflowError("Overflow: the exchange rate is too large");
+        const Wide product = static_cast<Wide>(sqlite3_value_int64(values[0])) * std::llround(rate * parts);
+        const Wide whole = (product + (product < 0 ? -parts : parts) / 2) / parts;
+        const auto result = static_cast<std::int64_t>(whole);
+        if (result != whole) throw OverflowError("Overflow: the amount is too large");
+        sqlite3_result_int64(context, result);
+    });
 }
 
 void toText(Context* context, int, Value** values) {
@@ -100,7 +148,7 @@ double rounded(double value, sqlite3_int64 digits) {
 void round(Context* context, int count, Value** values) {
     if (isNull(values[0]) || (count == 2 && isNull(values[1]))) return;
     const sqlite3_int64 digits = count == 2 ? sqlite3_value_int64(values[1]) : 0;
-    guarded(context, [&] { sqlite3_result_double(context, rounded(sqlite3_value_double(values[0]), digits)); });
+    guarded(context, [&] { sqlite3_result_double(context, rounded(numberOf(values[0]), digits)); });
 }
 
 // LIKE(pattern, text) is how SQLite calls text LIKE pattern; a third argument is the ESCAPE.
@@ -130,7 +178,7 @@ void sumStep(Context* context, int, Value** values) {
     }
     if (!state->any) new (state) SumState{{}, true};
     guarded(context, [&] {
-        if (sqlite3_value_numeric_type(values[0]) == SQLITE_INTEGER) {
+        if (numberType(values[0]) == SQLITE_INTEGER) {
             state->sum.add(static_cast<std::int64_t>(sqlite3_value_int64(values[0])));
         } else {
             state->sum.add(sqlite3_value_double(values[0]));
@@ -159,6 +207,9 @@ struct Function {
 constexpr Function functions[] = {
     {"CCur", 1, toMoney},
     {"CStr", 1, toText},
+    {"quillo_number", 1, toNumber},
+    {"quillo_cents", 1, cents},
+    {"quillo_home_cents", 2, homeCents},
     {"quillo_isnull", 1, isNullOrElse},
     {"quillo_isnull", 2, isNullOrElse},
     {"quillo_left", 2, left},

@@ -58,17 +58,54 @@ int flagsOf(Open mode) {
 
 }  // namespace
 
-bool Error::isLock() const {
-    return primary(code) == SQLITE_BUSY || primary(code) == SQLITE_LOCKED || code == SQLITE_PROTOCOL ||
-           code == SQLITE_READONLY_ROLLBACK;
+std::string inWords(const Error& failure, const std::string& path) {
+    const std::string file = "The company file " + path + " ";
+    switch (failure.code & 0xFF) {
+        case SQLITE_CORRUPT:
+            return file + "is damaged: what stands in it does not fit together";
+        case SQLITE_NOTADB:
+            return file + "is no company: it is not a database";
+        case SQLITE_CANTOPEN:
+            return file + "cannot be opened";
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+            return file + "may not be read";
+        case SQLITE_IOERR:
+            return file + "cannot be read: the disk or the network failed, or it is cut off";
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return file + "is being written by another program";
+        case SQLITE_READONLY:
+            return file +
+                   "was being written when a program ended, and cannot be put in order by one that only reads: open it "
+                   "once with the program that writes it";
+        case SQLITE_FULL:
+            return file + "cannot be written: the disk is full";
+        default:
+            return failure.what();
+    }
+}
+
+bool tellsOfTheFile(const Error& failure) {
+    const std::string_view text = failure.what();
+    switch (failure.code & 0xFF) {
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+        case SQLITE_CANTOPEN:
+        case SQLITE_IOERR:
+        case SQLITE_READONLY:
+            return true;
+        default:
+            return text.starts_with("no such table") || text.starts_with("no such column");
+    }
 }
 
 Database::Database(const std::string& path, Open mode, const std::atomic<bool>* stop)
-    : path_(path), watch_(std::make_unique<Watch>()) {
+    : path_(path.starts_with("file:") ? "./" + path : path), watch_(std::make_unique<Watch>()) {
     watch_->setStopFlag(stop);
     sqlite3* handle = nullptr;
     const int code =
-        sqlite3_open_v2(path.c_str(), &handle, flagsOf(mode) | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+        sqlite3_open_v2(path_.c_str(), &handle, flagsOf(mode) | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     handle_.reset(handle);
     if (code != SQLITE_OK) fail(handle, *watch_, code);
     registerCollation(handle);
@@ -177,6 +214,13 @@ void Statement::run() {
     while (step()) {
     }
     reset();
+}
+
+double Statement::real(int column) const {
+    const int type = sqlite3_column_type(get(), column);
+    if (type == SQLITE_TEXT || type == SQLITE_BLOB)
+        throw Error(SQLITE_MISMATCH, "Type mismatch: \"" + std::string(text(column)) + "\" is not a number");
+    return sqlite3_column_double(get(), column);
 }
 
 std::string_view Statement::text(int column) const {

@@ -16,10 +16,14 @@ namespace quillo::sqlite {
 
 struct Error : std::runtime_error {
     Error(int resultCode, const std::string& text) : std::runtime_error(text), code(resultCode) {}
-    // Another program keeps the file from being read or written now; nothing is wrong with it.
-    bool isLock() const;
     int code;  // SQLite's extended result code
 };
+
+// A failure in a sentence that says what is the matter with the file, where SQLite only has a term for it; else its own
+// text, which then is about a statement.
+std::string inWords(const Error& failure, const std::string& path);
+// Whether the file is to blame: damaged, unreadable, or without a table or column that was asked for.
+bool tellsOfTheFile(const Error& failure);
 
 enum class Open { readOnly, readWrite, create };
 
@@ -31,6 +35,7 @@ enum class Open { readOnly, readWrite, create };
 // out.
 class Database {
 public:
+    // The path is a file's name, also where it begins like an address ("file:...").
     Database(const std::string& path, Open mode, const std::atomic<bool>* stop = nullptr);
 
     Watch& watch() const { return *watch_; }
@@ -51,7 +56,7 @@ private:
     struct Close {
         void operator()(sqlite3* handle) const;
     };
-    std::string path_;
+    std::string path_;              // SQLite may be built to take a name such as "file:x" as an address with options
     bool inMemory_ = false;         // a copy of the file
     std::unique_ptr<Watch> watch_;  // SQLite's callbacks know its address
     std::unique_ptr<sqlite3, Close> handle_;
@@ -79,7 +84,8 @@ public:
 
     bool isNull(int column) const { return sqlite3_column_type(get(), column) == SQLITE_NULL; }
     std::int64_t integer(int column) const { return sqlite3_column_int64(get(), column); }
-    double real(int column) const { return sqlite3_column_double(get(), column); }
+    // Throws Error for a text or bytes, which SQLite would give as 0.
+    double real(int column) const;
     std::string_view text(int column) const;
 
 private:

@@ -5,6 +5,7 @@
 #include "framework/values/errors.h"
 #include "framework/values/text.h"
 #include "host/database/sql_cursor.h"
+#include "host/filter/filter_values.h"
 
 namespace quillo {
 namespace {
@@ -12,7 +13,10 @@ namespace {
 using Kind = FilterCondition::Kind;
 using sql::TokenKind;
 
-constexpr int deepest = 100;  // parentheses in parentheses
+// SQLite parses a hundred things that wait for their end, and a query puts some around the filter; an expression may be
+// a thousand deep, each AND and OR one of them.
+constexpr int deepest = 20;  // parentheses and NOTs in each other
+constexpr int mostTests = 800;
 
 FilterColumn columnAt(sql::Cursor& cursor, const FilterScope& scope) {
     const sql::Cursor start = cursor;
@@ -38,8 +42,9 @@ void refuseBars(std::string_view text, const std::string& subject) {
 
 class ConditionParser {
 public:
-    ConditionParser(std::string_view text, const std::string& subject, const FilterScope& scope)
-        : text_(text), cursor_(text, subject), scope_(scope) {}
+    ConditionParser(std::string_view text, const std::string& subject, const FilterScope& scope,
+                    const LocaleFormat& locale)
+        : text_(text), cursor_(text, subject), scope_(scope), locale_(locale) {}
 
     std::optional<FilterWhere> whole() {
         if (cursor_.atEnd()) return std::nullopt;
@@ -64,7 +69,8 @@ private:
     }
 
     FilterCondition single() {
-        if (++depth_ > deepest) cursor_.fail("the condition is nested too deep");
+        if (++depth_ > deepest + 1)
+            cursor_.fail("more than " + std::to_string(deepest) + " parentheses or NOTs in each other");
         FilterCondition condition = cursor_.take("NOT")       ? negation()
                                     : cursor_.takeSymbol("(") ? parenthesised()
                                                               : test();
@@ -86,8 +92,11 @@ private:
     }
 
     FilterCondition test() {
+        if (++tests_ > mostTests)
+            cursor_.fail("more than " + std::to_string(mostTests) + " comparisons in a condition");
         FilterCondition condition;
         condition.column = column();
+        const FilterColumn& tested = condition.column;
         if (cursor_.take("IS")) {
             condition.kind = Kind::isNull;
             condition.negated = cursor_.take("NOT");
@@ -97,59 +106,104 @@ private:
         condition.negated = cursor_.take("NOT");
         if (cursor_.take("BETWEEN")) {
             condition.kind = Kind::between;
-            condition.operands.push_back(operand());
+            condition.operands.push_back(operand(tested));
             if (!cursor_.take("AND")) cursor_.refuse("AND");
-            condition.operands.push_back(operand());
-        } else if (cursor_.take("LIKE")) {
+            condition.operands.push_back(operand(tested));
+        } else if (cursor_.peek().is("LIKE")) {
             condition.kind = Kind::like;
+            if (!areComparable(tested.kind, ColumnKind::text) && tested.kind != ColumnKind::date)
+                cursor_.fail(tested.column + " holds numbers, and LIKE looks at texts");
+            cursor_.take("LIKE");
             if (cursor_.peek().kind != TokenKind::text) cursor_.refuse("a text in single quotes");
             condition.operands.push_back(cursor_.literal());
         } else if (cursor_.take("IN")) {
             condition.kind = Kind::in;
-            readList(condition.operands);
+            readList(tested, condition.operands);
         } else {
             if (condition.negated) cursor_.refuse("BETWEEN, LIKE or IN");
+            const std::size_t start = cursor_.position();
             condition.sign = cursor_.comparisonSign();
-            condition.operands.push_back(operand());
+            condition.operands.push_back(tested.kind == ColumnKind::yesOrNo ? truth(tested, condition.sign, start)
+                                                                            : operand(tested));
         }
         return condition;
     }
 
-    void readList(std::vector<FilterOperand>& values) {
+    void readList(const FilterColumn& tested, std::vector<FilterOperand>& values) {
         if (!cursor_.takeSymbol("(")) cursor_.refuse("\"(\"");
-        do values.push_back(cursor_.literal());
+        do values.push_back(literal(tested));
         while (cursor_.takeSymbol(","));
         if (!cursor_.takeSymbol(")")) cursor_.refuse("\",\" or \")\"");
     }
 
-    FilterOperand operand() {
-        if (cursor_.startsLiteral()) return cursor_.literal();
-        if (cursor_.peek().kind != TokenKind::word) cursor_.refuse("a value or a column");
-        return column();
+    FilterOperand operand(const FilterColumn& tested) {
+        if (cursor_.startsLiteral()) return literal(tested);
+        const sql::Cursor start = cursor_;
+        if (start.peek().kind != TokenKind::word) start.refuse("a value or a column");
+        FilterColumn other = column();
+        if (!areComparable(tested.kind, other.kind))
+            start.fail(tested.sql() + " and " + other.sql() + " hold values of two kinds");
+        return other;
+    }
+
+    FilterOperand literal(const FilterColumn& tested) {
+        const std::size_t start = cursor_.position();
+        const Variant asWritten = cursor_.literal();
+        Variant value = read(tested, asWritten, start);
+        const bool same = value.kind() == asWritten.kind() && sameValue(value, asWritten);
+        if (!same) replace(start, sqlOf(value));
+        return value;
+    }
+
+    Variant read(const FilterColumn& tested, const Variant& asWritten, std::size_t start) {
+        if (auto value = valueFor(tested.kind, asWritten, takenSince(start), locale_)) return std::move(*value);
+        cursor_.moveTo(start);
+        cursor_.refuse(wantedFor(tested.kind));
+    }
+
+    // True is any number but 0, as it is on the page; only what is asked for exactly is said so.
+    FilterOperand truth(const FilterColumn& tested, const std::string& sign, std::size_t start) {
+        const bool exact = sign == "=" || sign == "<>";
+        if (!exact || !cursor_.startsLiteral()) return operand(tested);
+        const std::size_t behindSign = cursor_.position();
+        const Variant value = read(tested, cursor_.literal(), behindSign);
+        replace(start, (sign == "=") == (value.toDouble() == 0) ? "= 0" : "<> 0");
+        return value;
     }
 
     FilterColumn column() {
         const std::size_t start = cursor_.position();
         FilterColumn found = columnAt(cursor_, scope_);
-        sql_.append(text_.substr(copied_, start - copied_)).append(found.sql());
-        copied_ = start + trimmed(text_.substr(start, cursor_.position() - start)).size();
+        replace(start, found.sql());
         return found;
+    }
+
+    std::string_view takenSince(std::size_t start) const {
+        return trimmed(text_.substr(start, cursor_.position() - start));
+    }
+
+    // Puts a text in the place of what was read since start.
+    void replace(std::size_t start, std::string_view text) {
+        sql_.append(text_.substr(copied_, start - copied_)).append(text);
+        copied_ = start + takenSince(start).size();
     }
 
     std::string_view text_;
     sql::Cursor cursor_;
     const FilterScope& scope_;
-    int depth_ = 0;
+    const LocaleFormat& locale_;
+    int depth_ = 0, tests_ = 0;
     std::string sql_;         // the condition as a query takes it,
     std::size_t copied_ = 0;  // up to here in the text
 };
 
 }  // namespace
 
-std::optional<FilterWhere> parseFilterCondition(std::string_view text, const FilterScope& scope) {
+std::optional<FilterWhere> parseFilterCondition(std::string_view text, const FilterScope& scope,
+                                                const LocaleFormat& locale) {
     const std::string subject = "The filter's condition";
     refuseBars(text, subject);
-    return ConditionParser(text, subject, scope).whole();
+    return ConditionParser(text, subject, scope, locale).whole();
 }
 
 std::vector<FilterOrder> parseFilterOrder(std::string_view text, const FilterScope& scope) {

@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "framework/values/locale_format.h"
 #include "framework/values/variant.h"
 #include "host/filter/filter_scope.h"
 
@@ -12,7 +13,9 @@
 //   Name LIKE 'A%' AND (Cust.CreditLim >= 1000 OR NOT SalesPerson IS NULL) AND CustId BETWEEN 'A' AND 'M'
 // and orders
 //   Name, Cust.CustId DESC
-// over the columns of a scope. There are no functions, sub-selects, comments, quoted names or "?".
+// over the columns of a scope. A value is what its column holds: a date '2024-06-01' or as the locale writes it, an
+// amount 1000.50 or '1,000.50' as the locale writes it. There are no functions, sub-selects, comments, quoted names or
+// "?".
 namespace quillo {
 
 using FilterOperand = std::variant<Variant, FilterColumn>;
@@ -33,15 +36,17 @@ struct FilterOrder {
 };
 
 // A condition as it was understood, and as a query takes it: as it was written, but each column as
-// "Table.Column".
+// "Table.Column" and each value as its column compares it: dates in ISO form, amounts as numbers.
 struct FilterWhere {
     FilterCondition condition;
     std::string sql;
 };
 
 // Nothing for blanks alone. Throw InputError with the character at which the text is refused, and what
-// stands there. A column that the order names again sorts nothing any more and is left out.
-std::optional<FilterWhere> parseFilterCondition(std::string_view text, const FilterScope& scope);
+// stands there; also for more than the database can take. A column that the order names again sorts nothing any more
+// and is left out.
+std::optional<FilterWhere> parseFilterCondition(std::string_view text, const FilterScope& scope,
+                                                const LocaleFormat& locale);
 std::vector<FilterOrder> parseFilterOrder(std::string_view text, const FilterScope& scope);
 
 }  // namespace quillo

@@ -8,10 +8,14 @@
 
 namespace quillo {
 
+// What a column holds, and so how it compares. any: what a view reckons, which compares as the database does it.
+enum class ColumnKind { any, text, number, amount, yesOrNo, date };
+
 // A column as its table spells it.
 struct FilterColumn {
     std::string table;
     std::string column;
+    ColumnKind kind = ColumnKind::any;
 
     // "Table.Column": a query may join further tables that have a column of that name.
     std::string sql() const { return table + "." + column; }
@@ -22,7 +26,7 @@ struct FilterColumn {
 // "InvoiHdr, Cust, WorldCurrency.Descr".
 class FilterScope {
 public:
-    // Throws InputError for a table or a column that the catalogue does not have.
+    // Throws DatabaseError for a table or a column that the catalogue does not have.
     FilterScope(std::string_view list, const Catalogue& catalogue);
 
     // Finds "Table.Column", or a column that stands alone when only one table has it. Throws InputError
@@ -32,10 +36,11 @@ public:
 private:
     struct Entry {
         std::string table;
-        std::vector<std::string> columns;
+        std::vector<FilterColumn> columns;
     };
     void add(std::string_view entry, const Catalogue& catalogue);
     std::string tableNames() const;
+    std::vector<std::string> columnNames(std::string_view table) const;
     std::vector<Entry> entries_;
 };
 

@@ -29,13 +29,16 @@ void HeadlessFilterTool::GetFilter(const std::string& Tables, bool, bool, bool& 
     } catch (const InputError& refusal) {
         failure_ = refusal.what();
         Cancel = true;
+    } catch (const DatabaseError& lack) {
+        failure_ = lack.what();
+        companyLacks_ = Cancel = true;
     }
 }
 
 std::string HeadlessFilterTool::checked(const std::string& tables) {
     if (trimmed(choice_.where).empty() && trimmed(choice_.order).empty()) return {};
     const FilterScope scope(tables, catalogue_);
-    const auto where = parseFilterCondition(choice_.where, scope);
+    const auto where = parseFilterCondition(choice_.where, scope, context_.locale());
     const auto columns = parseFilterOrder(choice_.order, scope);
     info_.where = where ? conditionInWords(where->condition, context_) : "";
     info_.order = orderInWords(columns, context_);

@@ -34,6 +34,8 @@ public:
 
     // Why the choice was refused; empty when it was not.
     const std::string& failure() const { return failure_; }
+    // Not the choice is to blame, but a company without a table or column of the report's.
+    bool companyLacks() const { return companyLacks_; }
 
 private:
     std::string checked(const std::string& tables);
@@ -44,6 +46,7 @@ private:
     Deliver deliver_;
     FilterInfo info_;
     std::string failure_;
+    bool companyLacks_ = false;
 };
 
 }  // namespace quillo

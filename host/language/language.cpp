@@ -28,6 +28,8 @@ std::vector<int> keysOf(const std::unordered_map<int, std::string>& table) {
 }
 
 std::string contents(const fs::path& path) {
+    std::error_code ignored;
+    if (!fs::is_regular_file(path, ignored)) throw InputError("The language file " + path.string() + " is not a file");
     std::ifstream file(path, std::ios::binary);
     if (!file) throw InputError("The language file " + path.string() + " cannot be read");
     return {std::istreambuf_iterator<char>(file), {}};
@@ -79,7 +81,8 @@ Language Language::load(std::string_view codeOrPath, const std::vector<std::stri
     if (wanted.find('/') != std::string::npos || wanted.ends_with(".txt")) return parse(contents(wanted), wanted);
     for (const std::string& folder : folders) {
         const fs::path path = fs::path(folder) / (wanted + ".txt");
-        if (!wanted.empty() && fs::is_regular_file(path)) return parse(contents(path), path.string());
+        std::error_code ignored;
+        if (!wanted.empty() && fs::is_regular_file(path, ignored)) return parse(contents(path), path.string());
     }
     const std::string_view embedded = embeddedLanguage(wanted);
     if (embedded.empty())

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/database/sql_rewriter.h"
+
 namespace quillo {
 namespace {
 
@@ -60,7 +62,7 @@ int daysPastDue(const OpenDocument& document, Date at) {
 }
 
 std::vector<OpenDocument> openDocuments(const CompanyFile& company, Date at) {
-    sqlite::Statement rows(company.handle(), openSql);
+    sqlite::Statement rows(company.handle(), rewriteSql(openSql));
     const std::string day = at.isoText();
     rows.bind(1, day).bind(2, company.integerFact("HomeCurrencyId", 1));
     std::vector<OpenDocument> documents;

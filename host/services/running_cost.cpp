@@ -3,6 +3,12 @@
 namespace quillo {
 
 void RunningCost::move(const StockMovement& movement) {
+    RunningCost next = *this;  // a movement that is too large changes nothing
+    next.add(movement);
+    *this = next;
+}
+
+void RunningCost::add(const StockMovement& movement) {
     const Money worth = movement.value.value_or(movement.quantity * average_);
     const bool comesIn = movement.quantity > Quantity();
     if (comesIn && movement.value && (movement.bought || !last_)) last_ = worth / movement.quantity;
@@ -16,8 +22,8 @@ void RunningCost::move(const StockMovement& movement) {
 }
 
 void RunningCost::setAverage(Money average) {
-    average_ = average;
     value_ = quantity_ * average;
+    average_ = average;
 }
 
 }  // namespace quillo

@@ -20,6 +20,7 @@ struct StockMovement {
 // the cost of the units that were bought or made last (until then, of the first that came in).
 class RunningCost {
 public:
+    // Throws OverflowError, and stays as it was.
     void move(const StockMovement& movement);
     // What the company itself says that the costs are after the movement.
     void setAverage(Money average);
@@ -30,6 +31,8 @@ public:
     Money last() const { return last_.value_or(Money()); }
 
 private:
+    void add(const StockMovement& movement);
+
     Quantity quantity_;
     Money value_;
     Money average_;

@@ -1,16 +1,29 @@
 #include "host/session/host_session.h"
 
+#include <algorithm>
 #include <ctime>
 
 #include "framework/values/errors.h"
 #include "framework/values/names.h"
+#include "framework/values/text.h"
 #include "host/locale/icu_locale.h"
 
 namespace quillo {
 namespace {
 
+// Only a user may name a path: what a company names might never end.
+std::string ownLanguage(const CompanyFile& file) {
+    const std::string code = file.fact("Language", "en");
+    const bool isCode = std::all_of(code.begin(), code.end(),
+                                    [](char letter) { return isLetter(letter) || isDigit(letter) || letter == '-'; });
+    if (code.empty() || !isCode)
+        throw InputError("The company file " + file.path() + " names the language \"" + code +
+                         "\"; a language is named by its letters, as en");
+    return code;
+}
+
 Language companyLanguage(const CompanyFile& file, const std::string& asked) {
-    Language language = Language::load(asked.empty() ? file.fact("Language", "en") : asked, {file.folder()});
+    Language language = Language::load(asked.empty() ? ownLanguage(file) : asked, {file.folder()});
     for (auto& [id, text] : file.textOverrides(language.code())) language.replace(id, std::move(text));
     return language;
 }

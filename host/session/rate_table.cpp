@@ -15,7 +15,10 @@ std::shared_ptr<ExchangeRates> readRates(const std::vector<std::pair<std::string
             rate = Variant(text).toDouble();
         } catch (const ConversionError&) {
         }
-        if (!(rate > 0)) throw InputError("the rate of " + code + " is a positive number, not \"" + text + "\"");
+        constexpr double least = 1e-9, most = 1e9;
+        if (!(rate >= least && rate <= most))
+            throw InputError("the rate of " + code + " is a positive number up to a thousand million, not \"" + text +
+                             "\"");
         table->set(currency->id, rate);
     }
     return table;

@@ -187,8 +187,9 @@ RunEnd ReportJob::run(PageSink& sink, TextMeasure& measure, RunOptions options) 
     const auto asked = std::move(options.proceed);
     options.proceed = [&](const Progress& progress) { return refusal().empty() && (!asked || asked(progress)); };
     const RunEnd end = runWithNotes(*report_, session_, sink, measure, options);
-    if (!refusal().empty()) throw InputError(refusal());
-    return end;
+    if (refusal().empty()) return end;
+    if (filter_->companyLacks()) throw DatabaseError(refusal());
+    throw InputError(refusal());
 }
 
 }  // namespace quillo

@@ -58,7 +58,8 @@ public:
     ComparableTables comparableTables(const ComparableCollector& collector) const;
 
     // Runs the report; runWithNotes tells what stands behind its last page. Throws InputError when the filter was
-    // refused: then no page has left. Throws what runReport throws.
+    // refused, DatabaseError when the company lacks what it filters by: then no page has left. Throws what runReport
+    // throws.
     RunEnd run(PageSink& sink, TextMeasure& measure, RunOptions options = {});
 
 private:

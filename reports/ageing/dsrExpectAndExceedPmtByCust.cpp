@@ -52,7 +52,7 @@ dsrExpectAndExceedPmtByCust::dsrExpectAndExceedPmtByCust(HostContext& context)
                      .ownOrder = true}),
       m_schedule(context.company().paymentSchedule()) {
     property("CustId", CustId);
-    property("ReportType", [this](const Variant& type) { ReportType(type.toInt32()); });
+    property("ReportType", [this](const Variant& type) { ReportType(wholeNumber(type)); });
     onFetchData(&dsrExpectAndExceedPmtByCust::ActiveReport_FetchData);
     onFormat("ghCustomer", &dsrExpectAndExceedPmtByCust::ghCustomer_Format);
     onFormat("Detail", &dsrExpectAndExceedPmtByCust::Detail_Format);

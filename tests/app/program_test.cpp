@@ -70,20 +70,24 @@ TEST_F(Program, WritesAFileWholeAndTheSameBytesTwice) {
 TEST(AllReports, PrintOnTwoThreadsAsOneByOne) {
     const GoldenCompany company;
     const TemporaryFile folder("");
-    const std::vector<std::string> wish = {"--company",  company.path(),   "--from",     "2024-01-01", "--to",
-                                           "2024-01-31", "--session-date", "2024-02-03", "--foreign"};
-    std::vector<std::string> arguments = {"run", "--all", "-o", folder.path()};
-    arguments.insert(arguments.end(), wish.begin(), wish.end());
-    const auto outcome = program(arguments);
+    // Alone a report is given the dates that it takes, with the others all.
+    const auto printed = [&](std::vector<std::string> arguments, int dates) {
+        const std::vector<std::string> wish = {"--company", company.path(), "--session-date", "2024-02-03",
+                                               "--foreign"};
+        arguments.insert(arguments.end(), wish.begin(), wish.end());
+        if (dates == DateDisplay::range) arguments.insert(arguments.end(), {"--from", "2024-01-01"});
+        if (dates != DateDisplay::none) arguments.insert(arguments.end(), {"--to", "2024-01-31"});
+        return program(arguments);
+    };
+    const auto outcome = printed({"run", "--all", "-o", folder.path()}, DateDisplay::range);
     EXPECT_LE(outcome.status, 1) << outcome.err;
     const TemporaryFile alone(".pdf");
     std::size_t lines = 0;
     for (const char letter : outcome.out) lines += letter == '\n';
     EXPECT_EQ(lines, writtenMembers().size()) << outcome.out;
     for (const std::string& member : writtenMembers()) {
-        std::vector<std::string> one = {"run", member, "-o", alone.path()};
-        one.insert(one.end(), wish.begin(), wish.end());
-        const bool failed = program(one).status != 0;
+        const bool failed =
+            printed({"run", member, "-o", alone.path()}, traitsOf(member, company.path()).dates).status != 0;
         EXPECT_EQ(outcome.err.find(member + ":\n") != std::string::npos, failed) << member << '\n' << outcome.err;
         const std::string bytes = bytesOf(folder.path() + "/" + member + ".pdf");
         EXPECT_EQ(bytes.substr(0, 5), "%PDF-") << member;
@@ -100,7 +104,7 @@ TEST(AllReports, TellWhichFailedAndRefuseWhatOneReportAloneTakes) {
     const TemporaryFile folder("");
     const auto outcome =
         program({"run", "--all", "--company", company.path(), "-o", folder.path(), "--format", "json"});
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 3) << "the company lacks what one of them asks";
     EXPECT_NE(outcome.err.find("CustTransHistoryRepNova:\n"), std::string::npos) << outcome.err;
     EXPECT_NE(outcome.err.find("quillo: 1 of " + std::to_string(writtenMembers().size()) + " reports had failures"),
               std::string::npos)
@@ -213,6 +217,29 @@ TEST_F(Program, RefusesWhatCannotBeInOneLineAndWritesNothing) {
         {{"run", "TermList", "--company", company.path(), "--from", "2024-02-01", "--to", "2024-01-01"},
          2,
          "--from is later than --to"},
+        {{"run", "TermList", "--company", company.path(), "--to", "2024-02-01"}, 2, "TermList takes no --to"},
+        {{"run", "CustAgingGraphic", "--company", company.path(), "--from", "2024-02-01"}, 2, "takes no --from"},
+        {{"run", "OpenOrders", "--company", company.path(), "--from", ""}, 2, "--from: takes a value, not nothing"},
+        {{"run", "OpenOrders", "--company", company.path(), "--to", "0099-01-01"}, 2, "--to is a date"},
+        {{"run", "OpenOrders", "--company", company.path(), "--resolution", "nan"}, 2, "not \"nan\""},
+        {{"run", "OpenOrders", "--company", company.path(), "--set", "InvoiceType=1.5"}, 2, "not a whole number"},
+        {{"run", "OpenOrders", "--company", company.path(), "--option", "chkIncludeZroOrders=1"},
+         2,
+         "(did you mean chkIncludeZeroOrders?)"},
+        {{"run", "SalesJournalSummary", "--company", company.path(), "--segments", "1 2"}, 2, "ids joined by commas"},
+        {{"run", "SalesJournalSummary", "--company", company.path(), "--segments", "1,2,"}, 2, "ids joined by commas"},
+        {{"run", "OpnOrders", "--company", company.path()}, 2, "(did you mean OpenOrders?)"},
+        {{"run", "OpenOrders", "--compny", company.path()}, 2, "(did you mean --company?)"},
+        {{"rum", "OpenOrders"}, 2, "there is no command \"rum\" (did you mean run?)"},
+        {{"run", "OpenOrders", "--company", company.path(), "--language", "/dev/zero"}, 2, "/dev/zero is not a file"},
+        {{"run", "TermList", "--company", company.path(), "--max-pages", "0"}, 2, "--max-pages"},
+        {{"run", "TermList", "--company", company.path(), "--trace-sql", "/dev/full", "-o", "/dev/null", "--format",
+          "json"},
+         1,
+         "Cannot write /dev/full"},
+        {{"demo", "/nowhere/c.db", "--seed", "-1"}, 2, "--seed: takes a whole number"},
+        {{"compare", "/tmp", "/tmp"}, 2, "there is no such file"},
+        {{"run", "TermList", "--company", "/tmp"}, 3, "/tmp is not a file"},
         {{"run", "TermList", "--company", company.path(), "--where", "Name = 'x'"}, 2, "Name"},
         {{"run", "TermList", "--company", company.path(), "--where", "Due = 1; DROP TABLE Term"}, 2, ";"},
         {{"run", "TermList", "--company", company.path(), "--where", "Descr = 'x"}, 2, "'x"},
@@ -251,6 +278,34 @@ TEST_F(Program, RefusesWhatCannotBeInOneLineAndWritesNothing) {
     EXPECT_FALSE(std::filesystem::exists("x.xlsx") || std::filesystem::exists("x.doc"));
 }
 
+TEST_F(Program, ACompanyNamesNoPathAsItsLanguage) {
+    for (const char* language : {"/dev/zero", "../fr", "", "./ids.txt"}) {
+        sqlite::Database(company.path(), sqlite::Open::readWrite)
+            .execute(std::string("UPDATE CompanyFact SET Value = '") + language + "' WHERE Name = 'Language'");
+        EXPECT_EQ(run({}).status, 3) << language;
+        EXPECT_EQ(run({"--language", "fr"}).status, 0);
+    }
+}
+
+TEST_F(Program, ATerminalIsNotCommandedByACompany) {
+    sqlite::Database database(company.path(), sqlite::Open::readWrite);
+    database.execute(
+        "CREATE TABLE \"\x1B[2J\" (a); DROP TABLE Country; UPDATE CompanyFact SET Value = 'x\u202E\x1B[31m' "
+        "WHERE Name = 'HomeCurrencyId'");
+    for (const auto& outcome : {run({}), program({"check", company.path()}), run({"--from", "\x1B[2J"})}) {
+        EXPECT_NE(outcome.status, 0);
+        EXPECT_EQ((outcome.out + outcome.err).find_first_of("\x1B\x07\x7F"), std::string::npos) << outcome.err;
+        EXPECT_EQ(outcome.err.find("\u202E"), std::string::npos) << outcome.err;
+    }
+}
+
+TEST_F(Program, TakesANameForAName) {
+    std::filesystem::copy_file(company.path(), "file:words-test.db");
+    EXPECT_EQ(program({"check", "file:words-test.db"}).status, 0);
+    EXPECT_EQ(program({"check", "file:words-test.db?mode=memory"}).status, 3);
+    std::filesystem::remove("file:words-test.db");
+}
+
 TEST_F(Program, MakesADemoCompanyWhoseWordsAreFrench) {
     const TemporaryFile french;
     ASSERT_EQ(program({"demo", french.path(), "--language", "fr"}).status, 0);
@@ -261,10 +316,24 @@ TEST_F(Program, MakesADemoCompanyWhoseWordsAreFrench) {
 }
 
 TEST_F(Program, ShowsFailuresAndEndsWithStatusOne) {
+    const TestCompany wrong(
+        "INSERT INTO Cust (InCustId, CustId) VALUES (1, 'A'); INSERT INTO InvoiHdr (InInvoiId, "
+        "InvoiType, ExCustId, InvoiDate, RecDate, TotAmnt) VALUES (1, 51, 1, '2024-01-01', "
+        "'2024-01-01', 'much')");
+    const auto outcome = program({"run", "OpenOrders", "--company", wrong.path()});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err.find("quillo: Type mismatch: \"much\" is not a number in Quillo.dsrOpenOrders."), 0U)
+        << outcome.err;
+}
+
+TEST_F(Program, EndsWithStatusThreeWhereTheCompanyIsToBlame) {
     sqlite::Database database(company.path(), sqlite::Open::readWrite);
     database.execute("ALTER TABLE Term DROP COLUMN Due");
     const auto outcome = run({"--format", "json"});
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_NE(outcome.err.find("The company file " + company.path() + " is damaged or lacks what the report asks"),
+              std::string::npos)
+        << outcome.err;
     EXPECT_NE(outcome.err.find("no such column: Due in Quillo.dsrTermList.ActiveReport_ReportStart at line"),
               std::string::npos)
         << outcome.err;
@@ -287,14 +356,14 @@ TEST_F(Program, WritesAReportWithFailuresUnlessItIsStrict) {
                                               all ? folder.path() : path};
         arguments.insert(arguments.begin(), {"run", all ? "--all" : "TermList"});
         const auto strict = program(arguments);
-        EXPECT_EQ(strict.status, 1);
+        EXPECT_EQ(strict.status, 3);
         EXPECT_NE(strict.err.find("quillo: nothing was written, since the report has failures\n"), std::string::npos)
             << strict.err;
         EXPECT_EQ(bytesOf(path), "before");
     }
     EXPECT_TRUE(std::filesystem::exists(folder.path() + "/CustList.pdf")) << "what has no failures is written";
     EXPECT_EQ(run({"--strict", "--format", "json"}).out, "");
-    EXPECT_EQ(run({"-o", folder.path() + "/a.pdf"}).status, 1);
+    EXPECT_EQ(run({"-o", folder.path() + "/a.pdf"}).status, 3);
     EXPECT_TRUE(bytesOf(folder.path() + "/a.pdf").starts_with("%PDF-"));
     std::filesystem::remove_all(folder.path());
 }

@@ -47,6 +47,48 @@ TEST(CompanyCheck, TellsWhatAFileLacks) {
               (Lines{"TextOverride has a text in en without a number", "TextOverride words the text 5 in fr 2 times"}));
 }
 
+TEST(CompanyCheck, CountsValuesThatAreNotOfTheirColumn) {
+    const test::DemoFile demo;
+    Database company(demo.path(), Open::readWrite);
+    company.execute(
+        "PRAGMA ignore_check_constraints = ON; UPDATE PmtDet SET PmtAmnt = 'x' WHERE InPmtDetId IN (41, 40);"
+        "UPDATE Cust SET CreditLim = x'01', Name = x'02' WHERE InCustId = 3;"
+        "UPDATE ProjInfo SET BegDate = '2024-2-1' WHERE InProjId = 1");
+    auto lacks = checkCompany(Database(demo.path(), Open::readOnly));
+    std::ranges::sort(lacks);
+    EXPECT_EQ(lacks,
+              (std::vector<std::string>{"column Cust.CreditLim: 1 value is not an amount; the first at InCustId 3",
+                                        "column Cust.Name: 1 value is not a text; the first at InCustId 3",
+                                        "column PmtDet.PmtAmnt: 2 values are not an amount; the first at "
+                                        "InPmtDetId 40",
+                                        "column ProjInfo.BegDate: 1 value is not a date; the first at InProjId "
+                                        "1"}));
+}
+
+TEST(CompanyCheck, AnIndexThatLostItsRowsIsToldInWords) {
+    const test::DemoFile demo;
+    Database company(demo.path(), Open::readWrite);
+    company.execute(
+        "CREATE INDEX Lost ON Cust (Tel1); PRAGMA writable_schema = ON; "
+        "UPDATE sqlite_schema SET sql = 'CREATE INDEX Lost ON Cust (Tel2)' WHERE name = 'Lost'");
+    const auto lacks = checkCompany(Database(demo.path(), Open::readOnly));
+    ASSERT_FALSE(lacks.empty());
+    EXPECT_EQ(lacks[0].find("an index does not agree with its table, and reports may miss rows"), 0U) << lacks[0];
+}
+
+TEST(BooksCheck, TellsASumThatCannotBeMade) {
+    const test::DemoFile demo;
+    Database company(demo.path(), Open::readWrite);
+    company.execute("UPDATE GLDet SET DetAmnt = 9e14; UPDATE PmtDet SET PmtDisc = 'x' WHERE InPmtDetId = 40");
+    const auto lines = checkBooks(company);
+    const auto failureOf = [&](const char* name) {
+        return std::ranges::find(lines, std::string(name), &BooksLine::name)->failure;
+    };
+    EXPECT_EQ(failureOf("Trial balance: debits; credits"), "Overflow: the sum is too large");
+    EXPECT_EQ(failureOf("Payments: discounts; lines"), "Type mismatch: \"x\" is not a number");
+    EXPECT_EQ(failureOf("Documents: net amounts; lines"), "");
+}
+
 TEST(CompanyCheck, NamesAFileThatIsNoCompany) {
     const test::TemporaryFile empty, text, half;
     const test::DemoFile whole;

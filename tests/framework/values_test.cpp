@@ -7,6 +7,8 @@
 #include "framework/values/errors.h"
 #include "framework/values/locale_format.h"
 #include "framework/values/names.h"
+#include "framework/values/nearest_name.h"
+#include "framework/values/printable.h"
 
 namespace quillo {
 namespace {
@@ -245,6 +247,28 @@ TEST(DrillTags, CarryTheKeyAndNothingElse) {
     EXPECT_EQ(webTag("example.com"), "http://example.com");
     EXPECT_EQ(webTag(""), "http://");
     EXPECT_EQ(mailTag(""), "mailto:");
+    for (const char* address : {"javascript:alert(1)", " JavaScript:x", "a@b.ca\r\nBcc: c@d.ca", "a@b.ca%0D%0ABcc:c",
+                                "example.com/\xE2\x80\xAE"
+                                "fdp",
+                                "example.com\x1B[2J"}) {
+        EXPECT_EQ(webTag(address), "") << address;
+        EXPECT_EQ(mailTag(address), "") << address;
+    }
+}
+
+TEST(Printable, LetsNoTerminalBeCommanded) {
+    EXPECT_EQ(printable("Élan 1\u202F000\u00A0$\n\ttwo"), "Élan 1\u202F000\u00A0$  two");
+    for (const char* control : {"\x1B", "\x7F", "\u009B", "\x9B", "\u202E", "\u2066", "\x07", "\u2028"})
+        EXPECT_EQ(printable(std::string("a") + control + "b"), "a\uFFFDb");
+}
+
+TEST(NearestNames, AreOfferedToSlipsOfTheFingerAlone) {
+    const std::vector<std::string> names = {"run", "CustList", "CustListShipAddr", "InvoiDate"};
+    EXPECT_EQ(nearestName("custlst", names), "CustList");
+    EXPECT_EQ(nearestName("rnu", names), "run");
+    EXPECT_EQ(nearestName("InvoiceDate", names), "InvoiDate");
+    EXPECT_EQ(nearestName("Salary", names), "");
+    EXPECT_EQ(nearestName(std::string(100000, 'x'), names), "");
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ TEST(CompanyFile, FilesThatAreNoCompany) {
     EXPECT_EQ(failureOf("/tmp"), "The company file F is not a file");
     const test::TemporaryFile text(".txt");
     text.write(std::string(5000, 'x'));
-    EXPECT_EQ(failureOf(text.path()), "The company file F cannot be read: file is not a database");
+    EXPECT_EQ(failureOf(text.path()), "The company file F is no company: it is not a database");
     const test::TemporaryFile empty;
     empty.write("");
     EXPECT_EQ(failureOf(empty.path()), "The company file F is not a company: it has no table CompanyFact");
@@ -74,7 +74,7 @@ TEST(CompanyFile, FilesThatAreNoCompany) {
     EXPECT_EQ(failureOf(lacking.path()), "The company file F lacks the table Setting");
     const test::TestCompany truncated;
     std::filesystem::resize_file(truncated.path(), std::filesystem::file_size(truncated.path()) / 2);
-    EXPECT_EQ(failureOf(truncated.path()), "The company file F cannot be read: database disk image is malformed");
+    EXPECT_EQ(failureOf(truncated.path()), "The company file F is damaged: what stands in it does not fit together");
 }
 
 // A company that was cut off while it was made, behind each statement up to its facts.

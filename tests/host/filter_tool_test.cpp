@@ -38,8 +38,8 @@ protected:
 TEST_F(FilterToolTest, DeliversWhatTheUserAskedFor) {
     EXPECT_EQ(filter({.where = " CustId = 'A' ", .order = " Name DESC "}), "Cust.CustId = 'A'|Cust.Name DESC");
     EXPECT_EQ(filter({.where = "cust . custid = 'A'"}), "Cust.CustId = 'A'|");
-    EXPECT_EQ(filter({.where = "NOT (Name LIKE 'O''H%'  or CreditLim >= 1000.50) and InvoiDate = Name"}),
-              "NOT (Cust.Name LIKE 'O''H%'  or Cust.CreditLim >= 1000.50) and InvoiHdr.InvoiDate = Cust.Name|")
+    EXPECT_EQ(filter({.where = "NOT (Name LIKE 'O''H%'  or CreditLim >= 1000.50) and InvoiDate = ShipDate"}),
+              "NOT (Cust.Name LIKE 'O''H%'  or Cust.CreditLim >= 1000.50) and InvoiHdr.InvoiDate = InvoiHdr.ShipDate|")
         << "values and all else as they were written";
     EXPECT_EQ(filter({.order = "Name"}), "|Cust.Name");
     EXPECT_EQ(filter({.order = "Name,CUSTID desc, Cust.Name DESC"}), "|Cust.Name, Cust.CustId DESC")
@@ -67,6 +67,38 @@ TEST_F(FilterToolTest, AcceptsConditionsThatTheDatabaseRuns) {
     EXPECT_EQ(filter({.order = "Category_Sub.Descr ASC, Category.Descr"},
                      "Item, Category.Descr, Category_Sub.Descr AS Category_SubDescr "),
               "|Category_Sub.Descr, Category.Descr");
+}
+
+TEST_F(FilterToolTest, AValueIsWhatItsColumnHolds) {
+    const struct {
+        const char* where;
+        const char* delivered;  // or the refusal
+    } cases[] = {
+        {"InvoiDate >= '2024-6-1'", "InvoiHdr.InvoiDate >= '2024-06-01'|"},
+        {"InvoiDate IN ('2024-06-01', ' 2024-12-9 ')", "InvoiHdr.InvoiDate IN ('2024-06-01', '2024-12-09')|"},
+        {"InvoiDate >= '2024-02-30'", "character 14: a date such as '2024-12-31' is expected at \"'2024-02-30'\""},
+        {"InvoiDate >= 'abc'", "character 14: a date such as"},
+        {"InvoiDate BETWEEN '2024-01-01' AND '20240601'", "character 36: a date such as"},
+        {"InvoiDate >= 20240601", "character 14: a date such as"},
+        {"InvoiDate >= '06/01/2024'", "character 14: a date such as"},
+        {"InvoiDate LIKE '2024-06-%'", "InvoiHdr.InvoiDate LIKE '2024-06-%'|"},
+        {"CreditLim >= '1,000.50' AND CreditLim <> '-7'", "Cust.CreditLim >= 1000.5 AND Cust.CreditLim <> -7|"},
+        {"CreditLim >= '1.000,50'", "character 14: an amount such as 1000.50 is expected"},
+        {"CreditLim LIKE '1%'", "character 11: CreditLim holds numbers, and LIKE looks at texts"},
+        {"InCustId = '12' OR ExchangeRate < '1,35'", "character 35: a number is expected"},
+        {"CustId = 007", "Cust.CustId = '007'|"},
+        {"ToApprove = -1 AND CustInactive <> '1'", "InvoiHdr.ToApprove <> 0 AND Cust.CustInactive = 0|"},
+        {"InvoiDate = Cust.Name", "character 13: InvoiHdr.InvoiDate and Cust.Name hold values of two kinds"},
+        {"InvoDate = '2024-06-01'", "WorldCurrency (did you mean InvoiDate?)"},
+    };
+    for (const auto& one : cases)
+        EXPECT_NE(filter({.where = one.where}).find(one.delivered), std::string::npos) << one.where << "\n"
+                                                                                       << filter({.where = one.where});
+    SessionOptions options;
+    options.locale = "en_US";
+    test::TestSession american("", options);
+    EXPECT_EQ(filter({.where = "InvoiDate >= '6/1/2024'"}, "InvoiHdr", *american),
+              "InvoiHdr.InvoiDate >= '2024-06-01'|");
 }
 
 TEST_F(FilterToolTest, RefusesEverythingElseWithItsPlace) {
@@ -115,7 +147,11 @@ TEST_F(FilterToolTest, RefusesEverythingElseWithItsPlace) {
             << refusal;
     }
     const std::string deep = std::string(100000, '(') + "Name = 'x'";
-    EXPECT_NE(filter({.where = deep}).find("nested too deep"), std::string::npos);
+    EXPECT_NE(filter({.where = deep}).find("character 22: more than 20 parentheses or NOTs"), std::string::npos);
+    std::string wide = "Name = 'x'";
+    for (int i = 0; i < 800; ++i) wide += " OR Name = 'x'";
+    EXPECT_NE(filter({.where = wide}).find("character 11201: more than 800 comparisons"), std::string::npos)
+        << filter({.where = wide});
     for (const char* order : {"Name,", ",Name", "Name DOWN", "Name; DROP TABLE Cust", "1", "Name DESC ASC", "(Name)",
                               "LEN(Name)", "Name|CustId", "Name COLLATE BINARY", "'Name'", "Supp.Name"})
         EXPECT_NE(filter({.order = order}).find("The filter's order, character "), std::string::npos) << order;

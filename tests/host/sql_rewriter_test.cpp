@@ -26,17 +26,21 @@ TEST(Rewriter, JoinsTextsAndLeavesSumsAlone) {
     expectRewritten(
         {Rewriting{"SELECT A + ' - ' + B AS X FROM T", "SELECT A || ' - ' || B AS X FROM T"},
          Rewriting{"SELECT (C.Code + ' - ' + C.Descr) as X, A + B FROM T",
-                   "SELECT (C.Code || ' - ' || C.Descr) as X, A + B FROM T"},
+                   "SELECT (C.Code || ' - ' || C.Descr) as X, quillo_number(A) + quillo_number(B) FROM T"},
          Rewriting{"SELECT (A + 'x') + B FROM T", "SELECT (A || 'x') || B FROM T"},
          Rewriting{"SELECT Id + ': ' + CAST(D AS varchar) FROM T", "SELECT Id || ': ' || CAST(D AS varchar) FROM T"},
          Rewriting{"SELECT Id + CAST(D AS varchar(30)) FROM T", "SELECT Id || CAST(D AS varchar(30)) FROM T"},
-         Rewriting{"SELECT Id + CAST(D AS int), COALESCE(A, 0) + B FROM T", nullptr},
+         Rewriting{"SELECT Id + CAST(D AS int), COALESCE(A, 0) + T.B FROM T",
+                   "SELECT quillo_number(Id) + quillo_number(CAST(D AS int)), quillo_number(COALESCE(A, 0)) + "
+                   "quillo_number(T.B) FROM T"},
          Rewriting{"SELECT COALESCE(A, '') + B, CASE WHEN A = 'x' THEN 1 ELSE 2 END + 3 FROM T",
-                   "SELECT COALESCE(A, '') || B, CASE WHEN A = 'x' THEN 1 ELSE 2 END + 3 FROM T"},
+                   "SELECT COALESCE(A, '') || B, quillo_number(CASE WHEN A = 'x' THEN 1 ELSE 2 END) + 3 FROM T"},
          Rewriting{"SELECT CASE WHEN A = 1 THEN 'x' ELSE B END + C FROM T",
                    "SELECT CASE WHEN A = 1 THEN 'x' ELSE B END || C FROM T"},
-         Rewriting{"SELECT A FROM T WHERE A = 'x' AND B + C > 1 OR D IN ('y', 'z')", nullptr},
-         Rewriting{"SELECT -A + B, A - +B FROM T", nullptr},
+         Rewriting{"SELECT A FROM T WHERE A = 'x' AND B + C > 1 OR D IN ('y', 'z')",
+                   "SELECT A FROM T WHERE A = 'x' AND quillo_number(B) + quillo_number(C) > 1 OR D IN ('y', 'z')"},
+         Rewriting{"SELECT -A + B, A - +B FROM T",
+                   "SELECT -quillo_number(A) + quillo_number(B), quillo_number(A) - +quillo_number(B) FROM T"},
          Rewriting{"SELECT A & ' - ' & B AS X FROM T", "SELECT quillo_join(A , ' - ' , B) AS X FROM T"},
          Rewriting{"SELECT (A & B + 'x' & C) FROM T", "SELECT (quillo_join(A , B || 'x' , C)) FROM T"},
          Rewriting{"SELECT T.A&T.B, (F(A & B) & C) FROM T",
@@ -162,8 +166,21 @@ TEST(Rewriter, TextsRunAsOnTheServers) {
     for (const Case& one : cases) EXPECT_EQ(run(one.text), one.rows) << one.text << "\n" << rewriteSql(one.text);
 }
 
+// SQLite counts each of them as 0.
+TEST(Rewriter, WhatIsNoNumberIsNotReckonedWith) {
+    for (const char* sum : {"SUM(V)", "SUM(1 - V)", "SUM(Round(D.V * 2, 2))", "-V", "Round(V, 2)", "CCur(V)",
+                            "1 / D . V", "IIF(V = 1, 0, V) + 1", "2 * CASE WHEN 1 THEN V END", "(V) * (2 - V)"}) {
+        for (const char* value : {"'abc'", "x'3132'"})
+            EXPECT_THROW(run(std::string("SELECT ") + sum + " FROM (SELECT " + value + " AS V) AS D"), sqlite::Error)
+                << sum << " of " << value;
+        EXPECT_NO_THROW(run(std::string("SELECT ") + sum + " FROM (SELECT 2 AS V UNION ALL SELECT NULL) AS D")) << sum;
+    }
+    EXPECT_EQ(run("SELECT COUNT(*), D.* FROM (SELECT 'abc' AS V) AS D"), "1");
+}
+
 TEST(Rewriter, ASumThatOverflowsIsAnError) {
     EXPECT_THROW(run("SELECT SUM(X) FROM (SELECT 9223372036854775807 AS X UNION ALL SELECT 1)"), sqlite::Error);
+    EXPECT_THROW(run("SELECT SUM(X) FROM (SELECT 1e308 AS X UNION ALL SELECT 1e308)"), sqlite::Error);
     EXPECT_THROW(run("SELECT CCur(1e300)"), sqlite::Error);
     EXPECT_THROW(run("SELECT LEFT('a', -1)"), sqlite::Error);
 }

@@ -369,6 +369,7 @@ TEST(DecimalSums, WhatOverflowsKeepsItsSum) {
     sum.add(std::numeric_limits<std::int64_t>::max());
     EXPECT_THROW(sum.add(std::int64_t{1}), OverflowError);
     EXPECT_THROW(sum.add(1.5), OverflowError);
+    EXPECT_THROW(sum.add(std::numeric_limits<double>::infinity()), OverflowError);
     EXPECT_EQ(sum.integer(), std::numeric_limits<std::int64_t>::max());
     EXPECT_TRUE(sum.onlyIntegers());
 }

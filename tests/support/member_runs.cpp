@@ -55,6 +55,7 @@ MemberTraits traitsOf(std::string_view member, const std::string& company) {
     if (auto* contract = dynamic_cast<IReport*>(report.get())) {
         contract->IReport_Application(session);
         contract->IReport_Initialize();
+        traits.dates = contract->IReport_DateDisplayOptions();
         traits.currency = contract->IReport_UseCurrency();
     }
     if (const auto* filterable = dynamic_cast<FilterableReport*>(report.get()))

@@ -50,6 +50,7 @@ inline std::vector<std::string> writtenMembers() {
 struct MemberTraits {
     std::string filterTables;
     bool segments = false, currency = false;
+    int dates = 0;      // that it takes: one of DateDisplay
     bool rows = false;  // it reads rows of the company; a letter has none
 };
 
