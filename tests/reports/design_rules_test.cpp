@@ -85,7 +85,8 @@ const Section* captionsOf(const Report& report) {
 }
 
 TEST_P(DesignRules, ARuleStandsUnderTheCaptions) {
-    if (report().dataControl() == nullptr) GTEST_SKIP() << "a letter or a graph has no columns";
+    const bool fedByHand = GetParam()->name == "ConsumedStatisticsByPeriod";
+    if (report().dataControl() == nullptr && !fedByHand) GTEST_SKIP() << "a letter or a graph has no columns";
     const Section* header = captionsOf(report());
     ASSERT_NE(header, nullptr) << "no captions";
     const float bottom = captionsBottom(*header);
