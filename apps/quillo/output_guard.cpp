@@ -34,9 +34,12 @@ std::vector<std::string> namesOf(const std::string& input) {
 // The file that a database would keep under this name beside itself; empty for any other.
 std::string databaseOf(const std::string& path) {
     const std::string written = writtenPath(path);
-    for (const std::string_view ending : sideEndings)
-        if (written.ends_with(ending) && fs::is_regular_file(written.substr(0, written.size() - ending.size())))
-            return written.substr(0, written.size() - ending.size());
+    for (const std::string_view ending : sideEndings) {
+        if (!written.ends_with(ending)) continue;
+        std::string database = written.substr(0, written.size() - ending.size());
+        std::error_code ignored;
+        if (fs::is_regular_file(database, ignored)) return database;
+    }
     return "";
 }
 

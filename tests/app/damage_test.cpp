@@ -1,23 +1,11 @@
 #include <fstream>
-#include <sstream>
 
-#include "apps/quillo/program.h"
+#include "tests/app/program_run.h"
 #include "tests/support/dice.h"
 #include "tests/support/member_runs.h"
 
 namespace quillo::test {
 namespace {
-
-struct Outcome {
-    int status;
-    std::string out, err;
-};
-
-Outcome program(const std::vector<std::string>& arguments) {
-    std::ostringstream out, err;
-    const int status = app::runProgram(arguments, app::Console{out, err});
-    return {status, out.str(), err.str()};
-}
 
 bool hasControl(const std::string& lines) {
     return std::any_of(lines.begin(), lines.end(),

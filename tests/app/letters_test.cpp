@@ -1,25 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <sstream>
 
-#include "apps/quillo/program.h"
+#include "tests/app/program_run.h"
 #include "tests/host/test_company.h"
 #include "tests/output/output_files.h"
 
 namespace quillo::test {
 namespace {
-
-struct Outcome {
-    int status;
-    std::string out, err;
-};
-
-Outcome program(const std::vector<std::string>& arguments) {
-    std::ostringstream out, err;
-    const int status = app::runProgram(arguments, app::Console{out, err});
-    return {status, out.str(), err.str()};
-}
 
 // Two customers with the same code but for what a file's name cannot hold, one of them with documents over two pages.
 std::string trade() {

@@ -3,26 +3,13 @@
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
-#include "apps/quillo/program.h"
+#include "tests/app/program_run.h"
 #include "tests/host/test_company.h"
 #include "tests/support/member_runs.h"
 
 namespace quillo::test {
 namespace {
-
-struct Outcome {
-    int status;
-    std::string out, err;
-};
-
-Outcome program(std::vector<std::string> arguments) {
-    std::ostringstream out, err;
-    const app::Console console{out, err};
-    const int status = app::runProgram(arguments, console);
-    return {status, out.str(), err.str()};
-}
 
 std::string bytesOf(const std::string& path) {
     std::ifstream input(path, std::ios::binary);

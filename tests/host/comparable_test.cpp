@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <sstream>
 
-#include "apps/quillo/program.h"
 #include "framework/values/errors.h"
 #include "host/comparable/comparable_tables.h"
+#include "tests/app/program_run.h"
 #include "tests/host/temporary_file.h"
 
 namespace quillo::test {
@@ -88,16 +87,9 @@ TEST(ComparableTables, AreComparedAsAmountsWhateverTheirLocale) {
     EXPECT_THROW(compareTables(left, right), InputError);
 }
 
-struct Outcome {
-    int status;
-    std::string out, err;
-};
-
 Outcome compare(std::vector<std::string> arguments) {
-    std::ostringstream out, err;
     arguments.insert(arguments.begin(), "compare");
-    const int status = app::runProgram(arguments, {out, err});
-    return {status, out.str(), err.str()};
+    return program(arguments);
 }
 
 TEST(CompareCommand, ShowsTwoRunsSideBySideOrWritesCsv) {

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
-#include <sstream>
 
-#include "apps/quillo/program.h"
 #include "framework/values/errors.h"
 #include "host/drill/drill_target.h"
+#include "tests/app/program_run.h"
 #include "tests/host/test_company.h"
 
 namespace quillo::test {
@@ -102,17 +101,10 @@ constexpr const char* sale = R"(
     INSERT INTO PmtHdr (InPmtId, PmtDate, ChqNo, ExPmtMethId, PmtTotAmnt) VALUES (30, '2024-03-20', '4501', 2, 400);
     INSERT INTO PmtDet (InPmtDetId, ExPmtId, ExInvoiId, PmtAmnt, PmtDisc) VALUES (1, 30, 70, 400, 0))";
 
-struct Outcome {
-    int status;
-    std::string out, err;
-};
-
 Outcome drill(const TestCompany& company, std::vector<std::string> arguments) {
-    std::ostringstream out, err;
     arguments.insert(arguments.begin(), "drill");
     for (const char* more : {"--company", company.path().c_str(), "--language", "ids"}) arguments.emplace_back(more);
-    const int status = app::runProgram(arguments, {out, err});
-    return {status, out.str(), err.str()};
+    return program(arguments);
 }
 
 // The texts of a card, a line each, their parts joined by bars.
