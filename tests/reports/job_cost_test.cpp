@@ -145,6 +145,13 @@ TEST(JobCost, ProjectAndPartyAreNamedAgainOnThePagesThatTheyGoOnTo) {
     EXPECT_GT(result.texts("lblContinuedProject").size(), 1U);
     EXPECT_EQ(last(pairs(result, "txtBalance", "CT1")), "251.00 DT");
     EXPECT_EQ(result.only("lblEnd"), "3 #5861") << "a head that stands again counts once";
+    constexpr float forwardTop = 330;
+    for (const auto& page : result.kept.pages)
+        for (const PlacedSection& section : page->sections)
+            for (const PlacedControl& control : section.controls)
+                if (section.repeat && section.info->kind == SectionKind::groupHeader) {
+                    EXPECT_LT(control.top, forwardTop) << control.info->name << " of the balance brought forward";
+                }
 }
 
 TEST(JobCost, SegmentsAndTheUsersFilterNarrowThePostings) {
